@@ -1,0 +1,31 @@
+# The install tree: headers in the shape of the source tree, the libraries, and a package for find_package(zor).
+
+include(CMakePackageConfigHelpers)
+
+set(packageFolder ${CMAKE_INSTALL_LIBDIR}/cmake/zor)
+set(exported framework zor)
+if(WIN32)
+    list(APPEND exported zor_manifest)
+endif()
+
+foreach(room IN ITEMS framework ${ZOR_LIBRARY_ROOMS})
+    if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${room})
+        install(DIRECTORY ${room} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor FILES_MATCHING PATTERN "*.h")
+    endif()
+endforeach()
+if(EXISTS ${PROJECT_SOURCE_DIR}/zor.h)
+    install(FILES zor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor)
+endif()
+install(TARGETS ${exported} EXPORT zorTargets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(EXPORT zorTargets NAMESPACE zor:: DESTINATION ${packageFolder})
+if(WIN32)
+    install(FILES cmake/zor.manifest cmake/zor_manifest.rc DESTINATION ${packageFolder})
+endif()
+
+configure_package_config_file(cmake/zorConfig.cmake.in ${PROJECT_BINARY_DIR}/zorConfig.cmake
+    INSTALL_DESTINATION ${packageFolder})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/zorConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/zorConfig.cmake ${PROJECT_BINARY_DIR}/zorConfigVersion.cmake
+    DESTINATION ${packageFolder})

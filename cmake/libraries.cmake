@@ -1,0 +1,92 @@
+# The two static libraries. On Windows they hold everything; elsewhere the portable rooms alone.
+
+set(ZOR_LIBRARY_ROOMS foundation controls numeric datetime lists data buttons)
+
+# Sources of the given rooms; without Windows only those of portable rooms and the rules files of the others.
+function(zor_collect_sources result)
+    set(found)
+    foreach(room IN LISTS ARGN)
+        if(WIN32 OR room MATCHES "^framework/(system|db)$")
+            set(pattern "*.cpp")
+        else()
+            set(pattern "*_rules.cpp")
+        endif()
+        file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${room}/${pattern}")
+        list(APPEND found ${sources})
+    endforeach()
+    set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# A static library of the given sources, found by includes that start at the root of the tree.
+function(zor_add_library name)
+    if(ARGN)
+        add_library(${name} STATIC ${ARGN})
+        set(scope PUBLIC)
+        zor_set_warnings(${name})
+    else()
+        add_library(${name} INTERFACE)
+        set(scope INTERFACE)
+    endif()
+    add_library(zor::${name} ALIAS ${name})
+    target_include_directories(${name} ${scope}
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/zor>)
+    target_compile_features(${name} ${scope} cxx_std_20)
+    if(WIN32)
+        target_compile_definitions(${name} ${scope}
+            UNICODE _UNICODE NOMINMAX STRICT WIN32_LEAN_AND_MEAN WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+    endif()
+    if(MSVC)
+        target_compile_options(${name} ${scope} /utf-8 /EHsc /bigobj)
+    elseif(WIN32)
+        target_compile_options(${name} ${scope} -fms-extensions)
+    endif()
+    set(zor_scope ${scope} PARENT_SCOPE)
+endfunction()
+
+set(frameworkRooms
+    framework/system framework/db framework/graphics framework/windows framework/dbgrid framework/vtree)
+zor_collect_sources(frameworkSources ${frameworkRooms})
+zor_collect_sources(librarySources ${ZOR_LIBRARY_ROOMS})
+
+# ODBC is part of Windows. Elsewhere a host without the driver manager's headers still gets all the other rooms.
+if(WIN32)
+    set(ZOR_HAS_ODBC ON)
+else()
+    find_package(ODBC QUIET)
+    set(ZOR_HAS_ODBC ${ODBC_FOUND})
+    if(NOT ZOR_HAS_ODBC)
+        message(STATUS "unixODBC not found: sources and tests with 'odbc' in their names are left out")
+        list(FILTER frameworkSources EXCLUDE REGEX "/[^/]*odbc[^/]*\\.cpp$")
+    endif()
+endif()
+
+zor_add_library(framework ${frameworkSources})
+set(frameworkScope ${zor_scope})
+if(WIN32)
+    target_link_libraries(framework ${frameworkScope}
+        user32 gdi32 msimg32 comctl32 comdlg32 uxtheme dwmapi imm32 shell32 shlwapi
+        ole32 oleaut32 oleacc uuid version advapi32 odbc32)
+elseif(ZOR_HAS_ODBC)
+    target_link_libraries(framework ${frameworkScope} ODBC::ODBC)
+endif()
+
+zor_add_library(zor ${librarySources})
+target_link_libraries(zor ${zor_scope} framework)
+
+# Linking zor::manifest gives a program common controls 6 and per-monitor DPI awareness. It is a resource, which a
+# static library cannot carry, so it is compiled into each program.
+if(WIN32)
+    enable_language(RC)
+    add_library(zor_manifest INTERFACE)
+    add_library(zor::manifest ALIAS zor_manifest)
+    set_target_properties(zor_manifest PROPERTIES EXPORT_NAME manifest)
+    if(MSVC)
+        set(manifestSource zor.manifest)
+    else()
+        set(manifestSource zor_manifest.rc)
+    endif()
+    target_sources(zor_manifest INTERFACE
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/cmake/${manifestSource}>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_LIBDIR}/cmake/zor/${manifestSource}>)
+endif()

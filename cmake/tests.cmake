@@ -1,0 +1,72 @@
+# Tests, fuzzers and benchmarks: each file named *_test.cpp, *_fuzz.cpp or *_bench.cpp is one program.
+
+set(ZOR_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "GoogleTest's sources, built where no package fits the target")
+set(ZOR_FUZZ_RUNS 20000 CACHE STRING "Inputs that each fuzzer tries when it runs as a test")
+
+# Adds a program named after its source file, which links to the libraries that follow.
+function(zor_add_program source)
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(${name} ${source})
+    zor_set_warnings(${name})
+    target_link_libraries(${name} PRIVATE ${ARGN})
+    set(zor_program ${name} PARENT_SCOPE)
+endfunction()
+
+# Where a program is built, under Windows' own systems or Wine alike, tests start in the tree's root.
+set(workingFolder ${PROJECT_SOURCE_DIR})
+
+if(ZOR_BUILD_TESTS AND NOT WIN32)
+    find_package(GTest REQUIRED)
+    file(GLOB ruleTests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/rules/*_test.cpp")
+    if(NOT ZOR_HAS_ODBC)
+        list(FILTER ruleTests EXCLUDE REGEX "/[^/]*odbc[^/]*\\.cpp$")
+    endif()
+    foreach(source IN LISTS ruleTests)
+        zor_add_program(${source} zor::zor GTest::gtest_main)
+        add_test(NAME rules.${zor_program} COMMAND ${zor_program} WORKING_DIRECTORY ${workingFolder})
+        set_tests_properties(rules.${zor_program} PROPERTIES LABELS rules TIMEOUT 300)
+    endforeach()
+endif()
+
+if(ZOR_BUILD_TESTS AND WIN32)
+    include(cmake/window_tests.cmake)
+endif()
+
+if(ZOR_BUILD_FUZZERS)
+    file(GLOB fuzzers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/fuzz/*_fuzz.cpp")
+    foreach(source IN LISTS fuzzers)
+        zor_add_program(${source} zor::zor)
+        target_link_options(${zor_program} PRIVATE -fsanitize=fuzzer)
+        string(REGEX REPLACE "_fuzz$" "" subject ${zor_program})
+        # New finds go to the build tree, the kept corpus is only read.
+        set(finds ${PROJECT_BINARY_DIR}/corpus/${subject})
+        file(MAKE_DIRECTORY ${finds})
+        set(kept ${PROJECT_SOURCE_DIR}/tests/fuzz/corpus/${subject})
+        if(NOT IS_DIRECTORY ${kept})
+            set(kept)
+        endif()
+        set(dictionary ${PROJECT_SOURCE_DIR}/tests/fuzz/${subject}.dict)
+        if(EXISTS ${dictionary})
+            set(dictionary -dict=${dictionary})
+        else()
+            set(dictionary)
+        endif()
+        add_test(NAME fuzz.${subject}
+            COMMAND ${zor_program} -runs=${ZOR_FUZZ_RUNS} -max_total_time=60 -timeout=10 -print_final_stats=1
+                -artifact_prefix=${PROJECT_BINARY_DIR}/failing-${subject}- ${dictionary} ${finds} ${kept})
+        set_tests_properties(fuzz.${subject} PROPERTIES LABELS fuzz TIMEOUT 300)
+    endforeach()
+endif()
+
+if(ZOR_BUILD_BENCHES)
+    if(WIN32)
+        file(GLOB benches CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/*_bench.cpp")
+        set(benchLibraries zor::zor zor::manifest)
+    else()
+        file(GLOB benches CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/native/*_bench.cpp")
+        set(benchLibraries zor::zor)
+    endif()
+    foreach(source IN LISTS benches)
+        zor_add_program(${source} ${benchLibraries})
+    endforeach()
+endif()

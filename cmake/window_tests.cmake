@@ -1,0 +1,66 @@
+# Tests that drive real windows. Cross-compiled ones run in Wine, once per locale, each locale on a desktop of its own.
+
+find_package(GTest QUIET)
+if(NOT GTest_FOUND)
+    # Two files of GoogleTest are all there is to build; its own project would ask for a C compiler as well.
+    add_library(googletest STATIC ${ZOR_GOOGLETEST_SOURCE}/googletest/src/gtest-all.cc)
+    target_include_directories(googletest SYSTEM PUBLIC ${ZOR_GOOGLETEST_SOURCE}/googletest/include)
+    target_include_directories(googletest PRIVATE ${ZOR_GOOGLETEST_SOURCE}/googletest)
+    target_compile_definitions(googletest PUBLIC GTEST_HAS_PTHREAD=0)
+    add_library(googletest_main STATIC ${ZOR_GOOGLETEST_SOURCE}/googletest/src/gtest_main.cc)
+    target_link_libraries(googletest_main PUBLIC googletest)
+    add_library(GTest::gtest ALIAS googletest)
+    add_library(GTest::gtest_main ALIAS googletest_main)
+endif()
+
+# A main function of our own, if the support folder has one, takes the place of GoogleTest's.
+set(windowTestMain ${PROJECT_SOURCE_DIR}/tests/support/test_main.cpp)
+file(GLOB supportSources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp")
+if(EXISTS ${windowTestMain})
+    list(REMOVE_ITEM supportSources ${windowTestMain})
+    set(googleTest GTest::gtest)
+else()
+    set(windowTestMain)
+    set(googleTest GTest::gtest_main)
+endif()
+if(supportSources)
+    add_library(test_support STATIC ${supportSources})
+    zor_set_warnings(test_support)
+    target_link_libraries(test_support PUBLIC zor::zor GTest::gtest)
+else()
+    add_library(test_support INTERFACE)
+    target_link_libraries(test_support INTERFACE zor::zor GTest::gtest)
+endif()
+
+set(runInWine ${PROJECT_SOURCE_DIR}/tools/run-in-wine)
+file(GLOB windowTests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/window/*_test.cpp")
+foreach(source IN LISTS windowTests)
+    zor_add_program(${source} test_support zor::manifest ${googleTest})
+    target_sources(${zor_program} PRIVATE ${windowTestMain})
+    if(CMAKE_CROSSCOMPILING)
+        foreach(locale IN ITEMS en_US pl_PL)
+            set(test window.${zor_program}.${locale})
+            add_test(NAME ${test} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+                COMMAND ${runInWine} --state ${PROJECT_BINARY_DIR}/wine-${locale} --locale ${locale}
+                    -- $<TARGET_FILE:${zor_program}>)
+            # Only one program at a time can be in the foreground of a desktop.
+            set_tests_properties(${test} PROPERTIES LABELS "window;${locale}" TIMEOUT 300
+                RESOURCE_LOCK desktop-${locale} FIXTURES_REQUIRED desktop-${locale})
+        endforeach()
+    else()
+        add_test(NAME window.${zor_program} COMMAND ${zor_program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+        set_tests_properties(window.${zor_program} PROPERTIES LABELS window TIMEOUT 300 RESOURCE_LOCK desktop)
+    endif()
+endforeach()
+
+if(CMAKE_CROSSCOMPILING AND windowTests)
+    foreach(locale IN ITEMS en_US pl_PL)
+        foreach(action IN ITEMS start stop)
+            add_test(NAME desktop.${action}.${locale}
+                COMMAND ${PROJECT_SOURCE_DIR}/tools/wine-desktop ${action} ${PROJECT_BINARY_DIR}/wine-${locale} ${locale})
+            set_tests_properties(desktop.${action}.${locale} PROPERTIES LABELS desktop TIMEOUT 120)
+        endforeach()
+        set_tests_properties(desktop.start.${locale} PROPERTIES FIXTURES_SETUP desktop-${locale})
+        set_tests_properties(desktop.stop.${locale} PROPERTIES FIXTURES_CLEANUP desktop-${locale})
+    endforeach()
+endif()
