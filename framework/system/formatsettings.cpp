@@ -1,0 +1,10 @@
+#include "framework/system/formatsettings.h"
+
+namespace framework {
+
+TFormatSettings& FormatSettings() {
+    static TFormatSettings settings;
+    return settings;
+}
+
+} // namespace framework
