@@ -1,0 +1,31 @@
+# Sourced by the tools: installs the Debian packages that a step needs and that are missing.
+
+# Compilers, Wine and what the programs link to or draw with. Shared by building the gallery and the tests.
+ZOR_WINDOWS_PACKAGES=(cmake ninja-build clang lld g++-mingw-w64-x86-64-posix
+    wine wine64 xvfb xauth fonts-wine fonts-liberation libsqliteodbc odbc-postgresql)
+ZOR_DEMO_PACKAGES=("${ZOR_WINDOWS_PACKAGES[@]}" imagemagick)
+ZOR_TEST_PACKAGES=("${ZOR_WINDOWS_PACKAGES[@]}" g++ libclang-rt-14-dev clang-format clang-tidy git python3
+    googletest libgtest-dev unixodbc-dev xdotool)
+
+install_missing() {
+    if ! command -v dpkg-query >/dev/null; then
+        echo "Not a Debian system; assuming that these are installed: $*"
+        return
+    fi
+    local package missing=()
+    local installed
+    installed=" $(dpkg-query -W -f '${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/ii *//g') "
+    for package in "$@"; do
+        [[ $installed == *" $package "* ]] || missing+=("$package")
+    done
+    if ((${#missing[@]} == 0)); then
+        return
+    fi
+    if ((EUID != 0)); then
+        echo "Missing packages; as root run: apt-get install ${missing[*]}" >&2
+        return 1
+    fi
+    echo "Installing missing packages: ${missing[*]}"
+    apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
