@@ -26,6 +26,9 @@ class TObject;
 
 using TNotifyEvent = std::function<void(TObject* Sender)>;
 
+/// To which side of its place a text is drawn.
+enum TAlignment { taLeftJustify, taRightJustify, taCenter };
+
 /// A point in pixels, with the layout of Win32's POINT.
 struct TPoint {
     std::int32_t X = 0;
