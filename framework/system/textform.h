@@ -76,6 +76,7 @@ struct TFormLayout {
     friend bool operator==(const TFormLayout&, const TFormLayout&) = default;
 };
 
+class TFormAssembler;
 struct TFormNodes;
 struct TFormObjectNode;
 struct TFormPropertyNode;
@@ -225,7 +226,7 @@ public:
     const TFormLayout& Layout() const;
 
 private:
-    friend class TFormBuilder;
+    friend class TFormAssembler;
     explicit TFormDocument(std::shared_ptr<const TFormNodes> nodes) : FNodes(std::move(nodes)) {}
 
     std::shared_ptr<const TFormNodes> FNodes;
@@ -311,9 +312,10 @@ public:
     TFormDocument Finish();
 
 private:
-    friend class TTextFormParser;
-    struct State;
-    std::unique_ptr<State> FState;
+    void ExpectValue(TFormValueKind kind) const;
+    void Close(TFormValueKind kind);
+
+    std::unique_ptr<TFormAssembler> FAssembler;
 };
 
 } // namespace framework

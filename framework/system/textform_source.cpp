@@ -1,0 +1,140 @@
+#include "framework/system/textform_source.h"
+
+#include "framework/system/strings.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace framework {
+
+namespace {
+
+// The upper halves of the code pages. Bytes that a page leaves open stand for the control character of their number,
+// as Windows converts them.
+constexpr char16_t CentralEuropean[128] = {
+    0x20AC, 0x0081, 0x201A, 0x0083, 0x201E, 0x2026, 0x2020, 0x2021, 0x0088, 0x2030, 0x0160, 0x2039, 0x015A,
+    0x0164, 0x017D, 0x0179, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x0098, 0x2122,
+    0x0161, 0x203A, 0x015B, 0x0165, 0x017E, 0x017A, 0x00A0, 0x02C7, 0x02D8, 0x0141, 0x00A4, 0x0104, 0x00A6,
+    0x00A7, 0x00A8, 0x00A9, 0x015E, 0x00AB, 0x00AC, 0x00AD, 0x00AE, 0x017B, 0x00B0, 0x00B1, 0x02DB, 0x0142,
+    0x00B4, 0x00B5, 0x00B6, 0x00B7, 0x00B8, 0x0105, 0x015F, 0x00BB, 0x013D, 0x02DD, 0x013E, 0x017C, 0x0154,
+    0x00C1, 0x00C2, 0x0102, 0x00C4, 0x0139, 0x0106, 0x00C7, 0x010C, 0x00C9, 0x0118, 0x00CB, 0x011A, 0x00CD,
+    0x00CE, 0x010E, 0x0110, 0x0143, 0x0147, 0x00D3, 0x00D4, 0x0150, 0x00D6, 0x00D7, 0x0158, 0x016E, 0x00DA,
+    0x0170, 0x00DC, 0x00DD, 0x0162, 0x00DF, 0x0155, 0x00E1, 0x00E2, 0x0103, 0x00E4, 0x013A, 0x0107, 0x00E7,
+    0x010D, 0x00E9, 0x0119, 0x00EB, 0x011B, 0x00ED, 0x00EE, 0x010F, 0x0111, 0x0144, 0x0148, 0x00F3, 0x00F4,
+    0x0151, 0x00F6, 0x00F7, 0x0159, 0x016F, 0x00FA, 0x0171, 0x00FC, 0x00FD, 0x0163, 0x02D9};
+// From 0xA0 on the Western page agrees with Unicode.
+constexpr char16_t Western[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                  0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char16_t FromCodePage(unsigned char byte, TFallbackEncoding encoding) {
+    if (byte < 0x80)
+        return byte;
+    if (encoding == TFallbackEncoding::Windows1250)
+        return CentralEuropean[byte - 0x80];
+    return byte < 0xA0 ? Western[byte - 0x80] : char16_t{byte};
+}
+
+std::string Convert(std::string_view bytes, TFallbackEncoding encoding) {
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (const char byte : bytes) {
+        const char16_t unit = FromCodePage(static_cast<unsigned char>(byte), encoding);
+        if (unit < 0x80) {
+            text += byte;
+        } else if (unit < 0x800) {
+            text += static_cast<char>(0xC0 | (unit >> 6));
+            text += static_cast<char>(0x80 | (unit & 0x3F));
+        } else {
+            text += static_cast<char>(0xE0 | (unit >> 12));
+            text += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
+            text += static_cast<char>(0x80 | (unit & 0x3F));
+        }
+    }
+    return text;
+}
+
+// The length of the well-formed sequence at `at`, 0 for a malformed one.
+std::size_t SequenceLength(const unsigned char* at, const unsigned char* end) {
+    const auto continues = [&](std::size_t index, unsigned low = 0x80, unsigned high = 0xBF) {
+        return static_cast<std::size_t>(end - at) > index && at[index] >= low && at[index] <= high;
+    };
+    const unsigned lead = *at;
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xC2 && lead <= 0xDF)
+        return continues(1) ? 2 : 0;
+    if (lead >= 0xE0 && lead <= 0xEF)
+        return continues(1, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF) && continues(2) ? 3 : 0;
+    if (lead >= 0xF0 && lead <= 0xF4)
+        return continues(1, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF) && continues(2) && continues(3) ? 4
+                                                                                                                    : 0;
+    return 0;
+}
+
+// The offset of the first byte that is not UTF-8, or the size.
+std::size_t WellFormedLength(std::string_view bytes) {
+    const auto* const begin = reinterpret_cast<const unsigned char*>(bytes.data());
+    const auto* const end = begin + bytes.size();
+    const auto* at = begin;
+    while (at != end) {
+        std::uint64_t words[4];
+        while (static_cast<std::size_t>(end - at) >= sizeof words) {
+            std::memcpy(words, at, sizeof words);
+            if (((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080u) != 0)
+                break;
+            at += sizeof words;
+        }
+        // One step beyond the block that was refused, or the rest.
+        const auto* const stop = static_cast<std::size_t>(end - at) >= sizeof words ? at + sizeof words : end;
+        while (at < stop) {
+            const std::size_t length = SequenceLength(at, end);
+            if (length == 0)
+                return static_cast<std::size_t>(at - begin);
+            at += length;
+        }
+    }
+    return bytes.size();
+}
+
+[[noreturn]] void Refuse(std::string_view bytes, std::size_t offset, const TParseOptions& options, StringView problem) {
+    const TFormPlace place = PlaceOf(bytes, offset);
+    throw EFormSyntax(options.FileName, place.Line, place.Column, problem);
+}
+
+} // namespace
+
+TFormPlace PlaceOf(std::string_view text, std::size_t offset) {
+    const std::string_view before = text.substr(0, offset);
+    const std::size_t newline = before.rfind('\n');
+    const std::string_view line = newline == before.npos ? before : before.substr(newline + 1);
+    const auto startsCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
+    TFormPlace place;
+    place.Line += static_cast<std::uint32_t>(std::count(before.begin(), before.end(), '\n'));
+    place.Column += static_cast<std::uint32_t>(std::count_if(line.begin(), line.end(), startsCharacter));
+    return place;
+}
+
+std::string ReadFormSource(std::string_view bytes, const TParseOptions& options, TFormLayout& layout) {
+    if (bytes.size() >= std::size_t{1} << 31)
+        throw EFormSyntax(options.FileName, 1, 1, u"forms of 2 GiB and more are not read");
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
+        Refuse(bytes, 0, options, u"the text is UTF-16; forms are read as UTF-8");
+    layout.ByteOrderMark = bytes.starts_with("\xEF\xBB\xBF");
+    if (layout.ByteOrderMark)
+        bytes.remove_prefix(3);
+    if (const std::size_t nul = bytes.find('\0'); nul != bytes.npos)
+        Refuse(bytes, nul, options, u"a NUL byte; the file is damaged or no text in UTF-8");
+    if (const std::size_t newline = bytes.find('\n'); newline != bytes.npos)
+        layout.LineEnd = newline > 0 && bytes[newline - 1] == '\r' ? TFormLineEnd::CrLf : TFormLineEnd::Lf;
+
+    const std::size_t sound = WellFormedLength(bytes);
+    if (sound == bytes.size())
+        return std::string(bytes);
+    if (options.FallbackEncoding == TFallbackEncoding::None || layout.ByteOrderMark)
+        Refuse(bytes, sound, options, u"a byte that is not UTF-8; the file may be in a code page");
+    return Convert(bytes, options.FallbackEncoding);
+}
+
+} // namespace framework
