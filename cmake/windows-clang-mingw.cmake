@@ -14,6 +14,8 @@ list(GET gccFolders 0 gccFolder)
 set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_COMPILER_TARGET ${triple})
 set(CMAKE_RC_COMPILER ${triple}-windres)
+set(CMAKE_AR /usr/bin/${triple}-ar)
+set(CMAKE_RANLIB /usr/bin/${triple}-ranlib)
 
 # Without -fms-extensions the MinGW headers define __declspec(property(...)) away as an unknown attribute.
 string(JOIN " " CMAKE_CXX_FLAGS_INIT
