@@ -45,7 +45,10 @@ public:
     Currency& operator-=(Currency other) { return *this = *this - other; }
     Currency& operator*=(Currency other) { return *this = *this * other; }
     Currency& operator/=(Currency other) { return *this = *this / other; }
-    friend constexpr auto operator<=>(Currency, Currency) = default;
+    friend constexpr bool operator==(Currency, Currency) = default;
+    friend constexpr std::strong_ordering operator<=>(Currency left, Currency right) {
+        return left.FUnits <=> right.FUnits;
+    }
 
 private:
     template <std::integral T>

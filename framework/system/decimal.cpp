@@ -71,78 +71,6 @@ TDecimal ShortestDecimal(Extended value) {
     return decimal;
 }
 
-/// Powers of ten up to the last that a mantissa holds exactly, so that one multiplication or division by them is
-/// rounded once, that is correctly.
-template <typename Float>
-constexpr int exactPowers = static_cast<int>(std::numeric_limits<Float>::digits * 0.430676558);
-
-template <typename Float>
-constexpr auto powersOfTen = [] {
-    std::array<Float, exactPowers<Float> + 1> powers{};
-    powers[0] = 1;
-    for (std::size_t i = 1; i < powers.size(); ++i)
-        powers[i] = powers[i - 1] * 10;
-    return powers;
-}();
-
-/// Covers what people type. `exponent` counts from behind the last digit.
-template <typename Float>
-bool TryMakeFloatExactly(std::string_view digits, int exponent, Float& value) {
-    constexpr int mantissaBits = std::numeric_limits<Float>::digits;
-    if (digits.size() > std::numeric_limits<std::uint64_t>::digits10 || std::abs(exponent) > exactPowers<Float>)
-        return false;
-    std::uint64_t mantissa = 0;
-    for (const char digit : digits)
-        mantissa = mantissa * 10 + static_cast<unsigned>(digit - '0');
-    if constexpr (mantissaBits < 64) {
-        if ((mantissa >> mantissaBits) != 0)
-            return false;
-    }
-    const auto whole = static_cast<Float>(mantissa);
-    const Float power = powersOfTen<Float>[static_cast<std::size_t>(std::abs(exponent))];
-    value = exponent < 0 ? whole / power : whole * power;
-    return true;
-}
-
-template <typename Float>
-std::errc MakeFloatByLibrary(const TWrittenNumber& number, int exponent, Float& value) {
-    const std::string text = "0." + number.Digits + 'e' + std::to_string(exponent);
-    return std::from_chars(text.data(), text.data() + text.size(), value).ec;
-}
-
-/// Some libraries give no value when it lies between the smallest normal number and zero. Coming from above, it is
-/// right but for the last of its few bits.
-template <typename Float>
-Float MakeTinyFloat(const TWrittenNumber& number) {
-    Float value = 0;
-    if (MakeFloatByLibrary(number, number.Exponent + 40, value) != std::errc())
-        return 0;
-    return value / static_cast<Float>(1e20L) / static_cast<Float>(1e20L);
-}
-
-template <typename Float>
-bool TryMakeNearest(const TWrittenNumber& number, Float& value) {
-    using Limits = std::numeric_limits<Float>;
-    value = 0;
-    if (number.Digits.empty())
-        return true;
-    if (number.Exponent > Limits::max_exponent10 + 1)
-        return false;
-    // Just below the smallest subnormal number, which numbers from its half on are rounded up to.
-    if (number.Exponent < Limits::min_exponent10 - Limits::digits10 - 2)
-        return true;
-    const int lastPlace = number.Exponent - static_cast<int>(number.Digits.size());
-    if (!TryMakeFloatExactly(number.Digits, lastPlace, value) &&
-        MakeFloatByLibrary(number, number.Exponent, value) == std::errc::result_out_of_range) {
-        if (number.Exponent > 0)
-            return false;
-        value = MakeTinyFloat<Float>(number);
-    }
-    if (number.Negative)
-        value = -value;
-    return true;
-}
-
 bool IsDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
 }
@@ -258,14 +186,6 @@ bool TryParseNumber(StringView text, char16_t decimalSeparator, TWrittenNumber& 
     number.Exponent = whole + exponent;
     RemoveOuterZeros(number);
     return true;
-}
-
-bool TryMakeFloat(const TWrittenNumber& number, Extended& value) {
-    return TryMakeNearest(number, value);
-}
-
-bool TryMakeFloat(const TWrittenNumber& number, double& value) {
-    return TryMakeNearest(number, value);
 }
 
 bool TryMakeScaled(const TWrittenNumber& number, int scale, std::int64_t& units) {

@@ -163,8 +163,22 @@ TEST(Floats, ReadToTheEndsOfTheRange) {
         EXPECT_EQ(wide, std::numeric_limits<Extended>::denorm_min());
         EXPECT_FALSE(TryStrToFloat(u"1.19e4932", wide, invariant));
     }
-    const String manyDigits = u"1." + String(100'000, u'0') + u"1";
-    EXPECT_EQ(StrToFloat(manyDigits, invariant), 1.0L);
+}
+
+TEST(Floats, DecideTiesByEveryDigit) {
+    // 1 + 2^-53 and 1 + 2^-64 lie half way between two neighbours of double and of the wide Extended.
+    const StringView doubleTie = u"1.00000000000000011102230246251565404236316680908203125";
+    const StringView wideTie = u"1.0000000000000000000542101086242752217003726400434970855712890625";
+    const String longTail = String(100'000, u'0') + u"1";
+    double narrow = 0;
+    EXPECT_TRUE(TryStrToFloat(doubleTie, narrow, invariant));
+    EXPECT_EQ(narrow, 1.0);
+    EXPECT_TRUE(TryStrToFloat(String(doubleTie) + longTail, narrow, invariant));
+    EXPECT_EQ(narrow, 1.0 + std::numeric_limits<double>::epsilon());
+    EXPECT_EQ(StrToFloat(wideTie, invariant), 1.0L);
+    if (hasWideExtended) {
+        EXPECT_EQ(StrToFloat(String(wideTie) + longTail, invariant), 1.0L + std::numeric_limits<Extended>::epsilon());
+    }
 }
 
 TEST(Floats, RefuseAnythingElse) {
@@ -199,12 +213,21 @@ TEST(Floats, AgreeWithTheLibraryOnRandomTexts) {
         appendDigits(1 + random() % 22);
         text += '.';
         appendDigits(random() % 12);
-        if (random() % 2)
-            text += 'e' + std::to_string(static_cast<int>(random() % 600) - 300);
-        ASSERT_EQ(StrToFloat(AsciiToString(text), invariant), std::strtold(text.c_str(), nullptr)) << text;
+        if (random() % 2) {
+            const int reach = i % 50 == 0 ? 5000 : 340;
+            text += 'e' + std::to_string(static_cast<int>(random() % (2 * reach)) - reach);
+        }
+        const Extended expected = std::strtold(text.c_str(), nullptr);
+        Extended wide = 0;
+        ASSERT_EQ(TryStrToFloat(AsciiToString(text), wide, invariant), !std::isinf(expected)) << text;
+        if (!std::isinf(expected)) {
+            ASSERT_EQ(wide, expected) << text;
+        }
+        const double expectedNarrow = std::strtod(text.c_str(), nullptr);
         double narrow = 0;
-        if (TryStrToFloat(AsciiToString(text), narrow, invariant)) {
-            ASSERT_EQ(narrow, std::strtod(text.c_str(), nullptr)) << text;
+        ASSERT_EQ(TryStrToFloat(AsciiToString(text), narrow, invariant), !std::isinf(expectedNarrow)) << text;
+        if (!std::isinf(expectedNarrow)) {
+            ASSERT_EQ(narrow, expectedNarrow) << text;
         }
     }
 }
@@ -482,13 +505,13 @@ TEST(CurrencyValue, IsPlacedAsTheSettingsSay) {
                                    u"-1 $", u"-$ 1", u"1 $-", u"$ 1-", u"$ -1", u"1- $", u"($ 1)", u"(1 $)"};
     TFormatSettings settings;
     settings.CurrencyString = u"$";
-    for (std::uint8_t i = 0; i < std::size(positive); ++i) {
-        settings.CurrencyFormat = i;
-        EXPECT_TRUE(FloatToStrF(1, ffCurrency, 18, 0, settings) == positive[i]) << int{i};
+    for (std::size_t i = 0; i < std::size(positive); ++i) {
+        settings.CurrencyFormat = static_cast<std::uint8_t>(i);
+        EXPECT_TRUE(FloatToStrF(1, ffCurrency, 18, 0, settings) == positive[i]) << i;
     }
-    for (std::uint8_t i = 0; i < std::size(negative); ++i) {
-        settings.NegCurrFormat = i;
-        EXPECT_TRUE(FloatToStrF(-1, ffCurrency, 18, 0, settings) == negative[i]) << int{i};
+    for (std::size_t i = 0; i < std::size(negative); ++i) {
+        settings.NegCurrFormat = static_cast<std::uint8_t>(i);
+        EXPECT_TRUE(FloatToStrF(-1, ffCurrency, 18, 0, settings) == negative[i]) << i;
     }
 }
 
