@@ -55,7 +55,7 @@ bool IsDouble(Extended value) {
 
 bool GivesBack(std::string_view digits, Extended value) {
     Extended read = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), read);
+    TryReadFormFloat(Utf8Decode(digits), read);
     return IsDouble(value) ? static_cast<double>(read) == static_cast<double>(value) : read == value;
 }
 

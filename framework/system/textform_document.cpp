@@ -1,7 +1,6 @@
+#include "framework/system/decimal.h"
 #include "framework/system/strings.h"
 #include "framework/system/textform_nodes.h"
-
-#include <charconv>
 
 namespace framework {
 
@@ -25,6 +24,11 @@ char16_t FoldAscii(char16_t unit) {
 EFormSyntax::EFormSyntax(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem)
     : Exception(Place(fileName, line, column, problem)), FFileName(fileName), FProblem(problem), FLine(line),
       FColumn(column) {
+}
+
+bool TryReadFormFloat(StringView digits, Extended& number) {
+    TWrittenNumber written;
+    return TryParseNumber(digits, u'.', written) && TryMakeFloat(written, number);
 }
 
 // ---- Values ----
@@ -59,9 +63,8 @@ Extended TFormValue::AsExtended() const {
         return static_cast<Extended>(Node().Integer);
     if (Kind() != TFormValueKind::Float)
         throw EConvertError(Place(FNodes->FileName, Line(), Column(), u"the value is no number"));
-    const std::string digits = Utf8Encode(Text());
     Extended number = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    TryReadFormFloat(Text(), number);
     return number;
 }
 

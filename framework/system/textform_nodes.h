@@ -75,6 +75,9 @@ struct TFormNameNode {
     std::uint32_t Length = 0;
 };
 
+/// The number that a Float's digits spell; false when no Extended is as large.
+bool TryReadFormFloat(StringView digits, Extended& number);
+
 /// All that a document owns.
 struct TFormNodes {
     std::vector<TFormObjectNode> Objects{1};

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace framework {
 
@@ -228,8 +227,7 @@ void TFormScanner::Float(TFormNumber& number, const char* start) {
     if (!hasExponent && number.Spelling.size() < alwaysFits)
         return;
     Extended value = 0;
-    const auto result = std::from_chars(start, number.Spelling.data() + number.Spelling.size(), value);
-    if (result.ec != std::errc())
+    if (!TryReadFormFloat(Utf8Decode(number.Spelling), value))
         FailAt(start, "the number does not fit");
 }
 

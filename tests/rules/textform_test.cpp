@@ -320,7 +320,7 @@ TEST(TextForm, RefusesWhatIsNoFormAndSaysWhere) {
         {"set without comma", InObject("  S = [a b]"), 2, 10, "a comma or ]"},
         {"object in a collection", InObject("  C = <object B: TB end>"), 2, 8, "holds items"},
         {"item without end", InObject("  C = <item>"), 2, 12, "a property or end"},
-        {"property twice", InObject("  X = 1\n  Y = 2\n  x = 3"), 4, 3, "given twice: x"},
+        {"property twice", InObject("  AZ = 1\n  Y = 2\n  az = 3"), 4, 3, "given twice: az"},
         {"property twice around items", InObject("  X = 1\n  C = <item X = 1 end>\n  X = 3"), 4, 3, "given twice: X"},
         {"property twice in an item", InObject("  C = <item\n A.B = 1\n A.B = 2 end>"), 4, 2, "given twice: A.B"},
         {"component twice", "object A: TA\n object B: TB end\n object C: TC\n  inherited b: TB end\n end\nend", 4, 3,
@@ -341,6 +341,7 @@ TEST(TextForm, RefusesWhatIsNoFormAndSaysWhere) {
         {"UTF-16, other order", "\xFE\xFF\0o\0b"s, 1, 1, "UTF-16"},
         {"not UTF-8", "object A: TA\n  S = '\xC5\xBC\xF3\xB3'\nend", 2, 9, "not UTF-8"},
         {"overlong", "object A: TA\n  S = '\xC0\xAF'\nend", 2, 8, "not UTF-8"},
+        {"overlong in three", "object A: TA\n  S = '\xE0\x80\xAF'\nend", 2, 8, "not UTF-8"},
         {"surrogate as UTF-8", "object A: TA\n  S = '\xED\xA0\x80'\nend", 2, 8, "not UTF-8"},
         {"sequence cut off by the end", "object A: TA\n  S = '\xE2\x82", 2, 8, "not UTF-8"},
     };
@@ -445,6 +446,13 @@ TEST(TextForm, WritesStringsInPieces) {
         EXPECT_EQ(written, std::string("object A: TA\n  S = ") + row.Expected + "\nend\n");
         EXPECT_EQ(FirstValue(ParseTextForm(written)).Text(), row.Text);
     }
+}
+
+TEST(TextForm, ShortBinaryDataStaysBehindItsBrace) {
+    const std::string line(62, '0');
+    EXPECT_EQ(WriteTextForm(ParseTextForm(InObject("B = {" + line + "}"))), WithCrLf(InObject("  B = {" + line + "}")));
+    EXPECT_EQ(WriteTextForm(ParseTextForm(InObject("B = {" + line + "00}"))),
+              WithCrLf(InObject("  B = {\n    " + line + "00}")));
 }
 
 TEST(TextForm, BuilderRefusesWhatCouldNotBeReadBack) {
@@ -586,7 +594,7 @@ private:
         case 5:
             FBuilder.BeginSet();
             for (unsigned i = Pick(4); i > 0; --i)
-                Pick(3) == 0 ? FBuilder.Integer(i) : FBuilder.Identifier(u"akLeft");
+                Pick(3) == 0 ? FBuilder.Integer(i) : FBuilder.Identifier(Pick(2) == 0 ? u"nil" : u"akLeft");
             return FBuilder.EndSet();
         case 6:
         case 7:
@@ -676,7 +684,7 @@ std::string Repeat(std::string_view text, int times) {
 }
 
 TEST(TextForm, DepthCostsNoStack) {
-    constexpr int depth = 200000;
+    constexpr int depth = 100000;
     const std::string forms[] = {
         Repeat("object T ", depth) + Repeat("end ", depth),
         "object T L = " + Repeat("(", depth) + Repeat(")", depth) + " end",
