@@ -9,6 +9,12 @@
 
 namespace framework {
 
+/// The integral types that count something: not truth values and not characters.
+template <typename T>
+concept WholeNumber =
+    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> &&
+    !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+
 /// An amount from -922,337,203,685,477.5808 to 922,337,203,685,477.5807 in steps of 0.0001. Products, quotients and
 /// conversions from floats round a half away from zero; what leaves the range raises EConvertError.
 class Currency {
@@ -17,7 +23,7 @@ public:
     static constexpr std::int64_t unitsPerOne = 10000;
 
     constexpr Currency() = default;
-    template <std::integral T>
+    template <WholeNumber T>
     Currency(T value) : Currency(FromInteger(value)) {}
     /// Rounds the decimal digits of the value, so that 1.00005 becomes 1.0001. NaN and infinities raise EConvertError.
     explicit Currency(Extended value);
@@ -51,7 +57,7 @@ public:
     }
 
 private:
-    template <std::integral T>
+    template <WholeNumber T>
     static Currency FromInteger(T value) {
         if constexpr (std::unsigned_integral<T>)
             return FromUnsigned(value);
