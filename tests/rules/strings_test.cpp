@@ -106,23 +106,24 @@ TEST(Trimming, RemovesControlCharactersButNoOtherSpaces) {
 }
 
 TEST(StringReplace, FollowsItsFlags) {
-    const TReplaceFlags both = rfReplaceAll | rfIgnoreCase;
+    const TReplaceFlags all = {rfReplaceAll};
+    const TReplaceFlags both = TReplaceFlags() << rfReplaceAll << rfIgnoreCase;
     const struct {
         const char* Name;
         String Text, Old, New;
         TReplaceFlags Flags;
         String Expected;
     } rows[] = {
-        {"first only", u"a.b.c", u".", u",", rfNone, u"a,b.c"},
-        {"all", u"a.b.c", u".", u",", rfReplaceAll, u"a,b,c"},
-        {"result is not searched again", u"aa", u"a", u"aa", rfReplaceAll, u"aaaa"},
-        {"overlapping occurrences from the left", u"aaa", u"aa", u"b", rfReplaceAll, u"ba"},
-        {"deleting", u"1 234 567", u" ", u"", rfReplaceAll, u"1234567"},
-        {"empty pattern", u"abc", u"", u"x", rfReplaceAll, u"abc"},
-        {"case matters", u"aAa", u"A", u"x", rfReplaceAll, u"axa"},
+        {"first only", u"a.b.c", u".", u",", {}, u"a,b.c"},
+        {"all", u"a.b.c", u".", u",", all, u"a,b,c"},
+        {"result is not searched again", u"aa", u"a", u"aa", all, u"aaaa"},
+        {"overlapping occurrences from the left", u"aaa", u"aa", u"b", all, u"ba"},
+        {"deleting", u"1 234 567", u" ", u"", all, u"1234567"},
+        {"empty pattern", u"abc", u"", u"x", all, u"abc"},
+        {"case matters", u"aAa", u"A", u"x", all, u"axa"},
         {"case ignored, the rest kept", u"\u0141\u00F3D\u0179 lodz \u0142\u00D3d\u017A", u"\u0142\u00F3d\u017A", u"X",
          both, u"X lodz X"},
-        {"case ignored, first only", u"xXx", u"X", u"y", rfIgnoreCase, u"yXx"},
+        {"case ignored, first only", u"xXx", u"X", u"y", {rfIgnoreCase}, u"yXx"},
         {"pattern longer than the text", u"ab", u"abc", u"x", both, u"ab"},
     };
     for (const auto& row : rows) {
@@ -138,7 +139,7 @@ TEST(StringReplace, CopesWithManyHitsInALongText) {
     String text;
     for (std::size_t i = 0; i < pairs; ++i)
         text += u"a,";
-    const String result = StringReplace(text, u",", u"<>", rfReplaceAll);
+    const String result = StringReplace(text, u",", u"<>", {rfReplaceAll});
     ASSERT_EQ(result.size(), pairs * 3);
     EXPECT_TRUE(result.substr(result.size() - 6) == u"a<>a<>");
 }
