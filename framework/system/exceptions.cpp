@@ -4,6 +4,7 @@
 
 namespace framework {
 
-Exception::Exception(String message) : FMessage(std::move(message)), FUtf8(Utf8Encode(FMessage)) {}
+Exception::Exception(String message) : FMessage(std::move(message)), FUtf8(Utf8Encode(FMessage)) {
+}
 
 } // namespace framework

@@ -1,5 +1,5 @@
-#include "framework/system/types.h"
 #include "framework/system/exceptions.h"
+#include "framework/system/types.h"
 
 #include <cstdio>
 
