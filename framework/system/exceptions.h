@@ -62,4 +62,10 @@ public:
     using Exception::Exception;
 };
 
+/// Ends an operation without a word to the user.
+class EAbort : public Exception {
+public:
+    EAbort();
+};
+
 } // namespace framework

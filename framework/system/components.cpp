@@ -1,0 +1,297 @@
+#include "framework/system/components.h"
+
+#include "framework/system/numbers.h"
+#include "framework/system/strings.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace framework {
+
+namespace {
+
+// Below this many owned components a walk is quicker than a table.
+constexpr std::size_t kIndexNamesFrom = 16;
+
+struct TRegistry {
+    TNameMap<const TClassInfo*> Classes;
+    std::vector<TPalettePage> Pages;
+};
+
+TRegistry& Registry() {
+    static TRegistry registry;
+    return registry;
+}
+
+} // namespace
+
+const TClassInfo& TComponent::StaticClass() {
+    static const TClassInfo info = DescribeClass<TComponent>(
+        u"TComponent", TPersistent::StaticClass(),
+        {Property<&TComponent::GetName, &TComponent::SetName>(u"Name").NotStored(), // the object's header carries it
+         Property<&TComponent::GetTag, &TComponent::SetTag>(u"Tag", 0)});
+    return info;
+}
+
+TComponent::TComponent(TComponent* owner) {
+    if (owner)
+        owner->InsertComponent(this);
+}
+
+TComponent::~TComponent() {
+    Destroying();
+    RemoveNotifications();
+    DestroyComponents();
+    if (FOwner)
+        FOwner->RemoveComponent(this);
+    for (TLifeGuard* guard = FGuards; guard; guard = guard->FNext)
+        guard->FComponent = nullptr;
+}
+
+TLifeGuard::~TLifeGuard() {
+    // Guards live on the stack, so the newest is the first in the chain.
+    if (FComponent)
+        FComponent->FGuards = FNext;
+}
+
+void TComponent::Destroying() {
+    if (FComponentState.Contains(csDestroying))
+        return;
+    FComponentState << csDestroying;
+    for (TComponent* component : FComponents)
+        component->Destroying();
+}
+
+void TComponent::RemoveNotifications() {
+    while (!FFreeNotifies.empty()) {
+        TComponent* other = FFreeNotifies.back();
+        FFreeNotifies.pop_back();
+        std::erase(other->FFreeNotifies, this);
+        other->Notification(this, opRemove);
+    }
+    FComponentState >> csFreeNotification;
+}
+
+void TComponent::DestroyComponents() {
+    while (!FComponents.empty()) {
+        TComponent* component = FComponents.back();
+        // Siblings that keep a pointer have asked for notice; telling all of all would cost the square of their number.
+        if (component->FComponentState.Contains(csFreeNotification))
+            RemoveComponent(component);
+        else
+            RemoveOwned(component);
+        delete component;
+    }
+}
+
+void TComponent::SetName(const String& name) {
+    if (name == FName)
+        return;
+    if (!name.empty() && !IsValidIdent(name))
+        throw EComponentError(u"\"" + name + u"\" is not a valid component name");
+    if (FOwner)
+        FOwner->ValidateRename(this, FName, name);
+    else
+        ValidateRename(nullptr, FName, name);
+    if (FOwner)
+        FOwner->IndexName(this, false);
+    FName = name;
+    if (FOwner)
+        FOwner->IndexName(this, true);
+}
+
+void TComponent::ValidateRename(TComponent* component, const String& oldName, const String& newName) {
+    if (component && !newName.empty() && !TNameEqual()(oldName, newName) && FindComponent(newName))
+        throw EComponentError(u"A component named " + newName + u" already exists");
+}
+
+String TComponent::GetNamePath() const {
+    return FName.empty() ? ClassName() : FName;
+}
+
+TComponent* TComponent::GetComponent(int index) const {
+    if (index < 0 || index >= GetComponentCount())
+        throw EListError(u"Component index out of bounds (" + IntToStr(index) + u")");
+    return FComponents[static_cast<std::size_t>(index)];
+}
+
+TComponent* TComponent::FindComponent(StringView name) const {
+    if (name.empty())
+        return nullptr;
+    if (NameIndexed()) {
+        const auto found = FNameIndex.find(name);
+        return found == FNameIndex.end() ? nullptr : found->second;
+    }
+    const auto found =
+        std::ranges::find_if(FComponents, [name](TComponent* each) { return TNameEqual()(each->FName, name); });
+    return found == FComponents.end() ? nullptr : *found;
+}
+
+void TComponent::IndexName(TComponent* component, bool present) {
+    if (!NameIndexed()) {
+        if (!present || FComponents.size() < kIndexNamesFrom)
+            return;
+        for (TComponent* each : FComponents) {
+            if (!each->FName.empty())
+                FNameIndex.emplace(each->FName, each);
+        }
+        return;
+    }
+    if (component->FName.empty())
+        return;
+    if (present)
+        FNameIndex.insert_or_assign(component->FName, component);
+    else
+        FNameIndex.erase(component->FName);
+}
+
+void TComponent::InsertOwned(TComponent* component) {
+    FComponents.push_back(component);
+    component->FOwner = this;
+    IndexName(component, true);
+}
+
+void TComponent::RemoveOwned(TComponent* component) {
+    IndexName(component, false);
+    // Components mostly go in the reverse order of their coming.
+    const auto found = std::find(FComponents.rbegin(), FComponents.rend(), component);
+    if (found != FComponents.rend())
+        FComponents.erase(std::next(found).base());
+    component->FOwner = nullptr;
+}
+
+void TComponent::InsertComponent(TComponent* component) {
+    for (const TComponent* each = this; each; each = each->FOwner) {
+        if (each == component)
+            throw EComponentError(u"A component cannot own itself");
+    }
+    ValidateRename(component, {}, component->FName);
+    if (component->FOwner)
+        component->FOwner->RemoveComponent(component);
+    InsertOwned(component);
+    if (FComponentState.Contains(csDesigning))
+        component->SetDesigning(true);
+    Notification(component, opInsert);
+}
+
+void TComponent::RemoveComponent(TComponent* component) {
+    if (component->FOwner != this)
+        return;
+    Notification(component, opRemove);
+    RemoveOwned(component);
+}
+
+void TComponent::Notification(TComponent* component, TOperation operation) {
+    if (operation == opRemove && component)
+        RemoveFreeNotification(component);
+    // A walk by index from the end: a component may remove itself when it hears of another's death.
+    for (std::size_t i = FComponents.size(); i-- > 0;) {
+        if (i < FComponents.size() && FComponents[i] != component)
+            FComponents[i]->Notification(component, operation);
+    }
+}
+
+void TComponent::FreeNotification(TComponent* component) {
+    if (!component || component == this || std::ranges::find(FFreeNotifies, component) != FFreeNotifies.end())
+        return;
+    FFreeNotifies.push_back(component);
+    FComponentState << csFreeNotification;
+    component->FreeNotification(this);
+}
+
+void TComponent::RemoveFreeNotification(TComponent* component) {
+    if (std::erase(FFreeNotifies, component) != 0)
+        component->RemoveFreeNotification(this);
+    if (FFreeNotifies.empty())
+        FComponentState >> csFreeNotification;
+}
+
+void TComponent::SetSubComponent(bool value) {
+    if (value)
+        FComponentStyle << csSubComponent;
+    else
+        FComponentStyle >> csSubComponent;
+}
+
+void TComponent::SetDesigning(bool value, bool setChildren) {
+    ChangeState(csDesigning, value);
+    if (setChildren) {
+        for (TComponent* component : FComponents)
+            component->SetDesigning(value);
+    }
+}
+
+void TComponent::ChangeState(TComponentStateElement element, bool present) {
+    if (present)
+        FComponentState << element;
+    else
+        FComponentState >> element;
+}
+
+std::vector<TComponent*> TComponent::GetChildren(TComponent* root) const {
+    // What has no parent is written inside the root that owns it.
+    std::vector<TComponent*> children;
+    if (root == this)
+        std::ranges::copy_if(FComponents, std::back_inserter(children),
+                             [](TComponent* each) { return !each->HasParent(); });
+    return children;
+}
+
+void TComponent::SetParentComponent(TComponent*) {
+}
+
+void TComponent::SetChildOrder(TComponent*, int) {
+}
+
+void TComponent::Loaded() {
+    FComponentState >> csLoading;
+}
+
+void RegisterClasses(std::initializer_list<const TClassInfo*> classes) {
+    for (const TClassInfo* info : classes) {
+        const auto [place, added] = Registry().Classes.try_emplace(info->Name(), info);
+        if (!added && place->second != info)
+            throw EComponentError(u"Another class is registered as " + info->Name());
+    }
+}
+
+void UnRegisterClasses(std::initializer_list<const TClassInfo*> classes) {
+    for (const TClassInfo* info : classes) {
+        const auto found = Registry().Classes.find(info->Name());
+        if (found != Registry().Classes.end() && found->second == info)
+            Registry().Classes.erase(found);
+        for (TPalettePage& page : Registry().Pages)
+            std::erase(page.Classes, info);
+    }
+    std::erase_if(Registry().Pages, [](const TPalettePage& page) { return page.Classes.empty(); });
+}
+
+const TClassInfo* GetClass(StringView name) {
+    const auto found = Registry().Classes.find(name);
+    return found == Registry().Classes.end() ? nullptr : found->second;
+}
+
+const TClassInfo& FindClass(StringView name) {
+    const TClassInfo* info = GetClass(name);
+    if (!info)
+        throw EClassNotFound(u"Class " + String(name) + u" not found");
+    return *info;
+}
+
+void RegisterComponents(const String& page, std::initializer_list<const TClassInfo*> classes) {
+    RegisterClasses(classes);
+    auto& pages = Registry().Pages;
+    auto place = std::ranges::find_if(pages, [&](const TPalettePage& each) { return each.Name == page; });
+    if (place == pages.end())
+        place = pages.insert(pages.end(), TPalettePage{page, {}});
+    for (const TClassInfo* info : classes) {
+        if (std::ranges::find(place->Classes, info) == place->Classes.end())
+            place->Classes.push_back(info);
+    }
+}
+
+const std::vector<TPalettePage>& PalettePages() {
+    return Registry().Pages;
+}
+
+} // namespace framework
