@@ -1,0 +1,25 @@
+#include "framework/graphics/textmetrics.h"
+
+namespace framework {
+
+TTextMeasure::TTextMeasure(const TFont& font)
+    : FDC(nullptr), FFont(font.GetSharedHandle()), FSelected(FDC, FFont.get()) {
+    ::GetTextMetricsW(FDC, &FMetrics);
+}
+
+TSize TTextMeasure::Extent(StringView text) const {
+    SIZE size{};
+    ::GetTextExtentPoint32W(FDC, WideData(text), static_cast<int>(text.size()), &size);
+    return FromWin(size);
+}
+
+TSize TTextMeasure::Layout(StringView text, UINT flags, int width) const {
+    if (text.empty())
+        return {0, LineHeight()};
+    RECT rect{0, 0, width, 0};
+    ::DrawTextW(FDC, WideData(text), static_cast<int>(text.size()), &rect,
+                (flags & ~UINT{DT_MODIFYSTRING}) | DT_CALCRECT);
+    return {static_cast<int>(rect.right - rect.left), static_cast<int>(rect.bottom - rect.top)};
+}
+
+} // namespace framework
