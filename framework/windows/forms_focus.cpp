@@ -1,0 +1,162 @@
+// The focus on a form: which control has it, who is told when it moves, and the keys that move it.
+
+#include "framework/windows/application.h"
+#include "framework/windows/forms.h"
+#include "framework/windows/hints.h"
+
+namespace framework {
+
+void TCustomForm::SetActiveControl(TWinControl* value) {
+    if (FActiveControl == value)
+        return;
+    if (value && (value == this || GetParentForm(value) != this || (!IsLoading() && !value->CanFocus())))
+        throw EInvalidOperation(u"Cannot focus a disabled or invisible window");
+    FActiveControl = value;
+    if (value)
+        FreeNotification(value);
+    if (IsLoading() || !FActive)
+        return;
+    TakeWindowFocus();
+}
+
+void TCustomForm::FocusControl(TWinControl* control) {
+    if (control == this) {
+        if (HandleAllocated())
+            ::SetFocus(FHandle);
+        return;
+    }
+    if (!control->CanFocus())
+        throw EInvalidOperation(u"Cannot focus a disabled or invisible window");
+    if (!GetShowing()) {
+        FActiveControl = control; // it gets the focus when the form is shown
+        FreeNotification(control);
+        return;
+    }
+    ::SetFocus(control->GetHandle());
+}
+
+void TCustomForm::TakeWindowFocus() {
+    if (!HandleAllocated() || !GetShowing() || FFocusSuspended > 0)
+        return;
+    if (!FActiveControl || !FActiveControl->CanFocus()) {
+        std::vector<TWinControl*> list;
+        FActiveControl = FindNextControl(nullptr, true, true, false);
+    }
+    // A form without a control to focus keeps the focus itself, so that it hears keys.
+    const HWND window = FActiveControl ? FActiveControl->GetHandle() : FHandle;
+    if (::GetFocus() != window)
+        ::SetFocus(window);
+}
+
+bool TCustomForm::SetFocusedControl(TWinControl* control) {
+    if (FFocusSuspended > 0)
+        return true;
+    if (control == FFocusedControl)
+        return true;
+    const int change = ++FFocusMessages;
+    TLifeGuard alive(*this);
+    FActiveControl = control;
+    FreeNotification(control);
+    TheScreen().SetActive(this, control);
+    // First those that are left, from the inside out, up to the first that holds the new one as well.
+    while (FFocusedControl && !FFocusedControl->ContainsControl(control)) {
+        TWinControl* leaving = FFocusedControl;
+        FFocusedControl = leaving->GetParent() == this ? nullptr : leaving->GetParent();
+        leaving->Perform(CM_EXIT);
+        if (!alive || change != FFocusMessages)
+            return false;
+    }
+    // Then those that are entered, from the outside in.
+    TLifeGuard targetAlive(*control);
+    while (FFocusedControl != control) {
+        TWinControl* entered = control;
+        while (entered->GetParent() != FFocusedControl && entered->GetParent() != this)
+            entered = entered->GetParent();
+        FFocusedControl = entered;
+        FreeNotification(entered);
+        entered->Perform(CM_ENTER);
+        if (!alive || !targetAlive || change != FFocusMessages)
+            return false;
+        if (!FFocusedControl)
+            return false; // it died or was hidden as it was entered
+    }
+    Perform(CM_FOCUSCHANGED, 0, reinterpret_cast<LPARAM>(control));
+    return alive && targetAlive && change == FFocusMessages;
+}
+
+void TCustomForm::DefocusControl(TWinControl* control, bool removing) {
+    if (FFocusSuspended > 0)
+        return;
+    if (removing && FFocusedControl && control->ContainsControl(FFocusedControl))
+        FFocusedControl = control->GetParent() == this ? nullptr : control->GetParent();
+    if (!FActiveControl || !control->ContainsControl(FActiveControl))
+        return;
+    TLifeGuard alive(*this);
+    TLifeGuard controlAlive(*control);
+    const bool hadFocus = FActiveControl->Focused();
+    FActiveControl = nullptr;
+    if (TheScreen().GetActiveForm() == this)
+        TheScreen().SetActive(this, nullptr);
+    if (IsDestroying() || !hadFocus)
+        return;
+    // The user goes on with the next one rather than with a form that hears no keys.
+    TWinControl* next = FindNextControl(control, true, true, false);
+    if (next && !control->ContainsControl(next))
+        ::SetFocus(next->GetHandle());
+    else
+        ::SetFocus(FHandle);
+}
+
+void TCustomForm::WMActivate(TMessage& message) {
+    const bool active = LowWord(message.WParam) != WA_INACTIVE;
+    TLifeGuard alive(*this);
+    if (active != FActive) {
+        FActive = active;
+        if (active)
+            TheScreen().SetActive(this, FActiveControl);
+        else
+            HideHint();
+        Perform(active ? CM_ACTIVATE : CM_DEACTIVATE);
+    }
+    // The native procedure gives the window the focus, and so WM_SETFOCUS passes it on to the active control.
+    if (alive)
+        TWinControl::DefaultHandler(message);
+}
+
+void TCustomForm::Activate() {
+    Fire(*this, OnActivate, this);
+}
+
+void TCustomForm::Deactivate() {
+    Fire(*this, OnDeactivate, this);
+}
+
+void TCustomForm::CMDialogKey(TMessage& message) {
+    if (GetKeyState(VK_MENU) < 0) {
+        TWinControl::CMDialogKey(message);
+        return;
+    }
+    switch (message.WParam) {
+    case VK_TAB:
+        if (GetKeyState(VK_CONTROL) < 0)
+            break;
+        SelectNext(FActiveControl, GetKeyState(VK_SHIFT) >= 0, true);
+        message.Result = 1;
+        return;
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_UP:
+    case VK_DOWN:
+        if (!FActiveControl)
+            break;
+        FActiveControl->GetParent()->SelectNext(FActiveControl, message.WParam == VK_RIGHT || message.WParam == VK_DOWN,
+                                                false);
+        message.Result = 1;
+        return;
+    default:
+        break;
+    }
+    TWinControl::CMDialogKey(message);
+}
+
+} // namespace framework

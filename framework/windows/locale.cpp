@@ -1,0 +1,66 @@
+#include "framework/windows/locale.h"
+
+#include "framework/graphics/win32.h"
+
+namespace framework {
+
+namespace {
+
+String LocaleText(LCTYPE type, const String& fallback) {
+    wchar_t buffer[128];
+    const int length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, buffer, ARRAYSIZE(buffer));
+    return length > 0 ? FromWide(buffer, static_cast<std::size_t>(length) - 1) : fallback;
+}
+
+char16_t LocaleChar(LCTYPE type, char16_t fallback) {
+    const String text = LocaleText(type, {});
+    return text.empty() ? fallback : text[0];
+}
+
+int LocaleNumber(LCTYPE type, int fallback) {
+    DWORD value = 0;
+    return GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type | LOCALE_RETURN_NUMBER, reinterpret_cast<wchar_t*>(&value),
+                           sizeof(value) / sizeof(wchar_t)) > 0
+               ? static_cast<int>(value)
+               : fallback;
+}
+
+} // namespace
+
+TFormatSettings UserFormatSettings() {
+    TFormatSettings settings;
+    settings.DecimalSeparator = LocaleChar(LOCALE_SDECIMAL, settings.DecimalSeparator);
+    settings.ThousandSeparator = LocaleChar(LOCALE_STHOUSAND, u'\0');
+    settings.ListSeparator = LocaleChar(LOCALE_SLIST, settings.ListSeparator);
+    settings.ShortDateFormat = LocaleText(LOCALE_SSHORTDATE, settings.ShortDateFormat);
+    settings.LongDateFormat = LocaleText(LOCALE_SLONGDATE, settings.LongDateFormat);
+    settings.ShortTimeFormat = LocaleText(LOCALE_SSHORTTIME, settings.ShortTimeFormat);
+    settings.LongTimeFormat = LocaleText(LOCALE_STIMEFORMAT, settings.LongTimeFormat);
+    settings.TimeAMString = LocaleText(LOCALE_S1159, settings.TimeAMString);
+    settings.TimePMString = LocaleText(LOCALE_S2359, settings.TimePMString);
+    settings.CurrencyString = LocaleText(LOCALE_SCURRENCY, settings.CurrencyString);
+    settings.CurrencyFormat = static_cast<std::uint8_t>(LocaleNumber(LOCALE_ICURRENCY, settings.CurrencyFormat));
+    settings.NegCurrFormat = static_cast<std::uint8_t>(LocaleNumber(LOCALE_INEGCURR, settings.NegCurrFormat));
+    settings.CurrencyDecimals = static_cast<std::uint8_t>(LocaleNumber(LOCALE_ICURRDIGITS, settings.CurrencyDecimals));
+    // The date separator is the first character of the short date that is no date letter.
+    const std::size_t dateSeparator = settings.ShortDateFormat.find_first_not_of(u"dMyg");
+    settings.DateSeparator =
+        dateSeparator == String::npos ? settings.DateSeparator : settings.ShortDateFormat[dateSeparator];
+    const std::size_t timeSeparator = settings.LongTimeFormat.find_first_not_of(u"hHmst");
+    settings.TimeSeparator =
+        timeSeparator == String::npos ? settings.TimeSeparator : settings.LongTimeFormat[timeSeparator];
+    for (std::size_t i = 0; i < 12; ++i) {
+        const auto month = static_cast<LCTYPE>(i);
+        settings.ShortMonthNames[i] = LocaleText(LOCALE_SABBREVMONTHNAME1 + month, settings.ShortMonthNames[i]);
+        settings.LongMonthNames[i] = LocaleText(LOCALE_SMONTHNAME1 + month, settings.LongMonthNames[i]);
+    }
+    for (std::size_t i = 0; i < 7; ++i) {
+        // The system counts days from Monday, the settings from Sunday.
+        const auto day = static_cast<LCTYPE>((i + 6) % 7);
+        settings.ShortDayNames[i] = LocaleText(LOCALE_SABBREVDAYNAME1 + day, settings.ShortDayNames[i]);
+        settings.LongDayNames[i] = LocaleText(LOCALE_SDAYNAME1 + day, settings.LongDayNames[i]);
+    }
+    return settings;
+}
+
+} // namespace framework

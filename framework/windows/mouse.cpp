@@ -1,0 +1,111 @@
+#include "framework/windows/mouse.h"
+
+#include "framework/windows/application.h"
+#include "framework/windows/hints.h"
+
+namespace framework {
+
+TShiftState ShiftStateFromMouse(WPARAM keys) {
+    TShiftState shift;
+    if (keys & MK_SHIFT)
+        shift << ssShift;
+    if (keys & MK_CONTROL)
+        shift << ssCtrl;
+    if (keys & MK_LBUTTON)
+        shift << ssLeft;
+    if (keys & MK_RBUTTON)
+        shift << ssRight;
+    if (keys & MK_MBUTTON)
+        shift << ssMiddle;
+    if (GetKeyState(VK_MENU) < 0)
+        shift << ssAlt;
+    return shift;
+}
+
+TShiftState ShiftStateFromKeyboard() {
+    TShiftState shift;
+    if (GetKeyState(VK_SHIFT) < 0)
+        shift << ssShift;
+    if (GetKeyState(VK_CONTROL) < 0)
+        shift << ssCtrl;
+    if (GetKeyState(VK_MENU) < 0)
+        shift << ssAlt;
+    return shift;
+}
+
+TMouseTracker& MouseTracker() {
+    static TMouseTracker tracker;
+    return tracker;
+}
+
+TControl* TMouseTracker::GetCapture() const {
+    const HWND window = ::GetCapture();
+    if (!window)
+        return nullptr;
+    TControl* graphic = CapturedGraphic(window);
+    return graphic ? graphic : FindControl(window);
+}
+
+void TMouseTracker::SetCapture(TControl* control) {
+    if (!control) {
+        FCapture = nullptr;
+        ReleaseCapture();
+        return;
+    }
+    auto* window = As<TWinControl>(control);
+    if (!window)
+        window = control->GetParent();
+    if (!window)
+        return;
+    FCapture = control;
+    ::SetCapture(window->GetHandle());
+}
+
+TControl* TMouseTracker::CapturedGraphic(HWND window) const {
+    if (!FCapture || ::GetCapture() != window || !As<TGraphicControl>(FCapture))
+        return nullptr;
+    const TWinControl* parent = FCapture->GetParent();
+    return parent && parent->HandleAllocated() && parent->GetHandle() == window ? FCapture : nullptr;
+}
+
+void TMouseTracker::MovedOver(TControl* control, HWND window) {
+    if (FTracked != window) {
+        TRACKMOUSEEVENT request{sizeof(request), TME_LEAVE, window, 0};
+        if (TrackMouseEvent(&request))
+            FTracked = window;
+    }
+    ChangeOver(control);
+}
+
+void TMouseTracker::LeftWindow(HWND window) {
+    if (FTracked != window)
+        return;
+    FTracked = nullptr;
+    const TWinControl* owner = FindControl(window);
+    if (owner && FOver && (FOver == owner || FOver->GetParent() == owner))
+        ChangeOver(nullptr);
+}
+
+void TMouseTracker::ChangeOver(TControl* control) {
+    if (FOver == control)
+        return;
+    TControl* left = FOver;
+    FOver = control;
+    if (left)
+        left->Perform(CM_MOUSELEAVE);
+    // The handler may have destroyed the control that was entered; Forget has then cleared FOver.
+    if (FOver && FOver == control)
+        control->Perform(CM_MOUSEENTER);
+    HintMouseOver(FOver);
+}
+
+void TMouseTracker::Forget(TControl* control) {
+    if (FCapture == control)
+        FCapture = nullptr;
+    if (FOver == control) {
+        FOver = nullptr;
+        HintMouseOver(nullptr);
+    }
+}
+
+} // namespace framework

@@ -1,0 +1,477 @@
+// The controls on a control: their order, layout, tab order, and the properties that reach them from above.
+
+#include "framework/windows/wincontrol.h"
+
+#include "framework/graphics/brushes.h"
+#include "framework/graphics/canvas.h"
+#include "framework/graphics/handles.h"
+#include "framework/system/numbers.h"
+#include "framework/windows/application.h"
+
+#include <algorithm>
+
+namespace framework {
+
+const TClassInfo& TWinControl::StaticClass() {
+    static const TClassInfo info = DescribeClass<TWinControl>(u"TWinControl", TControl::StaticClass());
+    return info;
+}
+
+TWinControl::TWinControl(TComponent* owner) : TControl(owner), FBrush(std::make_unique<TBrush>()) {
+    FHasWindow = true;
+    FControlStyle << csOpaque;
+    FBrush->SetColor(GetColor());
+}
+
+TWinControl::~TWinControl() {
+    Destroying();
+    if (TCustomForm* form = GetParentForm(this); form && form != this)
+        form->DefocusControl(this, true);
+    // The window first, all children's windows with it in one call; then nothing can send messages any more.
+    DestroyHandle();
+    while (!FWindows.empty() || !FGraphics.empty()) {
+        TControl* child = FWindows.empty() ? FGraphics.back() : FWindows.back();
+        RemoveControl(child);
+    }
+}
+
+// Children
+
+TControl* TWinControl::GetControl(int index) const {
+    const auto place = static_cast<std::size_t>(index);
+    if (index < 0 || index >= GetControlCount())
+        throw EListError(u"Control index out of bounds (" + IntToStr(index) + u")");
+    return place < FGraphics.size() ? FGraphics[place] : FWindows[place - FGraphics.size()];
+}
+
+void TWinControl::InsertControl(TControl* control) {
+    auto* window = As<TWinControl>(control);
+    if (window) {
+        FWindows.push_back(window);
+        FTabList.push_back(window);
+    } else {
+        FGraphics.push_back(control);
+    }
+    control->FParent = this;
+    if (IsDestroying())
+        return;
+    if (!control->IsLoading())
+        control->ApplyParentProperties();
+    Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 1);
+    if (window)
+        window->UpdateControlState();
+    else
+        control->Invalidate();
+    control->UpdateAnchorBase();
+    AlignControl(control);
+}
+
+void TWinControl::RemoveControl(TControl* control) {
+    if (control->FParent != this)
+        return;
+    if (!IsDestroying())
+        Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 0);
+    if (auto* window = As<TWinControl>(control)) {
+        if (TCustomForm* form = GetParentForm(this); form && !window->IsDestroying())
+            form->DefocusControl(window, true);
+        window->DestroyHandle();
+        std::erase(FWindows, window);
+        std::erase(FTabList, window);
+    } else {
+        if (!IsDestroying())
+            control->Invalidate();
+        // Mostly the last one that came goes first.
+        const auto found = std::find(FGraphics.rbegin(), FGraphics.rend(), control);
+        if (found != FGraphics.rend())
+            FGraphics.erase(std::next(found).base());
+    }
+    control->FParent = nullptr;
+    if (!IsDestroying())
+        Realign();
+}
+
+TControl* TWinControl::ControlAtPos(TPoint point, bool allowDisabled, bool allowWindows) const {
+    const auto isHit = [&](TControl* child) {
+        if (!child->GetBoundsRect().Contains(point) || !(child->GetVisible() || IsDesigning()))
+            return false;
+        if (!child->GetEnabled() && !allowDisabled)
+            return false;
+        const TPoint inside{point.X - child->GetLeft(), point.Y - child->GetTop()};
+        return child->Perform(CM_HITTEST, 0, PointToLParam(inside)) != 0;
+    };
+    if (allowWindows) {
+        const auto window = std::find_if(FWindows.rbegin(), FWindows.rend(), isHit);
+        if (window != FWindows.rend())
+            return *window;
+    }
+    const auto graphic = std::find_if(FGraphics.rbegin(), FGraphics.rend(), isHit);
+    return graphic == FGraphics.rend() ? nullptr : *graphic;
+}
+
+void TWinControl::Broadcast(TMessage& message) {
+    TLifeGuard alive(*this);
+    for (int i = 0; alive && i < GetControlCount() && message.Result == 0; ++i)
+        GetControl(i)->WndProc(message);
+}
+
+void TWinControl::NotifyControls(UINT message) {
+    TMessage record{message, 0, 0, 0};
+    for (int i = 0; i < GetControlCount(); ++i) {
+        record.Result = 0;
+        GetControl(i)->WndProc(record);
+    }
+}
+
+std::vector<TComponent*> TWinControl::GetChildren(TComponent* root) const {
+    std::vector<TComponent*> children;
+    for (int i = 0; i < GetControlCount(); ++i) {
+        TControl* child = GetControl(i);
+        if (child->GetOwnerComponent() == root)
+            children.push_back(child);
+    }
+    return children;
+}
+
+void TWinControl::SetChildOrder(TComponent* child, int order) {
+    const auto move = [order](auto& list, auto* item) {
+        const auto found = std::find(list.begin(), list.end(), item);
+        if (found == list.end())
+            return;
+        list.erase(found);
+        const auto place = std::clamp<std::ptrdiff_t>(order, 0, static_cast<std::ptrdiff_t>(list.size()));
+        list.insert(list.begin() + place, item);
+    };
+    if (auto* window = As<TWinControl>(child))
+        move(FWindows, window);
+    else if (auto* control = As<TControl>(child))
+        move(FGraphics, control);
+}
+
+void TWinControl::SetChildZOrder(TControl* child, bool topmost) {
+    const auto move = [topmost](auto& list, auto* item) {
+        const auto found = std::find(list.begin(), list.end(), item);
+        if (found == list.end())
+            return;
+        if (topmost)
+            std::rotate(found, found + 1, list.end());
+        else
+            std::rotate(list.begin(), found, found + 1);
+    };
+    if (auto* window = As<TWinControl>(child)) {
+        move(FWindows, window);
+        if (window->HandleAllocated())
+            SetWindowPos(window->FHandle, topmost ? HWND_TOP : HWND_BOTTOM, 0, 0, 0, 0,
+                         SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    } else {
+        move(FGraphics, child);
+        child->Invalidate();
+    }
+}
+
+void TWinControl::ScrollBy(int deltaX, int deltaY) {
+    if (HandleAllocated())
+        ScrollWindowEx(FHandle, deltaX, deltaY, nullptr, nullptr, nullptr, nullptr,
+                       SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+    DisableAlign();
+    for (int i = 0; i < GetControlCount(); ++i) {
+        TControl* child = GetControl(i);
+        auto* window = As<TWinControl>(child);
+        if (window && window->HandleAllocated() && HandleAllocated())
+            window->SizeFromWindow();
+        else
+            child->UpdateBoundsDirect(child->GetLeft() + deltaX, child->GetTop() + deltaY, child->GetWidth(),
+                                      child->GetHeight());
+    }
+    EnableAlign();
+}
+
+// Layout
+
+void TWinControl::DisableAlign() {
+    ++FAlignLevel;
+}
+
+void TWinControl::EnableAlign() {
+    if (--FAlignLevel == 0 && FControlState.Contains(csAlignmentNeeded))
+        Realign();
+}
+
+void TWinControl::Realign() {
+    AlignControl(nullptr);
+}
+
+void TWinControl::AlignControl(TControl* control) {
+    if (IsDestroying())
+        return;
+    if (FAlignLevel > 0 || IsLoading()) {
+        FControlState << csAlignmentNeeded;
+        return;
+    }
+    ++FAlignLevel;
+    FControlState >> csAlignmentNeeded;
+    TRect client = GetClientRect();
+    AlignControls(control, client);
+    --FAlignLevel;
+    FControlState >> csAlignmentNeeded;
+}
+
+void TWinControl::AlignControls(TControl*, TRect& client) {
+    const TSize extent{client.Width(), client.Height()};
+    AdjustClientRect(client);
+    std::vector<TControl*> controls;
+    std::vector<TAlignedChild> places;
+    const TAnchors none{akLeft, akTop};
+    for (int i = 0; i < GetControlCount(); ++i) {
+        TControl* child = GetControl(i);
+        if (child->FAlign == alNone || child->FAlign == alCustom) {
+            if (child->FAnchors == none || child->FAnchorBase.Parent == extent)
+                continue;
+            child->FAligning = true;
+            child->SetBoundsRect(AnchoredPlace(child->FAnchorBase, child->FAnchors, extent));
+            child->FAligning = false;
+        } else if (child->GetVisible() || IsDesigning()) {
+            controls.push_back(child);
+            places.push_back({child->FAlign, child->GetBoundsRect()});
+        }
+    }
+    client = AlignChildren(client, places);
+    for (std::size_t i = 0; i < controls.size(); ++i)
+        controls[i]->SetBoundsRect(places[i].Place);
+}
+
+void TWinControl::ChangeScale(int m, int d) {
+    DisableAlign();
+    ScaleControls(m, d);
+    TControl::ChangeScale(m, d);
+    EnableAlign();
+}
+
+void TWinControl::ScaleControls(int m, int d) {
+    for (int i = 0; i < GetControlCount(); ++i)
+        GetControl(i)->ChangeScale(m, d);
+}
+
+// Tab order
+
+int TWinControl::GetTabOrder() const {
+    if (!GetParent())
+        return -1;
+    const auto& list = GetParent()->FTabList;
+    const auto found = std::find(list.begin(), list.end(), this);
+    return static_cast<int>(found - list.begin());
+}
+
+void TWinControl::SetTabOrder(int value) {
+    if (GetParent() && GetParent()->IsLoading()) {
+        FLoadingTabOrder = value; // the siblings that come before it may not be there yet
+        return;
+    }
+    if (!GetParent())
+        return;
+    auto& list = GetParent()->FTabList;
+    const auto found = std::find(list.begin(), list.end(), this);
+    if (found == list.end())
+        return;
+    list.erase(found);
+    const auto last = static_cast<std::ptrdiff_t>(list.size());
+    list.insert(list.begin() + (value < 0 ? last : std::min<std::ptrdiff_t>(value, last)), this);
+}
+
+void TWinControl::FixupTabOrder() {
+    std::stable_sort(FTabList.begin(), FTabList.end(), [](const TWinControl* left, const TWinControl* right) {
+        // Those without a stated order keep their place behind the others.
+        const auto key = [](const TWinControl* each) {
+            return each->FLoadingTabOrder < 0 ? INT_MAX : each->FLoadingTabOrder;
+        };
+        return key(left) < key(right);
+    });
+    for (TWinControl* window : FTabList)
+        window->FLoadingTabOrder = -1;
+}
+
+void TWinControl::SetTabStop(bool value) {
+    if (FTabStop == value)
+        return;
+    FTabStop = value;
+    if (HandleAllocated()) {
+        const LONG_PTR style = GetWindowLongPtrW(FHandle, GWL_STYLE);
+        SetWindowLongPtrW(FHandle, GWL_STYLE, value ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP});
+    }
+    Perform(CM_TABSTOPCHANGED);
+}
+
+void TWinControl::GetTabOrderList(std::vector<TWinControl*>& list) const {
+    for (TWinControl* window : FTabList) {
+        list.push_back(window);
+        window->GetTabOrderList(list);
+    }
+}
+
+TWinControl* TWinControl::FindNextControl(TWinControl* current, bool goForward, bool checkTabStop,
+                                          bool checkParent) const {
+    std::vector<TWinControl*> list;
+    GetTabOrderList(list);
+    if (list.empty())
+        return nullptr;
+    const auto count = static_cast<std::ptrdiff_t>(list.size());
+    const auto found = std::find(list.begin(), list.end(), current);
+    std::ptrdiff_t start = found - list.begin();
+    if (found == list.end())
+        start = goForward ? count - 1 : 0;
+    for (std::ptrdiff_t step = 1; step <= count; ++step) {
+        TWinControl* candidate = list[static_cast<std::size_t>((start + (goForward ? step : count - step)) % count)];
+        if (candidate->CanFocus() && (!checkTabStop || candidate->FTabStop) &&
+            (!checkParent || candidate->GetParent() == this))
+            return candidate;
+    }
+    return nullptr;
+}
+
+void TWinControl::SelectNext(TWinControl* current, bool goForward, bool checkTabStop) {
+    if (TWinControl* next = FindNextControl(current, goForward, checkTabStop, !checkTabStop))
+        next->SetFocus();
+}
+
+bool TWinControl::CanFocus() const {
+    const TCustomForm* form = GetParentForm(this);
+    if (!form)
+        return false;
+    for (const TWinControl* control = this; control != form; control = control->GetParent()) {
+        if (!control->GetVisible() || !control->GetEnabled())
+            return false;
+    }
+    return form->GetEnabled();
+}
+
+bool TWinControl::Focused() const {
+    return FHandle && ::GetFocus() == FHandle;
+}
+
+void TWinControl::SetFocus() {
+    if (TCustomForm* form = GetParentForm(this))
+        form->FocusControl(this);
+    else if (FHandle)
+        ::SetFocus(FHandle);
+    else
+        throw EInvalidOperation(u"A control without a parent cannot have the focus");
+}
+
+// Properties that come from above
+
+void TWinControl::SetBrush(TBrush* value) {
+    FBrush->Assign(value);
+}
+
+void TWinControl::SetCtl3D(bool value) {
+    FParentCtl3D = false;
+    if (FCtl3D == value)
+        return;
+    FCtl3D = value;
+    Perform(CM_CTL3DCHANGED);
+}
+
+void TWinControl::SetParentCtl3D(bool value) {
+    if (FParentCtl3D == value)
+        return;
+    FParentCtl3D = value;
+    if (GetParent() && !IsLoading())
+        Perform(CM_PARENTCTL3DCHANGED);
+}
+
+void TWinControl::CMFontChanged(TMessage&) {
+    if (HandleAllocated())
+        SendMessageW(FHandle, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()->GetHandle()), TRUE);
+    NotifyControls(CM_PARENTFONTCHANGED);
+}
+
+void TWinControl::CMColorChanged(TMessage&) {
+    FBrush->SetColor(GetColor());
+    Invalidate();
+    NotifyControls(CM_PARENTCOLORCHANGED);
+}
+
+void TWinControl::CMBiDiModeChanged(TMessage&) {
+    RecreateWnd();
+    NotifyControls(CM_PARENTBIDIMODECHANGED);
+}
+
+void TWinControl::CMVisibleChanged(TMessage&) {
+    if (!GetVisible()) {
+        if (TCustomForm* form = GetParentForm(this); form && form != this)
+            form->DefocusControl(this, false);
+    }
+    UpdateControlState();
+}
+
+void TWinControl::CMEnabledChanged(TMessage&) {
+    TLifeGuard alive(*this);
+    if (!GetEnabled()) {
+        if (TCustomForm* form = GetParentForm(this); form && form != this)
+            form->DefocusControl(this, false);
+    }
+    if (alive && HandleAllocated())
+        EnableWindow(FHandle, GetEnabled());
+}
+
+void TWinControl::Notification(TComponent* component, TOperation operation) {
+    TControl::Notification(component, operation);
+}
+
+void TWinControl::Loaded() {
+    TControl::Loaded();
+    FixupTabOrder();
+    Realign();
+    UpdateControlState();
+}
+
+// Finding controls
+
+TCustomForm* GetParentForm(const TControl* control) {
+    for (; control; control = control->GetParent()) {
+        if (const auto* form = As<TCustomForm>(control))
+            return const_cast<TCustomForm*>(form);
+    }
+    return nullptr;
+}
+
+TControl* FindDragTarget(TPoint screenPoint, bool allowDisabled) {
+    const HWND window = WindowFromPoint({screenPoint.X, screenPoint.Y});
+    TWinControl* control = FindOwningControl(window);
+    if (!control)
+        return nullptr;
+    TControl* child = control->ControlAtPos(control->ScreenToClient(screenPoint), allowDisabled);
+    return child ? child : control;
+}
+
+bool IsAccel(WORD charCode, const String& caption) {
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != u'&')
+            continue;
+        ++i;
+        if (caption[i] == u'&')
+            continue; // a doubled mark is a plain character
+        const wchar_t pair[] = {static_cast<wchar_t>(caption[i]), static_cast<wchar_t>(charCode)};
+        return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, pair, 1, pair + 1, 1) == CSTR_EQUAL;
+    }
+    return false;
+}
+
+// Self-painting controls
+
+const TClassInfo& TCustomControl::StaticClass() {
+    static const TClassInfo info = DescribeClass<TCustomControl>(u"TCustomControl", TWinControl::StaticClass());
+    return info;
+}
+
+TCustomControl::TCustomControl(TComponent* owner) : TWinControl(owner), FCanvas(std::make_unique<TCanvas>()) {
+    FControlState << csCustomPaint;
+}
+
+TCustomControl::~TCustomControl() = default;
+
+void TCustomControl::PaintWindow(HDC dc) {
+    const TCanvasBinding binding(*FCanvas, dc);
+    Paint();
+}
+
+} // namespace framework
