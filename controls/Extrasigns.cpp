@@ -1,0 +1,200 @@
+#include "controls/Extrasigns.h"
+
+#include "foundation/Gradient_rules.h"
+#include "framework/graphics/brushes.h"
+#include "framework/graphics/canvas.h"
+#include "framework/graphics/handles.h"
+#include "framework/graphics/pens.h"
+#include "framework/windows/application.h"
+
+namespace ZOR {
+
+namespace {
+
+// The face of a key: light, so that the letter reads well on the dark ground.
+constexpr TColor kKeyTop = 0xFDFDFD;
+constexpr TColor kKeyBottom = 0xDCDADC;
+constexpr TColor kHotTop = 0xFFF6EA;
+constexpr TColor kHotBottom = 0xF2D9B8;
+constexpr TColor kKeyEdge = 0x4A484A;
+constexpr TColor kHotEdge = 0xB07A3C;
+constexpr TColor kLetter = 0x202020;
+constexpr TColor kBackgroundTop = 0x7F7D7F;
+
+bool ShiftHeld() {
+    return GetAsyncKeyState(VK_SHIFT) < 0;
+}
+
+void FillGradient(HDC dc, const TRect& area, TColor start, TColor end) {
+    for (int i = 0; i < GradientBandCount; ++i) {
+        const TGradientBand band = GradientBand(area, start, end, TGradientAxis::Vertical, i);
+        if (band.Rect.IsEmpty())
+            continue;
+        const TUniqueBrush brush(CreateSolidBrush(static_cast<COLORREF>(band.Color)));
+        const RECT rect = ToWin(band.Rect);
+        FillRect(dc, &rect, brush.Get());
+    }
+}
+
+} // namespace
+
+const TClassInfo& Textrasignsfrm::StaticClass() {
+    static const TClassInfo info = DescribeClass<Textrasignsfrm>(u"Textrasignsfrm", TForm::StaticClass());
+    return info;
+}
+
+Textrasignsfrm::Textrasignsfrm() : TForm(nullptr) {
+    SetDoubleBuffered(true);
+    SetBorderStyle(bsNone);
+    SetPosition(poDesigned);
+    SetScaled(false); // the keys are laid out for the target's monitor at each showing
+    SetColor(ExtraSignsBackground);
+    SetFormStyle(fsStayOnTop);
+    LayOutKeys(ExtraSignsKeySize);
+}
+
+Textrasignsfrm::~Textrasignsfrm() {
+    DestroyHandle();
+}
+
+void Textrasignsfrm::LayOutKeys(int keySize) {
+    FKeySize = keySize;
+    FHot = nullptr;
+    FPressed = nullptr;
+    FKeys = ExtraSignKeys(keySize);
+    const TSize size = ExtraSignsSize(static_cast<int>(FKeys.size()), keySize);
+    SetBounds(GetLeft(), GetTop(), size.Width, size.Height);
+    GetFont()->SetHeight(-MulDiv(keySize, 13, ExtraSignsKeySize));
+}
+
+void Textrasignsfrm::CreateParams(TCreateParams& params) {
+    TForm::CreateParams(params);
+    params.ExStyle |= WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW;
+    if (IsWindow(FTarget))
+        params.WndParent = GetAncestor(FTarget, GA_ROOT); // stays above the form, and goes with it
+}
+
+void Textrasignsfrm::Dispatch(TMessage& message) {
+    if (message.Msg == WM_ERASEBKGND)
+        message.Result = 1; // the gradient covers everything
+    else
+        TForm::Dispatch(message);
+}
+
+void Textrasignsfrm::DoShow() {
+    LayOutKeys(ScaledExtraSignsKeySize(TheScreen().GetPixelsPerInch(FTarget)));
+    MoveUnderTarget();
+    TForm::DoShow();
+}
+
+void Textrasignsfrm::MoveUnderTarget() {
+    RECT target{};
+    if (GetWindowRect(FTarget, &target))
+        SetBounds(target.left, target.bottom, GetWidth(), GetHeight());
+}
+
+// Painting
+
+void Textrasignsfrm::Paint() {
+    PaintBackground();
+    const bool shiftHeld = ShiftHeld();
+    for (const KEYDEF& key : FKeys)
+        PaintKey(key, shiftHeld);
+}
+
+void Textrasignsfrm::PaintBackground() {
+    FillGradient(GetCanvas()->GetHandle(), GetClientRect(), kBackgroundTop, ExtraSignsBackground);
+}
+
+void Textrasignsfrm::PaintKey(const KEYDEF& key, bool shiftHeld) {
+    TCanvas& canvas = *GetCanvas();
+    const bool hot = &key == FHot;
+    const bool pressed = hot && &key == FPressed;
+    const TRect face = key.rect.Inflated(-1, -1);
+    const TColor top = hot ? kHotTop : kKeyTop;
+    const TColor bottom = hot ? kHotBottom : kKeyBottom;
+    FillGradient(canvas.GetHandle(), face, pressed ? bottom : top, pressed ? top : bottom);
+    canvas.GetBrush()->SetColor(hot ? kHotEdge : kKeyEdge);
+    canvas.FrameRect(face);
+    canvas.SetFont(GetFont());
+    canvas.GetFont()->SetColor(kLetter);
+    canvas.GetBrush()->SetStyle(bsClear);
+    TRect text = pressed ? face.Offset(0, 1) : face;
+    const char16_t sign = KeySign(key, shiftHeld);
+    canvas.TextRect(text, StringView(&sign, 1), DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    canvas.GetBrush()->SetStyle(bsSolid);
+}
+
+void Textrasignsfrm::InvalidateKey(const KEYDEF* key) {
+    if (!key || !HandleAllocated())
+        return;
+    const RECT rect = ToWin(key->rect);
+    InvalidateRect(GetHandle(), &rect, FALSE);
+}
+
+// Mouse
+
+void Textrasignsfrm::SetHot(const KEYDEF* key) {
+    if (FHot == key)
+        return;
+    InvalidateKey(FHot);
+    FHot = key;
+    InvalidateKey(FHot);
+}
+
+void Textrasignsfrm::MouseMove(TShiftState shift, int x, int y) {
+    SetHot(KeyAt(FKeys, {x, y}));
+    TForm::MouseMove(shift, x, y);
+}
+
+void Textrasignsfrm::CMMouseLeave(TMessage& message) {
+    SetHot(nullptr);
+    TForm::CMMouseLeave(message);
+}
+
+void Textrasignsfrm::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
+    TForm::MouseDown(button, shift, x, y);
+    if (button != mbLeft)
+        return;
+    FPressed = KeyAt(FKeys, {x, y});
+    SetHot(FPressed);
+    InvalidateKey(FPressed);
+}
+
+void Textrasignsfrm::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
+    TForm::MouseUp(button, shift, x, y);
+    if (button != mbLeft || !FPressed)
+        return;
+    const KEYDEF* key = KeyAt(FKeys, {x, y});
+    const bool clicked = key == FPressed;
+    InvalidateKey(FPressed);
+    FPressed = nullptr;
+    if (clicked)
+        InsertSignOf(*key);
+}
+
+void Textrasignsfrm::InsertSignOf(const KEYDEF& key) {
+    const char16_t sign = KeySign(key, ShiftHeld());
+    const HWND target = FTarget;
+    if (!IsWindow(target))
+        return; // the field has gone meanwhile
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(target, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    const auto length = static_cast<std::size_t>(SendMessageW(target, WM_GETTEXTLENGTH, 0, 0));
+    String text(length, u'\0');
+    const LRESULT copied = SendMessageW(target, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(copied));
+    const auto insertion = InsertSign(text, start, FLengthLimit ? FLengthLimit() : 0, sign);
+    if (!insertion)
+        return;
+    TLifeGuard alive(*this);
+    SendMessageW(target, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(insertion->Text.c_str()));
+    if (!alive)
+        return; // a handler of the change closed the field
+    PostMessageW(target, EM_SETSEL, insertion->Caret, static_cast<LPARAM>(insertion->Caret));
+    PostMessageW(target, WM_KEYUP, 0, 0);
+    PostMessageW(target, ExtraSignsChangedMessage, 0, 0);
+}
+
+} // namespace ZOR

@@ -1,0 +1,56 @@
+#pragma once
+
+// The popup of accented letters that a keyboard may lack. It never takes the activation from the field that opened it
+// and talks to it through window messages alone.
+
+#include "controls/Extrasigns_rules.h"
+#include "framework/windows/forms.h"
+
+namespace ZOR {
+
+/// Posted to the field after the popup changed its text; the field answers with its OnChange.
+inline constexpr UINT ExtraSignsChangedMessage = 2005;
+
+class Textrasignsfrm : public TForm {
+    FRAMEWORK_CLASS(Textrasignsfrm)
+
+public:
+    Textrasignsfrm();
+    ~Textrasignsfrm() override;
+
+    /// The window that receives the letters.
+    void SetTarget(HWND target) { FTarget = target; }
+    HWND GetTarget() const { return FTarget; }
+    /// Asked at each click for the most UTF-16 units the text may have; 0 means no limit.
+    void SetLengthLimit(std::function<int()> limit) { FLengthLimit = std::move(limit); }
+    /// Places the popup's left upper corner at the target's left lower one, wherever the target is now.
+    void MoveUnderTarget();
+    std::span<const KEYDEF> GetKeys() const { return FKeys; }
+
+protected:
+    void CreateParams(TCreateParams& params) override;
+    void Dispatch(TMessage& message) override;
+    void DoShow() override;
+    void Paint() override;
+    void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
+    void MouseMove(TShiftState shift, int x, int y) override;
+    void MouseUp(TMouseButton button, TShiftState shift, int x, int y) override;
+    void CMMouseLeave(TMessage& message) override;
+
+private:
+    void LayOutKeys(int keySize);
+    void PaintBackground();
+    void PaintKey(const KEYDEF& key, bool shiftHeld);
+    void InvalidateKey(const KEYDEF* key);
+    void SetHot(const KEYDEF* key);
+    void InsertSignOf(const KEYDEF& key);
+
+    HWND FTarget = nullptr;
+    std::function<int()> FLengthLimit;
+    int FKeySize = ExtraSignsKeySize;
+    std::vector<KEYDEF> FKeys;
+    const KEYDEF* FHot = nullptr;     // under the mouse
+    const KEYDEF* FPressed = nullptr; // the button went down on it
+};
+
+} // namespace ZOR

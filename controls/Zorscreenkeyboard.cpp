@@ -1,0 +1,34 @@
+#include "controls/Zorscreenkeyboard.h"
+
+namespace ZOR {
+
+void TSignsKeyboard::Toggle(TWinControl& field, std::function<int()> lengthLimit) {
+    if (!FExtraSignsForm) {
+        FExtraSignsForm = std::make_unique<Textrasignsfrm>();
+        FExtraSignsForm->SetLengthLimit(std::move(lengthLimit));
+    }
+    FExtraSignsForm->SetTarget(field.GetHandle());
+    if (FExtraSignsForm->GetVisible())
+        FExtraSignsForm->Hide();
+    else
+        FExtraSignsForm->Show();
+}
+
+void TSignsKeyboard::Follow(TWinControl& field) {
+    if (!IsOpen() || !field.HandleAllocated())
+        return;
+    FExtraSignsForm->SetTarget(field.GetHandle()); // another one after the window was made anew
+    FExtraSignsForm->MoveUnderTarget();
+}
+
+void TSignsKeyboard::ShiftChanged() {
+    if (IsOpen())
+        FExtraSignsForm->Invalidate();
+}
+
+void TSignsKeyboard::Hide() {
+    if (FExtraSignsForm)
+        FExtraSignsForm->Hide();
+}
+
+} // namespace ZOR

@@ -1,0 +1,79 @@
+#pragma once
+
+// F7 for entry fields: TZORScreenKeyboard<TZORFramed<TEdit>> opens the popup of extra letters under the field, keeps
+// it there while the field moves, and closes it when the field is left.
+
+#include "controls/Extrasigns.h"
+#include "foundation/Zorframed.h"
+
+namespace ZOR {
+
+/// The popup of one field, from its first use on.
+class TSignsKeyboard {
+public:
+    /// Shows or hides the popup under `field`; `lengthLimit` tells the field's limit whenever a letter is inserted.
+    void Toggle(TWinControl& field, std::function<int()> lengthLimit);
+    /// Keeps a visible popup under the field.
+    void Follow(TWinControl& field);
+    /// Shows the letters as Shift makes them.
+    void ShiftChanged();
+    void Hide();
+    Textrasignsfrm* GetForm() const { return FExtraSignsForm.get(); }
+
+private:
+    bool IsOpen() const { return FExtraSignsForm && FExtraSignsForm->GetVisible(); }
+
+    std::unique_ptr<Textrasignsfrm> FExtraSignsForm;
+};
+
+template <class TBase>
+class TZORScreenKeyboard : public TBase {
+public:
+    explicit TZORScreenKeyboard(TComponent* owner) : TBase(owner) {}
+    ~TZORScreenKeyboard() override {
+        this->Destroying();
+        this->DestroyHandle(); // no message may ask for a popup that is going
+    }
+
+    /// Opens or closes the popup. A field that is read-only or disabled ignores it.
+    void screenKeyboard() {
+        if (this->GetReadOnly() || !this->GetEnabled())
+            return;
+        FKeyboard.Toggle(*this, [this] { return this->GetMaxLength(); });
+    }
+    Textrasignsfrm* GetExtraSignsForm() const { return FKeyboard.GetForm(); }
+
+    void WndProc(TMessage& message) override {
+        FKeyboard.Follow(*this);
+        switch (message.Msg) {
+        case ExtraSignsChangedMessage:
+            Fire(*this, this->OnChange, this);
+            return;
+        case CM_EXIT:
+            FKeyboard.Hide();
+            break;
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+            if (message.WParam == VK_SHIFT)
+                FKeyboard.ShiftChanged();
+            break;
+        default:
+            break;
+        }
+        TBase::WndProc(message);
+    }
+
+protected:
+    /// F7 belongs to the popup; hosts hear of every other key.
+    void KeyUp(WORD& key, TShiftState shift) override {
+        if (key == VK_F7)
+            screenKeyboard();
+        else
+            Fire(*this, this->OnKeyUp, this, key, shift);
+    }
+
+private:
+    TSignsKeyboard FKeyboard;
+};
+
+} // namespace ZOR

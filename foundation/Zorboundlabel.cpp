@@ -1,0 +1,193 @@
+#include "foundation/Zorboundlabel.h"
+
+namespace ZOR {
+
+const TEnumInfo& DescribeEnum(TCaptionLayout) {
+    static const TEnumInfo info{u"TCaptionLayout", {CaptionLayoutNames.begin(), CaptionLayoutNames.end()}};
+    return info;
+}
+
+const TClassInfo& TZORBoundLabel::StaticClass() {
+    static const TClassInfo info = DescribeClass<TZORBoundLabel>(
+        u"TZORBoundLabel", TPersistent::StaticClass(),
+        {Property<&TZORBoundLabel::GetActive, &TZORBoundLabel::SetActive>(u"Active", false),
+         Property<&TZORBoundLabel::GetAllowClick, &TZORBoundLabel::SetAllowClick>(u"AllowClick", false),
+         Property<&TZORBoundLabel::GetText, &TZORBoundLabel::SetText>(u"Caption"),
+         Property<&TZORBoundLabel::GetEnabledAlways, &TZORBoundLabel::SetEnabledAlways>(u"EnabledAlways", false),
+         Property<&TZORBoundLabel::GetIndent, &TZORBoundLabel::SetIndent>(u"Indent", DefaultLabelIndent),
+         Property<&TZORBoundLabel::GetFont, &TZORBoundLabel::SetFont>(u"Font")
+             .StoredWhen<&TZORBoundLabel::DoStoreFont>(),
+         Property<&TZORBoundLabel::GetLayout, &TZORBoundLabel::SetLayout>(u"Layout", DefaultCaptionLayout),
+         Property<&TZORBoundLabel::GetMaxWidth, &TZORBoundLabel::SetMaxWidth>(u"MaxWidth", 0)});
+    return info;
+}
+
+TZORBoundLabel::TZORBoundLabel(TWinControl* control) : FControl(control), FFont(std::make_unique<TFont>()) {
+}
+
+TZORBoundLabel::~TZORBoundLabel() = default;
+
+void TZORBoundLabel::SetActive(bool value) {
+    if (FActive == value)
+        return;
+    FActive = value;
+    if (value)
+        CreateLabel();
+    else
+        FLabel.reset();
+    SetAllowClick(FAllowClick);
+}
+
+void TZORBoundLabel::CreateLabel() {
+    if (!FLabel)
+        FLabel = std::make_unique<TLabel>(nullptr);
+    FLabel->SetVisible(false);
+    if (FControl->GetParent())
+        FLabel->SetParent(FControl->GetParent());
+    FLabel->SetFocusControl(FControl);
+    FLabel->GetFont()->Assign(FFont.get());
+    UpdateAlignment();
+    const String name = FControl->GetName() + u"_Label";
+    FLabel->SetName(name);
+    if (FCaption.empty())
+        FCaption = name;
+    FLabel->SetText(FCaption);
+    FLabel->SetEnabled(LabelEnabled());
+    FLabel->SetAutoSize(true);
+    FLabel->SetVisible(FControl->GetVisible() || FLabel->GetComponentState().Contains(csDesigning));
+    AlignLabel();
+}
+
+void TZORBoundLabel::SetAllowClick(bool value) {
+    FAllowClick = value;
+    if (!FLabel)
+        return;
+    const TNotifyEvent handler = value ? TNotifyEvent([this](TObject* sender) { DoClick(sender); }) : TNotifyEvent();
+    FLabel->OnClick = handler;
+    FLabel->OnDblClick = handler;
+}
+
+void TZORBoundLabel::DoClick(TObject*) {
+    if (FControl && !FControl->GetComponentState().Contains(csDesigning))
+        FControl->Click();
+}
+
+void TZORBoundLabel::SetText(const String& value) {
+    if (FCaption == value)
+        return;
+    FCaption = value;
+    if (!FActive)
+        return;
+    FLabel->SetText(value);
+    AlignLabel();
+}
+
+void TZORBoundLabel::SetEnabledAlways(bool value) {
+    if (FEnabledAlways == value)
+        return;
+    FEnabledAlways = value;
+    if (FActive)
+        AlignLabel();
+}
+
+void TZORBoundLabel::SetIndent(int value) {
+    if (FIndent == value)
+        return;
+    FIndent = value;
+    if (FActive)
+        AlignLabel();
+}
+
+void TZORBoundLabel::SetMaxWidth(int value) {
+    if (FMaxWidth == value)
+        return;
+    FMaxWidth = value;
+    if (FActive)
+        AlignLabel();
+}
+
+void TZORBoundLabel::SetLayout(TCaptionLayout value) {
+    if (FLayout == value)
+        return;
+    FLayout = value;
+    UpdateAlignment();
+    if (FActive)
+        AlignLabel();
+}
+
+TFont* TZORBoundLabel::GetFont() const {
+    return FLabel ? FLabel->GetFont() : FFont.get();
+}
+
+void TZORBoundLabel::SetFont(TFont* value) {
+    if (FLabel)
+        FLabel->GetFont()->Assign(value);
+    FFont->Assign(value);
+    if (FLabel) {
+        FollowParent();
+        AlignLabel();
+    }
+}
+
+bool TZORBoundLabel::DoStoreFont() const {
+    const TFont usual;
+    const TFont& font = *GetFont();
+    return font.GetColor() != usual.GetColor() || font.GetSize() != usual.GetSize() ||
+           font.GetOrientation() != usual.GetOrientation() || font.GetStyle() != usual.GetStyle() ||
+           font.GetPitch() != usual.GetPitch() || font.GetName() != usual.GetName();
+}
+
+void TZORBoundLabel::UpdateAlignment() {
+    if (FLabel)
+        FLabel->SetAlignment(LabelAlignment(FLayout));
+}
+
+void TZORBoundLabel::FollowParent() {
+    if (FLabel)
+        FLabel->SetParent(FControl->GetParent());
+}
+
+void TZORBoundLabel::AlignLabel() {
+    if (!FLabel || !FLabel->GetVisible())
+        return;
+    TWinControl* parent = FLabel->GetParent();
+    if (parent)
+        parent->DisableAlign();
+    FLabel->GetConstraints()->SetMaxWidth(FMaxWidth);
+    FLabel->SetWordWrap(true);
+    FLabel->SetEnabled(LabelEnabled());
+    FLabel->SetAlign(FLayout == clLeft && FControl->GetAlign() == alLeft ? alLeft : alNone);
+    // One step from the measured text to the final place: each bounds change on the way would repaint the parent.
+    const TRect text = FLabel->GetTextRect({0, 0, LabelWrapWidth(FMaxWidth), 0});
+    const TSize size{text.Width(), text.Height()};
+    const TPoint place = LabelPlace(FControl->GetBoundsRect(), size, FIndent, FLayout);
+    FLabel->SetBounds(place.X, place.Y, size.Width, size.Height);
+    FollowParent();
+    if (parent)
+        parent->EnableAlign();
+}
+
+void TZORBoundLabel::HandleOwnerMsg(TZORBoundLabel* label, const TMessage& msg, TControl* control) {
+    TLabel* shown = label ? label->GetLabel() : nullptr;
+    if (!shown)
+        return;
+    switch (msg.Msg) {
+    case WM_SIZE:
+    case WM_WINDOWPOSCHANGED:
+        break;
+    case CM_VISIBLECHANGED:
+        shown->SetVisible(control->GetVisible());
+        break;
+    case CM_ENABLEDCHANGED:
+        shown->SetEnabled(label->LabelEnabled());
+        break;
+    case CM_BIDIMODECHANGED:
+        shown->SetBiDiMode(control->GetBiDiMode());
+        break;
+    default:
+        return;
+    }
+    label->AlignLabel();
+}
+
+} // namespace ZOR

@@ -1,0 +1,213 @@
+#pragma once
+
+// The framing that the controls share. TZORFramed<TEdit> is a TEdit with a requirement state shown as a coloured frame,
+// a caption label that stays glued to it, and a hint inside while it is empty and without focus. A control takes what
+// it publishes: its table lists the rows of framedrows that belong to it.
+
+#include "foundation/Hintinside_rules.h"
+#include "foundation/Requirement_rules.h"
+#include "foundation/Zorboundlabel.h"
+#include "foundation/Zorutils.h"
+
+namespace ZOR {
+
+/// Fired by hosts that validate a form; the controls store it and never fire it themselves.
+using TValidateRequest = TNotifyEvent;
+
+/// How a control shows a changed state.
+enum class TFrameRepaint {
+    NonClient, ///< WM_NCPAINT at once: only the frame
+    Repaint,   ///< the whole control at once
+    Invalidate ///< the whole control when its turn comes
+};
+
+/// Where framed controls differ. The defaults are the framed edit's behaviour.
+struct TFraming {
+    TRequirementPolicy Requirement = EditRequirement;
+    TFrameRepaint StateChanged = TFrameRepaint::NonClient;
+    TFrameRepaint EnabledChanged = TFrameRepaint::NonClient;
+    bool BoundLabel = true;
+    bool HintInside = true;
+};
+
+inline constexpr TFraming EditFraming{};
+
+/// Repaints as told; a control that has no window yet is painted anyway when it gets one.
+void RepaintFrame(TWinControl& control, TFrameRepaint how);
+/// Paints an empty field with its hint, in grey italics of the control's font, in answer to WM_PAINT.
+void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message);
+
+template <class TBase, const TFraming& Framing = EditFraming>
+class TZORFramed : public TBase {
+public:
+    FRAMEWORK_PROPERTY(TWymagany, Wymagany, GetFWymagany, SetFWymagany);
+    FRAMEWORK_PROPERTY(bool, ShowHintInside, GetFShowHintInside, SetFShowHintInside);
+    FRAMEWORK_PROPERTY(String, HintLabel, GetFLabelHint, SetFLabelHint);
+    FRAMEWORK_PROPERTY(TBorderColors*, BorderColors, GetBorderColors, SetBorderColors);
+    FRAMEWORK_READ_PROPERTY(TZORBoundLabel*, BoundLabel, GetBoundLabel);
+
+    TNotifyEvent OnValidateRequest;
+
+    explicit TZORFramed(TComponent* owner)
+        : TBase(owner), FBorderColors(std::make_unique<TBorderColors>(this)), FRequirement(Framing.Requirement) {
+        if constexpr (Framing.BoundLabel)
+            FBoundLabel = std::make_unique<TZORBoundLabel>(this);
+    }
+    ~TZORFramed() override {
+        this->Destroying();
+        this->DestroyHandle(); // while the frame's colours are there: a dying window may still be painted
+    }
+
+    TWymagany GetFWymagany() const { return FRequirement.Current(); }
+    void SetFWymagany(TWymagany value) {
+        if (FRequirement.Set(value))
+            RepaintFrame(*this, Framing.StateChanged);
+    }
+    bool GetFShowHintInside() const { return FShowHintInside; }
+    void SetFShowHintInside(bool value) {
+        if (FShowHintInside == value)
+            return;
+        FShowHintInside = value;
+        this->Invalidate();
+    }
+    const String& GetFLabelHint() const { return FLabelHint; }
+    void SetFLabelHint(const String& value) {
+        if (FLabelHint == value)
+            return;
+        FLabelHint = value;
+        this->Invalidate();
+    }
+    TBorderColors* GetBorderColors() const { return FBorderColors.get(); }
+    /// Copies the control's colours into `value`, see TBorderColors::Assign.
+    void SetBorderColors(TBorderColors* value) { FBorderColors->Assign(value); }
+    /// Null for controls without a caption label.
+    TZORBoundLabel* GetBoundLabel() const { return FBoundLabel.get(); }
+
+    void SetEnabled(bool value) override {
+        if (this->GetEnabled() == value)
+            return;
+        TLifeGuard alive(*this);
+        TBase::SetEnabled(value);
+        if (alive && FRequirement.SetEnabled(value))
+            RepaintFrame(*this, Framing.EnabledChanged);
+    }
+    void SetParent(TWinControl* value) override {
+        TBase::SetParent(value);
+        if (FBoundLabel)
+            FBoundLabel->FollowParent();
+    }
+
+    void WndProc(TMessage& message) override {
+        TLifeGuard alive(*this);
+        HandleFraming(message);
+        if (alive)
+            TZORBoundLabel::HandleOwnerMsg(FBoundLabel.get(), message, this);
+    }
+
+protected:
+    /// The hint to show in place of the text; empty while there is a text, the focus, or nothing to say.
+    String HintToShow() const {
+        if (!Framing.HintInside || !FUnfocused || !FShowHintInside)
+            return {};
+        return String(HintInsideText({FUnfocused, FShowHintInside, TextIsEmpty(), FLabelHint, this->GetHint()}));
+    }
+    bool TextIsEmpty() const { return this->GetTextLen() == 0; }
+    bool Unfocused() const { return FUnfocused; }
+
+private:
+    void HandleFraming(TMessage& message) {
+        switch (message.Msg) {
+        case CM_GOTFOCUS:
+        case CM_ENTER:
+            FUnfocused = false;
+            InvalidateHint();
+            break;
+        case CM_LOSTFOCUS:
+            InvalidateHint();
+            break;
+        case CM_EXIT:
+            FUnfocused = true;
+            FRequirement.Leave(TextIsEmpty());
+            RepaintFrame(*this, TFrameRepaint::NonClient);
+            break;
+        case CM_MOUSELEAVE:
+            FRequirement.MouseLeave(TextIsEmpty());
+            RepaintFrame(*this, TFrameRepaint::NonClient);
+            break;
+        case CM_MOUSEENTER:
+        case WM_SIZE:
+            RepaintFrame(*this, TFrameRepaint::NonClient);
+            break;
+        case WM_NCPAINT:
+            if (PaintRequirementFrame(this, true))
+                return;
+            break;
+        case WM_PAINT: {
+            const String hint = HintToShow();
+            if (hint.empty())
+                TBase::WndProc(message);
+            else
+                PaintHintInside(*this, hint, message);
+            // The system drew its flat border; the frame goes over it again.
+            if (!this->GetCtl3D())
+                RepaintFrame(*this, TFrameRepaint::NonClient);
+            return;
+        }
+        default:
+            break;
+        }
+        TBase::WndProc(message);
+    }
+
+    void InvalidateHint() {
+        if constexpr (Framing.HintInside)
+            this->Invalidate();
+    }
+
+    // In the order in which they are needed: the label goes first, as it refers to the control.
+    std::unique_ptr<TBorderColors> FBorderColors;
+    std::unique_ptr<TZORBoundLabel> FBoundLabel;
+    TRequirement FRequirement;
+    bool FShowHintInside = true;
+    String FLabelHint;
+    bool FUnfocused = true;
+};
+
+/// The published rows of the framing, for a control's own table in its own order.
+namespace framedrows {
+
+template <class TControl>
+TPropInfo Wymagany() {
+    return Property<&TControl::GetFWymagany, &TControl::SetFWymagany>(u"Wymagany", wNone);
+}
+template <class TControl>
+TPropInfo ShowHintInside() {
+    return Property<&TControl::GetFShowHintInside, &TControl::SetFShowHintInside>(u"ShowHintInside", true);
+}
+template <class TControl>
+TPropInfo HintLabel() {
+    return Property<&TControl::GetFLabelHint, &TControl::SetFLabelHint>(u"HintLabel");
+}
+template <class TControl>
+TPropInfo OnValidateRequest() {
+    return Event<&TControl::OnValidateRequest>(u"OnValidateRequest");
+}
+template <class TControl>
+TPropInfo BorderColors() {
+    return Property<&TControl::GetBorderColors, &TControl::SetBorderColors>(u"BorderColors");
+}
+template <class TControl>
+TPropInfo BoundLabel() {
+    return Property<&TControl::GetBoundLabel>(u"BoundLabel");
+}
+
+/// All six, in the customary order, for controls that have the whole framing.
+template <class TControl>
+std::vector<TPropInfo> All() {
+    return {Wymagany<TControl>(),          ShowHintInside<TControl>(), HintLabel<TControl>(),
+            OnValidateRequest<TControl>(), BorderColors<TControl>(),   BoundLabel<TControl>()};
+}
+
+} // namespace framedrows
+
+} // namespace ZOR
