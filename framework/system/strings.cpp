@@ -224,7 +224,7 @@ String StringOfChar(char16_t unit, int count) {
 String StringReplace(StringView text, StringView oldPart, StringView newPart, TReplaceFlags flags) {
     if (oldPart.empty())
         return String(text);
-    const bool ignoreCase = (flags & rfIgnoreCase) != 0;
+    const bool ignoreCase = flags.Contains(rfIgnoreCase);
     // Folding keeps the length, so positions found in the folded text hold in the text itself.
     const String foldedText = ignoreCase ? Mapped(text, FoldCase) : String();
     const String foldedPart = ignoreCase ? Mapped(oldPart, FoldCase) : String();
@@ -238,7 +238,7 @@ String StringReplace(StringView text, StringView oldPart, StringView newPart, TR
         result += text.substr(copied, found - copied);
         result += newPart;
         copied = found + needle.size();
-        if ((flags & rfReplaceAll) == 0)
+        if (!flags.Contains(rfReplaceAll))
             break;
     }
     result += text.substr(copied);

@@ -3,6 +3,7 @@
 // Text helpers under their customary names. Positions in these helpers are 1-based, 0 meaning "not found";
 // lengths and positions count UTF-16 units. Nothing here depends on the C locale.
 
+#include "framework/system/sets.h"
 #include "framework/system/types.h"
 
 #include <concepts>
@@ -40,15 +41,13 @@ void Insert(StringView part, String& text, int index);
 /// `unit` repeated; empty for a count below 1.
 String StringOfChar(char16_t unit, int count);
 
-/// Options of StringReplace; combine them with |.
-enum TReplaceFlags : unsigned { rfNone = 0, rfReplaceAll = 1, rfIgnoreCase = 2 };
-constexpr TReplaceFlags operator|(TReplaceFlags left, TReplaceFlags right) {
-    return static_cast<TReplaceFlags>(static_cast<unsigned>(left) | static_cast<unsigned>(right));
-}
+/// Options of StringReplace, as in `TReplaceFlags() << rfReplaceAll << rfIgnoreCase`.
+enum TReplaceFlag { rfReplaceAll, rfIgnoreCase };
+using TReplaceFlags = Set<TReplaceFlag>;
 
 /// `text` with the first occurrence of `oldPart`, or with rfReplaceAll every one from the left, replaced by
 /// `newPart`. What was put in is not searched again; an empty `oldPart` replaces nothing. Every unit is copied once.
-String StringReplace(StringView text, StringView oldPart, StringView newPart, TReplaceFlags flags = rfNone);
+String StringReplace(StringView text, StringView oldPart, StringView newPart, TReplaceFlags flags = {});
 
 /// Letters A to Z only; every other unit stays.
 String UpperCase(StringView text);
