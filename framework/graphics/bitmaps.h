@@ -37,8 +37,8 @@ public:
     TCanvas* GetCanvas() const { return FCanvas.get(); }
     /// The DIB section; null while the picture is empty.
     HBITMAP GetHandle() const { return FHandle.Get(); }
-    /// The pixels of a row from the left, 0x00RRGGBB each; the highest byte means nothing. Row 0 is the uppermost.
-    /// EListError when there is no such row.
+    /// The pixels of a row (GetScanLine(y)[x], or the row kept in a pointer) from the left, 0x00RRGGBB each; the
+    /// highest byte means nothing. Row 0 is the uppermost. EListError when there is no such row.
     std::uint32_t* GetScanLine(int row) const;
 
     /// Writes a PNG file; EOSError when that fails.
