@@ -189,9 +189,11 @@ void Textrasignsfrm::InsertSignOf(const KEYDEF& key) {
     if (!insertion)
         return;
     TLifeGuard alive(*this);
+    FInserting = true;
     SendMessageW(target, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(insertion->Text.c_str()));
     if (!alive)
         return; // a handler of the change closed the field
+    FInserting = false;
     PostMessageW(target, EM_SETSEL, insertion->Caret, static_cast<LPARAM>(insertion->Caret));
     PostMessageW(target, WM_KEYUP, 0, 0);
     PostMessageW(target, ExtraSignsChangedMessage, 0, 0);

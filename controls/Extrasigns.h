@@ -25,6 +25,8 @@ public:
     void SetLengthLimit(std::function<int()> limit) { FLengthLimit = std::move(limit); }
     /// Places the popup's left upper corner at the target's left lower one, wherever the target is now.
     void MoveUnderTarget();
+    /// True while a letter is on its way into the target.
+    bool IsInserting() const { return FInserting; }
     std::span<const KEYDEF> GetKeys() const { return FKeys; }
 
 protected:
@@ -51,6 +53,7 @@ private:
     std::vector<KEYDEF> FKeys;
     const KEYDEF* FHot = nullptr;     // under the mouse
     const KEYDEF* FPressed = nullptr; // the button went down on it
+    bool FInserting = false;
 };
 
 } // namespace ZOR

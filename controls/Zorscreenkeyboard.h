@@ -18,6 +18,8 @@ public:
     /// Shows the letters as Shift makes them.
     void ShiftChanged();
     void Hide();
+    /// True while the popup writes into the field: the change is announced when it is complete.
+    bool IsInserting() const { return FExtraSignsForm && FExtraSignsForm->IsInserting(); }
     Textrasignsfrm* GetForm() const { return FExtraSignsForm.get(); }
 
 private:
@@ -64,6 +66,11 @@ public:
     }
 
 protected:
+    /// One inserted letter is one change: the one that the popup announces at its end.
+    void Change() override {
+        if (!FKeyboard.IsInserting())
+            TBase::Change();
+    }
     /// F7 belongs to the popup; hosts hear of every other key.
     void KeyUp(WORD& key, TShiftState shift) override {
         if (key == VK_F7)

@@ -33,6 +33,7 @@ TWinControl::~TWinControl() {
         TControl* child = FWindows.empty() ? FGraphics.back() : FWindows.back();
         RemoveControl(child);
     }
+    SetParent(nullptr); // here, where the parent still knows this for a window
 }
 
 // Children
