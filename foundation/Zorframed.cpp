@@ -36,6 +36,9 @@ void DrawHint(HDC dc, TWinControl& control, const String& hint) {
     const TSavedDC saved(dc);
     SelectObject(dc, font.Get());
     SetBkColor(dc, background);
+    // The outermost pixels are the background's; some native classes erase it only while they paint themselves.
+    const RECT client = ToWin(control.GetClientRect());
+    FrameRect(dc, &client, brush.Get());
     const RECT area = ToWin(place.Background);
     FillRect(dc, &area, brush.Get());
     RECT text = ToWin(place.Text);
