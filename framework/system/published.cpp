@@ -20,6 +20,9 @@ void CheckWritable(const TPersistent& object, const TPropInfo& property) {
 
 /// The integer that a variant means for this property: a number, or one of the names that the property knows.
 std::int64_t OrdinalFromVariant(const TPersistent& object, const TPropInfo& property, const Variant& value) {
+    // As a number True would be -1, which no property of type bool has.
+    if (VarType(value) == varBoolean)
+        return value.AsBoolean() ? 1 : 0;
     if (!VarIsStr(value))
         return value.AsInteger();
     const String text = value.AsString();
