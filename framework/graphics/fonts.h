@@ -6,8 +6,6 @@
 #include "framework/graphics/graphicsobject.h"
 #include "framework/system/sets.h"
 
-#include <compare>
-
 namespace framework {
 
 struct TEnumInfo;

@@ -155,12 +155,14 @@ TEST(Canvas, WritesTextInTheFontsColourOnTheBrush) {
     // Without background, cut off at a rectangle that ends inside the text.
     const auto second = Paper(120, 40);
     second->Canvas->Font = canvas.Font;
+    second->Canvas->FillRect({}); // the context knows the red brush, and texts must not fill with it any more
     second->Canvas->Brush->Style = bsClear;
     const TRect half = Bounds(3, 2, extent.Width / 2, extent.Height);
     second->Canvas->TextRect(half, 3, 2, u"Text");
     const int cut = CountOther(*second, 0xFFFFFF, {0, 0, 120, 40});
     EXPECT_GT(cut, 4);
     EXPECT_LT(cut, letters);
+    EXPECT_EQ(CountOther(*second, 0xFF0000, {0, 0, 120, 40}), 120 * 40) << "no red pixel";
     EXPECT_EQ(CountOther(*second, 0xFFFFFF, half), cut);
 
     TRect room{0, 0, extent.Width, 0};
@@ -197,6 +199,8 @@ TEST(Canvas, GradientRunsFromStartToEnd) {
 
 TEST(Canvas, LeavesTheContextAsItFoundIt) {
     const auto paper = Paper(20, 20);
+    TPen thin; // keeps the handle of the canvas's first pen alive while the saved context remembers it
+    (void)thin.Handle;
     const HDC dc = ::CreateCompatibleDC(nullptr);
     const UINT kinds[] = {OBJ_FONT, OBJ_PEN, OBJ_BRUSH};
     std::vector<HGDIOBJ> before;
@@ -217,6 +221,7 @@ TEST(Canvas, LeavesTheContextAsItFoundIt) {
         canvas.Pen->Width = 3;
         canvas.Rectangle(0, 0, 1, 1);
         ::RestoreDC(dc, saved);
+        EXPECT_EQ(::GetCurrentObject(dc, OBJ_PEN), thin.Handle);
         canvas.Rectangle(0, 0, 1, 1);
         EXPECT_EQ(::GetCurrentObject(dc, OBJ_PEN), canvas.Pen->Handle);
         canvas.Handle = nullptr;
@@ -492,26 +497,42 @@ TEST(Bitmap, PngFilesAreReadBackByTheSystem) {
     ASSERT_TRUE(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
     const unsigned randomSeed = std::random_device()();
     std::mt19937 random(randomSeed);
-    const TSize sizes[] = {{1, 1}, {1, 300}, {700, 1}, {257, 130}, {640, 480}};
+    struct TCase {
+        const char* Name;
+        TSize Size;
+        std::uint32_t Colors; ///< how many different ones
+        int RunLength;        ///< pixels of one colour in a row, on the average
+        int Period;           ///< rows after which the picture repeats
+    };
+    const TCase cases[] = {
+        {"a single pixel", {1, 1}, 0xFFFFFF, 1, 1},
+        {"a single column", {1, 300}, 3, 1, 300},
+        {"a single row", {700, 1}, 3, 50, 1},
+        {"one colour", {640, 480}, 1, 1, 1},
+        {"areas of few colours", {640, 480}, 3, 50, 480},
+        {"noise, which nothing can shorten", {257, 130}, 0xFFFFFF, 1, 130},
+        // The farthest that the format can look back is 32768 bytes; a row here takes 64 and 331.
+        {"repeats just near enough", {21, 1100}, 0xFFFFFF, 1, 512},
+        {"repeats one byte too far", {110, 250}, 0xFFFFFF, 1, 99},
+    };
     const String fileName = TemporaryFile();
-    for (const TSize& size : sizes) {
-        // One colour, long repeats at all distances, and noise, which nothing can shorten.
-        for (const unsigned colors : {1u, 3u, 0xFFFFFFu}) {
-            TBitmap bitmap(size.Width, size.Height);
-            std::uint32_t color = 0;
-            for (int i = 0; i < size.Width * size.Height; ++i) {
-                if (colors > 3 || random() % 50 == 0)
-                    color = random() % colors * (0xFFFFFF / colors);
-                bitmap.GetScanLine(i / size.Width)[i % size.Width] = color;
+    for (const TCase& test : cases) {
+        TBitmap bitmap(test.Size.Width, test.Size.Height);
+        std::uint32_t color = 0;
+        for (int y = 0; y < test.Size.Height; ++y) {
+            std::uint32_t* row = bitmap.GetScanLine(y);
+            for (int x = 0; x < test.Size.Width; ++x) {
+                if (random() % test.RunLength == 0)
+                    color = random() % test.Colors * (0xFFFFFF / test.Colors);
+                row[x] = y < test.Period ? color : bitmap.GetScanLine(y - test.Period)[x];
             }
-            bitmap.SaveToPng(fileName);
-            UINT width = 0;
-            UINT height = 0;
-            const auto decoded = DecodePng(fileName, width, height);
-            EXPECT_EQ((TSize{static_cast<int>(width), static_cast<int>(height)}), size);
-            EXPECT_TRUE(decoded == Pixels(bitmap))
-                << size.Width << "x" << size.Height << ", " << colors << " colours, seed " << randomSeed;
         }
+        bitmap.SaveToPng(fileName);
+        UINT width = 0;
+        UINT height = 0;
+        const auto decoded = DecodePng(fileName, width, height);
+        EXPECT_EQ((TSize{static_cast<int>(width), static_cast<int>(height)}), test.Size) << test.Name;
+        EXPECT_TRUE(decoded == Pixels(bitmap)) << test.Name << ", seed " << randomSeed;
     }
     ::DeleteFileW(WideChars(fileName));
     EXPECT_THROW(TBitmap(1, 1).SaveToPng(u"Q:\\no\\such\\folder.png"), EOSError);
@@ -519,8 +540,9 @@ TEST(Bitmap, PngFilesAreReadBackByTheSystem) {
 }
 
 TEST(Bitmap, PhotographsWindowsWithTheirChildren) {
-    const HWND window = ::CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 100,
-                                          100, 80, 60, nullptr, nullptr, nullptr, nullptr);
+    const HWND window =
+        ::CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_BORDER | WS_VISIBLE | WS_CLIPCHILDREN, 100, 100,
+                          80, 60, nullptr, nullptr, nullptr, nullptr);
     const HWND child = ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_BLACKRECT, 10, 20, 30, 15,
                                          window, nullptr, nullptr, nullptr);
     ASSERT_TRUE(window && child);
@@ -535,10 +557,13 @@ TEST(Bitmap, PhotographsWindowsWithTheirChildren) {
     const TColor face = static_cast<TColor>(ColorToRGB(clBtnFace));
     const TColor inside = static_cast<TColor>(ColorToRGB(cl3DDkShadow)); // what SS_BLACKRECT fills with
     EXPECT_NE(inside, face);
-    EXPECT_EQ(photograph->Canvas->Pixels[10][20], inside);
-    EXPECT_EQ(photograph->Canvas->Pixels[39][34], inside);
-    EXPECT_EQ(photograph->Canvas->Pixels[40][35], face);
-    EXPECT_EQ(photograph->Canvas->Pixels[9][20], face);
+    // The border is one pixel wide.
+    EXPECT_NE(photograph->Canvas->Pixels[0][0], face);
+    EXPECT_EQ(photograph->Canvas->Pixels[1][1], face);
+    EXPECT_EQ(photograph->Canvas->Pixels[10][21], face);
+    EXPECT_EQ(photograph->Canvas->Pixels[11][21], inside);
+    EXPECT_EQ(photograph->Canvas->Pixels[40][35], inside);
+    EXPECT_EQ(photograph->Canvas->Pixels[41][36], face);
 
     const auto screen = CaptureScreen({100, 100, 180, 160});
     EXPECT_TRUE(Pixels(*screen) == Pixels(*photograph));
