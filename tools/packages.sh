@@ -14,7 +14,8 @@ install_missing() {
     fi
     local package missing=()
     local installed
-    installed=" $(dpkg-query -W -f '${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/ii *//g') "
+    # It fails when one of them was never installed, which is no failure here.
+    installed=" $(dpkg-query -W -f '${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/ii *//g' || true) "
     for package in "$@"; do
         [[ $installed == *" $package "* ]] || missing+=("$package")
     done
