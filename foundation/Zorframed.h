@@ -141,6 +141,8 @@ private:
         case WM_NCPAINT:
             if (PaintRequirementFrame(this, true))
                 return;
+            if (message.WParam == 0)
+                message.WParam = 1; // the whole frame, in the one form that themed native painting understands
             break;
         case WM_PAINT: {
             const String hint = HintToShow();

@@ -1,0 +1,536 @@
+// The framed edit as a person meets it: real focus, keys and mouse in real windows, frames read back as pixels.
+
+#include "controls/Zoredit.h"
+#include "framework/graphics/handles.h"
+#include "framework/windows/application.h"
+#include "framework/windows/mouse.h"
+#include "framework/windows/panel.h"
+#include "tests/support/handlecount.h"
+#include "tests/support/input.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace framework;
+using namespace ZOR;
+using namespace testsupport;
+
+/// The colour of a pixel of the whole window, borders included.
+COLORREF WindowPixel(TWinControl& control, int x, int y) {
+    const TWindowDC dc(control.GetHandle(), TWindowDC::Whole);
+    return GetPixel(dc, x, y);
+}
+
+/// How many pixels of the client area are neither the background nor part of a selection.
+int InkPixels(TWinControl& control) {
+    const TWindowDC dc(control.GetHandle());
+    const TRect client = control.GetClientRect();
+    const COLORREF background = ColorToRGB(control.GetColor());
+    int ink = 0;
+    for (int y = 1; y < client.Bottom - 1; ++y) {
+        for (int x = 1; x < client.Right - 1; ++x)
+            ink += GetPixel(dc, x, y) != background ? 1 : 0;
+    }
+    return ink;
+}
+
+class FramedEdit : public testing::Test {
+protected:
+    void SetUp() override {
+        Form = ShowForm();
+        Edit = Add(u"Edit", 40);
+        Other = Add(u"Other", 100);
+        Other->SetFocus();
+        Application->OnException = [this](TObject*, const std::exception& error) { Errors.emplace_back(error.what()); };
+    }
+    void TearDown() override {
+        Form.reset();
+        Application->ProcessMessages();
+        Application->OnException = nullptr;
+        EXPECT_TRUE(Errors.empty()) << Errors.front();
+    }
+
+    TZOREdit* Add(const String& name, int top) {
+        auto* edit = new TZOREdit(Form.get());
+        edit->Name = name;
+        edit->Parent = Form.get();
+        edit->SetBounds(150, top, 121, 21);
+        return edit;
+    }
+    void Leave() {
+        Other->SetFocus();
+        Application->ProcessMessages();
+    }
+    void Paint() {
+        Form->Update();
+        Application->ProcessMessages();
+    }
+    /// Clicks a key of the popup that stands for a letter.
+    void ClickSign(TZOREdit& edit, char16_t lower, TShiftState modifiers = {}) {
+        Textrasignsfrm& popup = *edit.GetExtraSignsForm();
+        for (const KEYDEF& key : popup.GetKeys()) {
+            if (key.lower != lower)
+                continue;
+            const TPoint middle{(key.rect.Left + key.rect.Right) / 2, (key.rect.Top + key.rect.Bottom) / 2};
+            // The pointer first: Wine takes the modifier keys anew from the display when it moves.
+            MoveMouse(popup.ClientToScreen(middle));
+            ASSERT_TRUE(WaitFor([&] { return MouseTracker().GetControl() == &popup; }));
+            const bool shift = modifiers.Contains(ssShift);
+            if (shift)
+                HoldKey(VK_SHIFT, true);
+            ASSERT_TRUE(WaitFor([&] { return (GetAsyncKeyState(VK_SHIFT) < 0) == shift; }));
+            popup.Perform(WM_LBUTTONDOWN, MK_LBUTTON, PointToLParam(middle));
+            popup.Perform(WM_LBUTTONUP, 0, PointToLParam(middle));
+            if (shift)
+                HoldKey(VK_SHIFT, false);
+            Application->ProcessMessages();
+        }
+    }
+    static void HoldKey(WORD key, bool down) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+        input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+        SendInput(1, &input, sizeof(input));
+    }
+
+    std::unique_ptr<TForm> Form;
+    TZOREdit* Edit = nullptr;
+    TZOREdit* Other = nullptr;
+    std::vector<std::string> Errors;
+};
+
+TEST_F(FramedEdit, ShowsEachStateAsAFrameOfItsColour) {
+    const struct {
+        const char* Name;
+        TWymagany State;
+        bool Ctl3D;
+        std::optional<COLORREF> Frame; // nothing: the native border
+    } rows[] = {
+        {"required", wRequired, true, 0xDD9746},
+        {"recommended", wRecommended, true, 0x46C265},
+        {"error", wError, true, 0x0000FF},
+        {"none, sunken", wNone, true, std::nullopt},
+        {"none, flat", wNone, false, 0x808080},
+        {"required, flat", wRequired, false, 0xDD9746},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        Edit->Ctl3D = row.Ctl3D;
+        Edit->Wymagany = row.State;
+        Paint();
+        const int right = Edit->Width - 1;
+        const int bottom = Edit->Height - 1;
+        for (const TPoint corner : {TPoint{0, 0}, TPoint{right, 0}, TPoint{0, bottom}, TPoint{right, bottom},
+                                    TPoint{right / 2, 0}, TPoint{0, bottom / 2}}) {
+            const COLORREF pixel = WindowPixel(*Edit, corner.X, corner.Y);
+            if (row.Frame)
+                EXPECT_EQ(pixel, *row.Frame) << corner.X << "," << corner.Y;
+            else
+                EXPECT_TRUE(pixel != 0xDD9746 && pixel != 0x46C265 && pixel != 0x0000FF)
+                    << std::hex << pixel << " at " << std::dec << corner.X << "," << corner.Y;
+        }
+        if (row.Frame)
+            EXPECT_EQ(WindowPixel(*Edit, 1, 1), 0xFFFFFFu) << "the inner line of the native border";
+    }
+}
+
+TEST_F(FramedEdit, FrameFollowsResizingAndOwnColours) {
+    Edit->Wymagany = wRequired;
+    Edit->BorderColors->RequiredColor = 0x123456;
+    EXPECT_EQ(WindowPixel(*Edit, 0, 0), 0xDD9746u) << "a new colour shows at the next repaint of the frame";
+    Edit->Width = 200;
+    Edit->Height = 30;
+    Paint();
+    EXPECT_EQ(WindowPixel(*Edit, 199, 29), 0x123456u);
+    EXPECT_EQ(WindowPixel(*Edit, 120, 20), 0xFFFFFFu) << "the old corner";
+}
+
+TEST_F(FramedEdit, ErrorEndsWhenAFilledFieldIsLeft) {
+    Edit->Wymagany = wRequired;
+    Edit->Wymagany = wError;
+    Edit->SetFocus();
+    Leave();
+    EXPECT_EQ(Edit->Wymagany, wError) << "still empty";
+    Edit->SetFocus();
+    TypeText(u"ż");
+    ASSERT_TRUE(WaitFor([&] { return Edit->GetTextLen() == 1; }));
+    EXPECT_EQ(Edit->Wymagany, wError) << "still in the field";
+    PressKey(VK_TAB);
+    ASSERT_TRUE(WaitFor([&] { return Other->Focused(); }));
+    EXPECT_EQ(Edit->Wymagany, wRequired);
+    Paint();
+    EXPECT_EQ(WindowPixel(*Edit, 0, 0), 0xDD9746u);
+}
+
+TEST_F(FramedEdit, ErrorEndsWhenTheMouseLeavesAFilledField) {
+    Edit->Text = u"x";
+    MoveMouse(Edit->ClientToScreen({5, 5}));
+    ASSERT_TRUE(WaitFor([&] { return MouseTracker().GetControl() == Edit; }));
+    Edit->Wymagany = wError;
+    MoveMouse(Form->ClientToScreen({5, 5}));
+    EXPECT_TRUE(WaitFor([&] { return Edit->Wymagany == wNone; }));
+}
+
+TEST_F(FramedEdit, DisablingPutsTheStateAside) {
+    Edit->Wymagany = wRequired;
+    Edit->Enabled = false;
+    EXPECT_EQ(Edit->Wymagany, wNone);
+    EXPECT_FALSE(IsWindowEnabled(Edit->Handle));
+    Edit->Enabled = true;
+    EXPECT_EQ(Edit->Wymagany, wRequired);
+    Paint();
+    EXPECT_EQ(WindowPixel(*Edit, 0, 0), 0xDD9746u);
+}
+
+TEST_F(FramedEdit, HintShowsInsideAnEmptyFieldWithoutFocus) {
+    const auto ink = [&] {
+        Paint();
+        return InkPixels(*Edit);
+    };
+    EXPECT_EQ(ink(), 0) << "nothing to say";
+    Edit->Hint = u"abc";
+    Edit->Invalidate();
+    const int hintInk = ink();
+    EXPECT_GT(hintInk, 10) << "the hint stands in for the label of its own";
+    Edit->HintLabel = u"a rather longer hint";
+    EXPECT_GT(ink(), hintInk);
+    Edit->ShowHintInside = false;
+    EXPECT_EQ(ink(), 0);
+    Edit->ShowHintInside = true;
+    EXPECT_GT(ink(), hintInk);
+    Edit->SetFocus();
+    HideCaret(Edit->Handle);
+    EXPECT_EQ(ink(), 0) << "focused";
+    Leave();
+    EXPECT_GT(ink(), hintInk);
+    EXPECT_EQ(Edit->Text, u"") << "the hint is never part of the text";
+    Edit->Color = 0xC0FFFF;
+    Paint();
+    const TWindowDC dc(Edit->Handle);
+    EXPECT_EQ(GetPixel(dc, 0, 0), 0xC0FFFFu) << "the background reaches the frame";
+}
+
+TEST_F(FramedEdit, F7TogglesThePopupUnderTheField) {
+    std::vector<WORD> keysUp;
+    Edit->OnKeyUp = [&](TObject*, WORD& key, TShiftState) { keysUp.push_back(key); };
+    Edit->SetFocus();
+    PressKey(VK_F7);
+    ASSERT_TRUE(WaitFor([&] { return Edit->GetExtraSignsForm() && Edit->GetExtraSignsForm()->Showing; }));
+    Textrasignsfrm& popup = *Edit->GetExtraSignsForm();
+    EXPECT_TRUE(Edit->Focused()) << "the popup takes neither focus nor activation";
+    EXPECT_EQ(GetForegroundWindow(), Form->Handle);
+    RECT field{};
+    GetWindowRect(Edit->Handle, &field);
+    EXPECT_EQ(popup.BoundsRect, Bounds(field.left, field.bottom, 144, 96));
+
+    Edit->Left = 60;
+    Application->ProcessMessages();
+    EXPECT_EQ(popup.Left, field.left - 90) << "the popup stays under the field";
+    PressKey(VK_F7);
+    ASSERT_TRUE(WaitFor([&] { return !popup.Visible; }));
+    PressKey('A');
+    ASSERT_TRUE(WaitFor([&] { return !keysUp.empty(); }));
+    EXPECT_EQ(keysUp, std::vector<WORD>{'A'}) << "F7 belongs to the popup";
+
+    PressKey(VK_F7);
+    ASSERT_TRUE(WaitFor([&] { return popup.Visible; }));
+    Leave();
+    EXPECT_FALSE(popup.Visible) << "left";
+}
+
+TEST_F(FramedEdit, ReadOnlyAndDisabledFieldsIgnoreF7) {
+    Edit->ReadOnly = true;
+    Edit->SetFocus();
+    PressKey(VK_F7);
+    Application->ProcessMessages();
+    Edit->ReadOnly = false;
+    Edit->Enabled = false;
+    Edit->screenKeyboard();
+    EXPECT_EQ(Edit->GetExtraSignsForm(), nullptr);
+}
+
+TEST_F(FramedEdit, SignsGoInAtTheSelectionWithOneChangeEach) {
+    int changes = 0;
+    Edit->Text = u"abc";
+    Edit->MaxLength = 5;
+    Edit->OnChange = [&](TObject*) { ++changes; };
+    Edit->SetFocus();
+    Edit->SelStart = 3;
+    Edit->screenKeyboard();
+    ASSERT_TRUE(WaitFor([&] { return Edit->GetExtraSignsForm()->Showing; }));
+    ClickSign(*Edit, u'č');
+    EXPECT_EQ(Edit->Text, u"abcč");
+    EXPECT_EQ(Edit->SelStart, 4);
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(Edit->Focused());
+    Edit->SelStart = 0;
+    ClickSign(*Edit, u'ž', {ssShift});
+    EXPECT_EQ(Edit->Text, u"Žabcč");
+    ClickSign(*Edit, u'ß');
+    EXPECT_EQ(Edit->Text, u"Žabcč") << "full";
+    Edit->MaxLength = 6;
+    Edit->SelStart = 1;
+    Edit->SelLength = 3;
+    ClickSign(*Edit, u'ß', {ssShift});
+    EXPECT_EQ(Edit->Text, u"Žßabcč") << "the new limit holds, the selected text stays";
+    EXPECT_EQ(Edit->SelLength, 0);
+    EXPECT_EQ(changes, 3);
+}
+
+TEST_F(FramedEdit, LabelStaysGluedAndFollowsTheControl) {
+    TZORBoundLabel& bound = *Edit->BoundLabel;
+    bound.Active = true;
+    TLabel& label = *bound.Label;
+    EXPECT_EQ(bound.Caption, u"Edit_Label");
+    EXPECT_EQ(label.FocusControl, Edit);
+    EXPECT_EQ(label.Left + label.Width + 8, Edit->Left);
+    Edit->Left = 200;
+    EXPECT_EQ(label.Left + label.Width + 8, 200);
+    bound.Layout = clTopLeft;
+    EXPECT_EQ(label.Left, 200);
+    EXPECT_EQ(label.Top + label.Height + 8, Edit->Top);
+    Edit->Top = 60;
+    EXPECT_EQ(label.Top + label.Height + 8, 60);
+    bound.Caption = u"a caption of several words that has to wrap";
+    const int line = label.Height;
+    bound.MaxWidth = 60;
+    EXPECT_LE(label.Width, 60);
+    EXPECT_GE(label.Height, 2 * line);
+    EXPECT_EQ(label.Top + label.Height + 8, 60);
+
+    Edit->Enabled = false;
+    EXPECT_FALSE(label.Enabled);
+    bound.EnabledAlways = true;
+    EXPECT_TRUE(label.Enabled);
+    Edit->Visible = false;
+    EXPECT_FALSE(label.Visible);
+    Edit->Left = 20;
+    Edit->Visible = true;
+    EXPECT_TRUE(label.Visible);
+    EXPECT_EQ(label.Left, 20) << "what a hidden label missed it takes when it is shown";
+    Edit->BiDiMode = bdRightToLeft;
+    EXPECT_EQ(label.BiDiMode, bdRightToLeft);
+
+    TPanel panel(nullptr);
+    panel.Parent = Form.get();
+    Edit->Parent = &panel;
+    EXPECT_EQ(label.Parent, &panel);
+    Edit->Parent = Form.get();
+    bound.Active = false;
+    EXPECT_EQ(bound.Label, nullptr);
+}
+
+TEST_F(FramedEdit, ClickOnTheLabelIsAClickOnTheControl) {
+    int clicks = 0;
+    Edit->OnClick = [&](TObject* sender) { clicks += sender == Edit ? 1 : 0; };
+    Edit->BoundLabel->Active = true;
+    ClickOn(*Edit->BoundLabel->Label);
+    Application->ProcessMessages();
+    EXPECT_EQ(clicks, 0);
+    Edit->BoundLabel->AllowClick = true;
+    ClickOn(*Edit->BoundLabel->Label);
+    EXPECT_TRUE(WaitFor([&] { return clicks == 1; }));
+}
+
+TEST_F(FramedEdit, ColoursAreAssignedTowardsTheGivenObject) {
+    TBorderColors colors(nullptr);
+    int changes = 0;
+    colors.OnChange = [&](TObject*) { ++changes; };
+    Edit->BorderColors->ErrorColor = 0x010203;
+    Edit->BorderColors = &colors;
+    EXPECT_EQ(colors.ErrorColor, 0x010203);
+    EXPECT_EQ(changes, 1);
+    colors.ErrorColor = 0x010203;
+    EXPECT_EQ(changes, 2) << "writing the same colour is a change too";
+    TFont font;
+    EXPECT_THROW(colors.Assign(&font), EConvertError);
+    EXPECT_THROW(Edit->Constraints->Assign(&font), EConvertError);
+}
+
+TEST_F(FramedEdit, ANewWindowKeepsEverything) {
+    Edit->Text = u"Zażółć";
+    Edit->Font->Style = {fsBold};
+    Edit->Wymagany = wRecommended;
+    Edit->BoundLabel->Active = true;
+    Edit->SetFocus();
+    Edit->SelStart = 1;
+    Edit->SelLength = 3;
+    int exits = 0;
+    Edit->OnExit = [&](TObject*) { ++exits; };
+    const HWND before = Edit->Handle;
+    Edit->Ctl3D = false;
+    ASSERT_NE(Edit->Handle, before);
+    Paint();
+    EXPECT_EQ(Edit->Text, u"Zażółć");
+    EXPECT_EQ(Edit->SelStart, 1);
+    EXPECT_EQ(Edit->SelLength, 3);
+    EXPECT_TRUE(Edit->Focused());
+    EXPECT_EQ(exits, 0) << "for the user nothing was left";
+    EXPECT_EQ(WindowPixel(*Edit, 0, 0), 0x46C265u);
+    EXPECT_EQ(SendMessageW(Edit->Handle, WM_GETFONT, 0, 0), reinterpret_cast<LRESULT>(Edit->Font->Handle));
+    EXPECT_EQ(Edit->BoundLabel->Label->Left + Edit->BoundLabel->Label->Width + 8, Edit->Left);
+    Edit->screenKeyboard();
+    ASSERT_TRUE(WaitFor([&] { return Edit->GetExtraSignsForm()->Showing; }));
+    ClickSign(*Edit, u'ý');
+    EXPECT_EQ(Edit->Text, u"Zýażółć") << "the popup writes into the new window";
+}
+
+TEST_F(FramedEdit, MayBeDestroyedInItsOwnHandlers) {
+    using TSetup = std::function<void(TZOREdit&, const TNotifyEvent&)>;
+    using TAction = std::function<void(TZOREdit&)>;
+    const struct {
+        const char* Name;
+        TSetup Setup;
+        TAction Action;
+    } rows[] = {
+        {"OnChange by typing", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnChange = kill; },
+         [](TZOREdit& edit) {
+             edit.SetFocus();
+             TypeText(u"a");
+         }},
+        {"OnChange by program", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnChange = kill; },
+         [](TZOREdit& edit) { edit.Text = u"a"; }},
+        {"OnEnter", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnEnter = kill; },
+         [](TZOREdit& edit) { edit.SetFocus(); }},
+        {"OnExit", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnExit = kill; },
+         [](TZOREdit& edit) {
+             edit.SetFocus();
+             PressKey(VK_TAB);
+         }},
+        {"OnKeyDown",
+         [](TZOREdit& edit, const TNotifyEvent& kill) {
+             edit.OnKeyDown = [kill](TObject* sender, WORD&, TShiftState) { kill(sender); };
+         },
+         [](TZOREdit& edit) {
+             edit.SetFocus();
+             PressKey('A');
+         }},
+        {"OnKeyUp",
+         [](TZOREdit& edit, const TNotifyEvent& kill) {
+             edit.OnKeyUp = [kill](TObject* sender, WORD&, TShiftState) { kill(sender); };
+         },
+         [](TZOREdit& edit) {
+             edit.SetFocus();
+             PressKey('A');
+         }},
+        {"OnMouseDown",
+         [](TZOREdit& edit, const TNotifyEvent& kill) {
+             edit.OnMouseDown = [kill](TObject* sender, TMouseButton, TShiftState, int, int) { kill(sender); };
+         },
+         [](TZOREdit& edit) { ClickOn(edit); }},
+        {"OnMouseEnter", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnMouseEnter = kill; },
+         [](TZOREdit& edit) { MoveMouse(edit.ClientToScreen({4, 4})); }},
+        {"OnClick through the label",
+         [](TZOREdit& edit, const TNotifyEvent& kill) {
+             edit.BoundLabel->AllowClick = true;
+             edit.OnClick = kill;
+         },
+         [](TZOREdit& edit) { ClickOn(*edit.BoundLabel->Label); }},
+        {"OnChange by the popup",
+         [](TZOREdit& edit, const TNotifyEvent& kill) {
+             edit.SetFocus();
+             edit.screenKeyboard();
+             edit.OnChange = kill;
+         },
+         [](TZOREdit& edit) {
+             WaitFor([&] { return edit.GetExtraSignsForm()->Showing; });
+             PressMouse(edit.GetExtraSignsForm()->ClientToScreen({10, 10}));
+             ReleaseMouse();
+         }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        MoveMouse(Form->ClientToScreen({2, 2}));
+        Leave();
+        TZOREdit* victim = Add(u"Victim", 160);
+        victim->BoundLabel->Active = true;
+        Application->ProcessMessages();
+        const int before = Form->ControlCount;
+        bool died = false;
+        row.Setup(*victim, [&](TObject* sender) {
+            if (died)
+                return;
+            died = true;
+            delete sender;
+        });
+        row.Action(*victim);
+        EXPECT_TRUE(WaitFor([&] { return died; }));
+        Application->ProcessMessages();
+        EXPECT_EQ(Form->ControlCount, before - 2) << "the field and its label";
+        if (!died)
+            delete victim;
+    }
+}
+
+TEST_F(FramedEdit, AFormMayDieInAHandlerOfItsField) {
+    for (const bool typed : {true, false}) {
+        auto doomed = std::make_unique<TForm>(nullptr);
+        auto* edit = new TZOREdit(doomed.get());
+        edit->Parent = doomed.get();
+        edit->BoundLabel->Active = true;
+        edit->OnChange = [&](TObject*) { doomed.reset(); };
+        ShowAndActivate(*doomed);
+        edit->SetFocus();
+        if (typed)
+            TypeText(u"x");
+        else
+            edit->Text = u"x";
+        EXPECT_TRUE(WaitFor([&] { return !doomed; }));
+        Application->ProcessMessages();
+    }
+    SetForegroundWindow(Form->Handle);
+}
+
+TEST_F(FramedEdit, AHandlerThatThrowsIsReportedAndTheFieldGoesOn) {
+    Edit->OnChange = [](TObject*) { throw Exception(u"from the handler"); };
+    Edit->SetFocus();
+    TypeText(u"ab");
+    ASSERT_TRUE(WaitFor([&] { return Errors.size() == 2; }));
+    EXPECT_EQ(Errors[0], "from the handler");
+    EXPECT_EQ(Edit->Text, u"ab");
+    Errors.clear();
+}
+
+TEST_F(FramedEdit, AParentMayDieBeforeTheControl) {
+    auto panel = std::make_unique<TPanel>(nullptr);
+    panel->Parent = Form.get();
+    Edit->Parent = panel.get();
+    Edit->Text = u"kept";
+    Edit->BoundLabel->Active = true;
+    panel.reset();
+    EXPECT_EQ(Edit->Parent, nullptr);
+    EXPECT_EQ(Edit->Text, u"kept");
+    Edit->BoundLabel->Caption = u"another";
+    Edit->Parent = Form.get();
+    EXPECT_EQ(Edit->BoundLabel->Label->Parent, Form.get());
+    EXPECT_EQ(Edit->Text, u"kept");
+}
+
+TEST_F(FramedEdit, APopupOutlivesTheDeathOfItsTarget) {
+    Textrasignsfrm popup;
+    popup.SetTarget(Edit->Handle);
+    popup.Show();
+    delete Edit;
+    popup.Perform(WM_LBUTTONDOWN, MK_LBUTTON, PointToLParam({10, 10}));
+    popup.Perform(WM_LBUTTONUP, 0, PointToLParam({10, 10}));
+    popup.MoveUnderTarget();
+    EXPECT_TRUE(popup.Visible);
+}
+
+TEST_F(FramedEdit, LeavesNothingBehind) {
+    ExpectSteadyHandles(1000, [&] {
+        auto* edit = Add(u"Passing", 160);
+        edit->BoundLabel->Active = true;
+        edit->HintLabel = u"hint";
+        edit->Wymagany = wError;
+        Form->Update();
+        edit->screenKeyboard();
+        edit->GetExtraSignsForm()->Update();
+        delete edit;
+        Application->ProcessMessages();
+    });
+}
+
+} // namespace
