@@ -1,0 +1,425 @@
+#include "framework/windows/edit.h"
+
+#include "framework/graphics/textmetrics.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace framework {
+
+namespace {
+
+constexpr int kInitialWidth = 121;
+constexpr int kInitialHeight = 21;
+constexpr char16_t kControlA = 1; // the character that Ctrl+A types
+
+/// The text in the letter case that an edit forces, by the user's language.
+String ConvertCase(StringView text, TEditCharCase charCase) {
+    String result(text);
+    if (charCase == ecUpperCase)
+        CharUpperBuffW(WideChars(result), static_cast<DWORD>(result.size()));
+    else if (charCase == ecLowerCase)
+        CharLowerBuffW(WideChars(result), static_cast<DWORD>(result.size()));
+    return result;
+}
+
+} // namespace
+
+const TEnumInfo& DescribeEnum(TEditCharCase) {
+    static const TEnumInfo info{u"TEditCharCase", {u"ecNormal", u"ecUpperCase", u"ecLowerCase"}};
+    return info;
+}
+
+const TClassInfo& TCustomEdit::StaticClass() {
+    static const TClassInfo info =
+        DescribeClass<TCustomEdit>(u"TCustomEdit", TWinControl::StaticClass(), {controlrows::TabStop(true)});
+    return info;
+}
+
+const TClassInfo& TEdit::StaticClass() {
+    namespace row = controlrows;
+    static const TClassInfo info = DescribeClass<TEdit>(
+        u"TEdit", TCustomEdit::StaticClass(),
+        {row::Align(),
+         Property<&TCustomEdit::GetAlignment, &TCustomEdit::SetAlignment>(u"Alignment", taLeftJustify),
+         row::Anchors(),
+         Property<&TCustomEdit::GetAutoSelect, &TCustomEdit::SetAutoSelect>(u"AutoSelect", true),
+         row::AutoSize(true),
+         row::BiDiMode(),
+         row::ControlBorder(
+             Property<&TCustomEdit::GetBorderStyle, &TCustomEdit::SetBorderStyle>(u"BorderStyle", bsSingle)),
+         Property<&TCustomEdit::GetCharCase, &TCustomEdit::SetCharCase>(u"CharCase", ecNormal),
+         row::Color(clWindow),
+         row::Constraints(),
+         row::Ctl3D(),
+         row::DoubleBuffered(),
+         row::Enabled(),
+         row::Font(),
+         Property<&TCustomEdit::GetHideSelection, &TCustomEdit::SetHideSelection>(u"HideSelection", true),
+         Property<&TCustomEdit::GetMaxLength, &TCustomEdit::SetMaxLength>(u"MaxLength", 0),
+         Property<&TCustomEdit::GetNumbersOnly, &TCustomEdit::SetNumbersOnly>(u"NumbersOnly", false),
+         row::ParentBiDiMode(),
+         row::ParentColor(false),
+         row::ParentCtl3D(),
+         row::ParentFont(),
+         row::ParentShowHint(),
+         Property<&TCustomEdit::GetPasswordCharText, &TCustomEdit::SetPasswordCharText>(u"PasswordChar"),
+         Property<&TCustomEdit::GetReadOnly, &TCustomEdit::SetReadOnly>(u"ReadOnly", false),
+         row::ShowHint(),
+         row::TabOrder(),
+         row::TabStop(true),
+         row::Text(),
+         row::Visible(),
+         Event<&TCustomEdit::OnChange>(u"OnChange"),
+         row::OnClick(),
+         row::OnDblClick(),
+         row::OnEnter(),
+         row::OnExit(),
+         row::OnKeyDown(),
+         row::OnKeyPress(),
+         row::OnKeyUp(),
+         row::OnMouseDown(),
+         row::OnMouseEnter(),
+         row::OnMouseLeave(),
+         row::OnMouseMove(),
+         row::OnMouseUp()});
+    return info;
+}
+
+TCustomEdit::TCustomEdit(TComponent* owner) : TWinControl(owner) {
+    FControlStyle >> csCaptureMouse; // the native control captures by itself while text is being selected
+    SetBounds(0, 0, kInitialWidth, kInitialHeight);
+    SetParentColor(false);
+    SetTabStop(true);
+    SetAutoSize(true);
+}
+
+// The window
+
+void TCustomEdit::CreateParams(TCreateParams& params) {
+    TWinControl::CreateParams(params);
+    CreateSubClass(params, WC_EDITW);
+    TAlignment shown = FAlignment;
+    if (UseRightToLeftAlignment() && shown != taCenter)
+        shown = shown == taLeftJustify ? taRightJustify : taLeftJustify;
+    params.ExStyle &= ~static_cast<DWORD>(WS_EX_RIGHT); // would mean ES_RIGHT
+    params.Style |= ES_AUTOHSCROLL;
+    params.Style |= shown == taCenter ? ES_CENTER : shown == taRightJustify ? ES_RIGHT : ES_LEFT;
+    params.Style |= FCharCase == ecUpperCase ? ES_UPPERCASE : FCharCase == ecLowerCase ? ES_LOWERCASE : 0;
+    if (FPasswordChar)
+        params.Style |= ES_PASSWORD;
+    if (FReadOnly)
+        params.Style |= ES_READONLY;
+    if (!FHideSelection)
+        params.Style |= ES_NOHIDESEL;
+    if (FNumbersOnly)
+        params.Style |= ES_NUMBER;
+    if (FBorderStyle == bsSingle) {
+        if (GetCtl3D())
+            params.ExStyle |= WS_EX_CLIENTEDGE;
+        else
+            params.Style |= WS_BORDER;
+    }
+}
+
+void TCustomEdit::CreateWnd() {
+    TWinControl::CreateWnd();
+    if (FPasswordChar)
+        SendMessageW(FHandle, EM_SETPASSWORDCHAR, FPasswordChar, 0);
+    DoSetMaxLength(std::max(FMaxLength, 0));
+    SetSelection(FSelection);
+    SendMessageW(FHandle, EM_SETMODIFY, FModified, 0);
+}
+
+void TCustomEdit::KeepWindowState() {
+    FSelection = GetSelection();
+    FModified = GetModified();
+    TWinControl::KeepWindowState();
+}
+
+void TCustomEdit::ChangeWindowStyle(DWORD style, bool present) {
+    if (!HandleAllocated())
+        return;
+    const LONG_PTR bits = GetWindowLongPtrW(FHandle, GWL_STYLE);
+    const auto changed = static_cast<LONG_PTR>(style);
+    SetWindowLongPtrW(FHandle, GWL_STYLE, present ? bits | changed : bits & ~changed);
+}
+
+bool TCustomEdit::IsMultiLine() const {
+    return HandleAllocated() && (GetWindowLongPtrW(FHandle, GWL_STYLE) & ES_MULTILINE) != 0;
+}
+
+// Setters
+
+void TCustomEdit::SetAlignment(TAlignment value) {
+    if (FAlignment == value)
+        return;
+    FAlignment = value;
+    RecreateWnd();
+}
+
+void TCustomEdit::SetBorderStyle(TBorderStyle value) {
+    if (FBorderStyle == value)
+        return;
+    FBorderStyle = value;
+    AdjustSize();
+    RecreateWnd();
+}
+
+void TCustomEdit::SetCharCase(TEditCharCase value) {
+    if (FCharCase == value)
+        return;
+    FCharCase = value;
+    ChangeWindowStyle(ES_UPPERCASE | ES_LOWERCASE, false);
+    if (value != ecNormal)
+        ChangeWindowStyle(value == ecUpperCase ? ES_UPPERCASE : ES_LOWERCASE, true);
+    SetText(ConvertCase(GetText(), value));
+}
+
+void TCustomEdit::SetHideSelection(bool value) {
+    if (FHideSelection == value)
+        return;
+    FHideSelection = value;
+    RecreateWnd();
+}
+
+void TCustomEdit::SetMaxLength(int value) {
+    value = std::max(value, 0);
+    if (FMaxLength == value)
+        return;
+    FMaxLength = value;
+    if (HandleAllocated())
+        DoSetMaxLength(value);
+}
+
+void TCustomEdit::DoSetMaxLength(int value) {
+    SendMessageW(GetHandle(), EM_SETLIMITTEXT, static_cast<WPARAM>(value), 0);
+}
+
+bool TCustomEdit::GetModified() const {
+    return HandleAllocated() ? SendMessageW(FHandle, EM_GETMODIFY, 0, 0) != 0 : FModified;
+}
+
+void TCustomEdit::SetModified(bool value) {
+    FModified = value;
+    if (HandleAllocated())
+        SendMessageW(FHandle, EM_SETMODIFY, value, 0);
+}
+
+void TCustomEdit::SetNumbersOnly(bool value) {
+    if (FNumbersOnly == value)
+        return;
+    FNumbersOnly = value;
+    ChangeWindowStyle(ES_NUMBER, value);
+}
+
+void TCustomEdit::SetPasswordChar(char16_t value) {
+    if (FPasswordChar == value)
+        return;
+    FPasswordChar = value;
+    if (HandleAllocated()) {
+        SendMessageW(FHandle, EM_SETPASSWORDCHAR, value, 0);
+        Invalidate();
+    }
+}
+
+void TCustomEdit::SetReadOnly(bool value) {
+    if (FReadOnly == value)
+        return;
+    FReadOnly = value;
+    if (HandleAllocated())
+        SendMessageW(FHandle, EM_SETREADONLY, value, 0);
+}
+
+// Size
+
+int TCustomEdit::GetFittingHeight() const {
+    // Two pixels of air above and below the letters, inside the border.
+    constexpr int kMargins = 4;
+    const int border = GetCtl3D() ? GetSystemMetrics(SM_CYEDGE) : GetSystemMetrics(SM_CYBORDER);
+    return TTextMeasure(*GetFont()).LineHeight() + kMargins + 2 * border;
+}
+
+void TCustomEdit::AdjustSize() {
+    if (GetAutoSize() && FBorderStyle == bsSingle && !IsLoading())
+        SetBounds(GetLeft(), GetTop(), GetWidth(), GetFittingHeight());
+}
+
+// Selection
+
+TCustomEdit::TSelection TCustomEdit::GetSelection() const {
+    if (!HandleAllocated())
+        return FSelection;
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(FHandle, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return {static_cast<int>(start), static_cast<int>(end)};
+}
+
+void TCustomEdit::SetSelection(TSelection value) {
+    // A window takes -1 as "everything" and clips the rest; without one the text is clipped here in the same way.
+    const int length = static_cast<int>(GetText().size());
+    value.Start = std::clamp(value.Start, 0, length);
+    value.End = std::clamp(value.End, value.Start, length);
+    if (!HandleAllocated()) {
+        FSelection = value;
+        return;
+    }
+    SendMessageW(FHandle, EM_SETSEL, static_cast<WPARAM>(value.Start), value.End);
+    SendMessageW(FHandle, EM_SCROLLCARET, 0, 0);
+}
+
+void TCustomEdit::SetSelStart(int value) {
+    SetSelection({value, value});
+}
+
+int TCustomEdit::GetSelLength() const {
+    const TSelection selection = GetSelection();
+    return selection.End - selection.Start;
+}
+
+void TCustomEdit::SetSelLength(int value) {
+    const int start = GetSelStart();
+    SetSelection({start, start + std::clamp(value, 0, INT_MAX - start)});
+}
+
+String TCustomEdit::GetSelText() const {
+    const TSelection selection = GetSelection();
+    const String text = GetText();
+    const auto start = std::min(static_cast<std::size_t>(selection.Start), text.size());
+    return text.substr(start, static_cast<std::size_t>(selection.End - selection.Start));
+}
+
+void TCustomEdit::SetSelText(const String& value) {
+    if (HandleAllocated()) {
+        SendMessageW(FHandle, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(WideChars(value)));
+        return;
+    }
+    const TSelection selection = FSelection;
+    String text = GetText();
+    text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
+                 value);
+    TLifeGuard alive(*this);
+    SetText(text);
+    if (alive)
+        SetSelStart(selection.Start + static_cast<int>(value.size()));
+}
+
+void TCustomEdit::SelectAll() {
+    SetSelection({0, INT_MAX});
+}
+
+void TCustomEdit::ClearSelection() {
+    SendMessageW(GetHandle(), WM_CLEAR, 0, 0);
+}
+
+void TCustomEdit::CopyToClipboard() {
+    SendMessageW(GetHandle(), WM_COPY, 0, 0);
+}
+
+void TCustomEdit::CutToClipboard() {
+    SendMessageW(GetHandle(), WM_CUT, 0, 0);
+}
+
+void TCustomEdit::PasteFromClipboard() {
+    SendMessageW(GetHandle(), WM_PASTE, 0, 0);
+}
+
+void TCustomEdit::Undo() {
+    SendMessageW(GetHandle(), EM_UNDO, 0, 0);
+}
+
+void TCustomEdit::ClearUndo() {
+    if (HandleAllocated())
+        SendMessageW(FHandle, EM_EMPTYUNDOBUFFER, 0, 0);
+}
+
+bool TCustomEdit::CanUndo() const {
+    return HandleAllocated() && SendMessageW(FHandle, EM_CANUNDO, 0, 0) != 0;
+}
+
+// Messages
+
+void TCustomEdit::Dispatch(TMessage& message) {
+    switch (message.Msg) {
+    case WM_SETTEXT:
+        return WMSetText(message);
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: {
+        TLifeGuard alive(*this);
+        FPressed = true;
+        TWinControl::Dispatch(message);
+        if (alive)
+            FPressed = false;
+        return;
+    }
+    case CN_COMMAND:
+        return CNCommand(message);
+    case CM_CTL3DCHANGED: {
+        TLifeGuard alive(*this);
+        TWinControl::Dispatch(message);
+        if (alive)
+            AdjustSize();
+        return;
+    }
+    default:
+        TWinControl::Dispatch(message);
+    }
+}
+
+void TCustomEdit::WMSetText(TMessage& message) {
+    if (!HandleAllocated()) {
+        FSelection = {};
+        FModified = false;
+    }
+    if (FCharCase == ecNormal || !message.LParam) {
+        TWinControl::Dispatch(message);
+        return;
+    }
+    const String text = ConvertCase(reinterpret_cast<const char16_t*>(message.LParam), FCharCase);
+    message.LParam = reinterpret_cast<LPARAM>(text.c_str());
+    TWinControl::Dispatch(message);
+}
+
+void TCustomEdit::CNCommand(TMessage& message) {
+    // The text that a window is created with is no change.
+    if (HighWord(message.WParam) == EN_CHANGE && !FControlState.Contains(csCreating))
+        Change();
+}
+
+void TCustomEdit::CMTextChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TWinControl::CMTextChanged(message);
+    // A single-line window reports the text set by the program itself (EN_CHANGE).
+    if (alive && (!HandleAllocated() || IsMultiLine()))
+        Change();
+}
+
+void TCustomEdit::Change() {
+    Fire(*this, OnChange, this);
+}
+
+void TCustomEdit::KeyPress(char16_t& key) {
+    TLifeGuard alive(*this);
+    TWinControl::KeyPress(key);
+    if (alive && key == kControlA) {
+        SelectAll();
+        key = 0;
+    }
+}
+
+void TCustomEdit::CMEnter(TMessage& message) {
+    // A click places the caret itself.
+    if (FAutoSelect && !FPressed && !IsMultiLine())
+        SelectAll();
+    TWinControl::CMEnter(message);
+}
+
+void TCustomEdit::CMFontChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TWinControl::CMFontChanged(message);
+    if (alive)
+        AdjustSize();
+}
+
+} // namespace framework

@@ -1,0 +1,16 @@
+#include "framework/windows/standardcontrols.h"
+
+#include "framework/windows/button.h"
+#include "framework/windows/edit.h"
+#include "framework/windows/label.h"
+#include "framework/windows/panel.h"
+#include "framework/windows/timer.h"
+
+namespace framework {
+
+void RegisterStandardControls() {
+    RegisterClasses({&TLabel::StaticClass(), &TEdit::StaticClass(), &TButton::StaticClass(), &TCheckBox::StaticClass(),
+                     &TPanel::StaticClass(), &TGroupBox::StaticClass(), &TTimer::StaticClass()});
+}
+
+} // namespace framework

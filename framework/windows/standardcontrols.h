@@ -1,0 +1,8 @@
+#pragma once
+
+namespace framework {
+
+/// Makes the classes of this room known to text forms. Calling it again is harmless.
+void RegisterStandardControls();
+
+} // namespace framework
