@@ -129,6 +129,7 @@ void TCustomEdit::CreateWnd() {
     DoSetMaxLength(std::max(FMaxLength, 0));
     SetSelection(FSelection);
     SendMessageW(FHandle, EM_SETMODIFY, FModified, 0);
+    FReportedText = GetText();
 }
 
 void TCustomEdit::KeepWindowState() {
@@ -383,8 +384,16 @@ void TCustomEdit::WMSetText(TMessage& message) {
 
 void TCustomEdit::CNCommand(TMessage& message) {
     // The text that a window is created with is no change.
-    if (HighWord(message.WParam) == EN_CHANGE && !FControlState.Contains(csCreating))
-        Change();
+    if (HighWord(message.WParam) != EN_CHANGE || FControlState.Contains(csCreating))
+        return;
+    // Windows tell of an undo twice, and of keys that a limit turned away; lines of any number are not compared.
+    if (!IsMultiLine()) {
+        String text = GetText();
+        if (text == FReportedText)
+            return;
+        FReportedText = std::move(text);
+    }
+    Change();
 }
 
 void TCustomEdit::CMTextChanged(TMessage& message) {

@@ -119,6 +119,7 @@ private:
     void ChangeWindowStyle(DWORD style, bool present);
     void WMSetText(TMessage& message);
 
+    String FReportedText;  // of a single-line window: what OnChange told last
     TSelection FSelection; // while there is no window
     int FMaxLength = 0;
     TAlignment FAlignment = taLeftJustify;

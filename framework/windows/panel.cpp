@@ -201,7 +201,10 @@ void TCustomPanel::PaintBevel(TRect& rect, TPanelBevel bevel) {
 }
 
 void TCustomPanel::Paint() {
+    TCanvas& canvas = *GetCanvas();
     TRect rect = GetClientRect();
+    canvas.GetBrush()->SetColor(GetColor());
+    canvas.FillRect(rect);
     PaintBevel(rect, FBevelOuter);
     rect = rect.Inflated(-FBorderWidth, -FBorderWidth);
     PaintBevel(rect, FBevelInner);
@@ -211,7 +214,6 @@ void TCustomPanel::Paint() {
     TAlignment shown = FAlignment;
     if (UseRightToLeftAlignment() && shown != taCenter)
         shown = shown == taLeftJustify ? taRightJustify : taLeftJustify;
-    TCanvas& canvas = *GetCanvas();
     canvas.GetBrush()->SetStyle(bsClear);
     canvas.SetFont(GetFont());
     if (!GetEnabled())
@@ -266,6 +268,8 @@ void TCustomGroupBox::AdjustClientRect(TRect& rect) {
 void TCustomGroupBox::Paint() {
     TCanvas& canvas = *GetCanvas();
     const TRect all = GetClientRect();
+    canvas.GetBrush()->SetColor(GetColor());
+    canvas.FillRect(all);
     const String text = GetText();
     const UINT flags = DT_SINGLELINE | (UseRightToLeftReading() ? DT_RTLREADING : 0u);
     TRect caption;

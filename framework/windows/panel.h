@@ -51,6 +51,7 @@ protected:
     void Dispatch(TMessage& message) override;
     void AdjustClientRect(TRect& rect) override;
     void Paint() override;
+    void WMEraseBkgnd(TMessage& message) override { message.Result = 1; } // Paint fills it all
     void CMTextChanged(TMessage& message) override;
     void CMFontChanged(TMessage& message) override;
     void CMEnabledChanged(TMessage& message) override;
@@ -88,6 +89,7 @@ protected:
     void Dispatch(TMessage& message) override;
     void AdjustClientRect(TRect& rect) override;
     void Paint() override;
+    void WMEraseBkgnd(TMessage& message) override { message.Result = 1; } // Paint fills it all
     void CMDialogChar(TMessage& message) override;
     void CMTextChanged(TMessage& message) override;
     void CMFontChanged(TMessage& message) override;

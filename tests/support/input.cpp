@@ -87,6 +87,10 @@ void MoveMouse(TPoint point) {
     input.mi.dx = MulDiv(2 * point.X + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
     input.mi.dy = MulDiv(2 * point.Y + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
     Send({input});
+    EXPECT_TRUE(WaitFor([&] {
+        POINT at{};
+        return GetCursorPos(&at) && at.x == point.X && at.y == point.Y;
+    })) << "the pointer did not get there";
 }
 
 void PressMouse(TPoint point) {
