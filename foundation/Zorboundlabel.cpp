@@ -42,6 +42,8 @@ void TZORBoundLabel::CreateLabel() {
     if (!FLabel)
         FLabel = std::make_unique<TLabel>(nullptr);
     FLabel->SetVisible(false);
+    FLabel->SetAutoSize(false); // until it has its text: each step on the way would measure it
+    FLabel->SetWordWrap(true);
     if (FControl->GetParent())
         FLabel->SetParent(FControl->GetParent());
     FLabel->SetFocusControl(FControl);
@@ -148,13 +150,12 @@ void TZORBoundLabel::FollowParent() {
 }
 
 void TZORBoundLabel::AlignLabel() {
-    if (!FLabel || !FLabel->GetVisible())
-        return;
+    if (!FLabel || !FLabel->GetVisible() || FControl->GetComponentState().Contains(csLoading))
+        return; // a control that is being loaded aligns its label when all is known
     TWinControl* parent = FLabel->GetParent();
     if (parent)
         parent->DisableAlign();
     FLabel->GetConstraints()->SetMaxWidth(FMaxWidth);
-    FLabel->SetWordWrap(true);
     FLabel->SetEnabled(LabelEnabled());
     FLabel->SetAlign(FLayout == clLeft && FControl->GetAlign() == alLeft ? alLeft : alNone);
     // One step from the measured text to the final place: each bounds change on the way would repaint the parent.

@@ -105,6 +105,11 @@ public:
     }
 
 protected:
+    void Loaded() override {
+        TBase::Loaded();
+        if (FBoundLabel)
+            FBoundLabel->AlignLabel();
+    }
     /// The hint to show in place of the text; empty while there is a text, the focus, or nothing to say.
     String HintToShow() const {
         if (!Framing.HintInside || !FUnfocused || !FShowHintInside)

@@ -2,8 +2,18 @@
 
 namespace framework {
 
+namespace {
+
+/// Lives as long as the program.
+HDC MeasuringContext() {
+    static const TUniqueMemoryDC context(::CreateCompatibleDC(nullptr));
+    return context.Get();
+}
+
+} // namespace
+
 TTextMeasure::TTextMeasure(const TFont& font)
-    : FDC(nullptr), FFont(font.GetSharedHandle()), FSelected(FDC, FFont.get()) {
+    : FDC(MeasuringContext()), FFont(font.GetSharedHandle()), FSelected(FDC, FFont.get()) {
     ::GetTextMetricsW(FDC, &FMetrics);
 }
 

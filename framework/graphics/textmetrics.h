@@ -7,10 +7,13 @@
 
 namespace framework {
 
-/// Measures texts in one font, any number of them, while it is in scope: it holds a device context of the screen.
+/// Measures texts in one font, any number of them, while it is in scope. All share one device context of the screen's
+/// kind, since making one costs more than measuring.
 class TTextMeasure {
 public:
     explicit TTextMeasure(const TFont& font);
+    TTextMeasure(const TTextMeasure&) = delete;
+    TTextMeasure& operator=(const TTextMeasure&) = delete;
 
     /// One line as it is, & included.
     TSize Extent(StringView text) const;
@@ -23,7 +26,7 @@ public:
     int LineHeight() const { return static_cast<int>(FMetrics.tmHeight); }
 
 private:
-    TWindowDC FDC;
+    HDC FDC;
     TSharedHandle<HFONT> FFont;
     TSelectedObject FSelected;
     TEXTMETRICW FMetrics{};

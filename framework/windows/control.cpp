@@ -116,8 +116,8 @@ void TControl::UpdateBoundsDirect(int left, int top, int width, int height) {
 }
 
 void TControl::UpdateAnchorBase() {
-    if (FAligning || !FParent)
-        return;
+    if (FAligning || !FParent || FAnchors == TAnchors{akLeft, akTop})
+        return; // the left upper corner is kept without a base to measure from
     const TRect client = FParent->GetClientRect();
     FAnchorBase = {GetBoundsRect(), {client.Width(), client.Height()}};
 }

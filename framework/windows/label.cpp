@@ -161,9 +161,17 @@ void TCustomLabel::Resize() {
 }
 
 TRect TCustomLabel::GetTextRect(const TRect& within) const {
-    const String text = GetLabelText();
-    const TSize size = TTextMeasure(*GetFont()).Layout(text.empty() ? u" " : text, DrawFlags(), within.Width());
-    return Bounds(within.Left, within.Top, size.Width, size.Height);
+    String text = GetLabelText();
+    if (text.empty())
+        text = u" ";
+    const UINT flags = DrawFlags();
+    const TSharedHandle<HFONT>& font = GetFont()->GetSharedHandle();
+    if (FMeasured.Width != within.Width() || FMeasured.Flags != flags || FMeasured.Font != font ||
+        FMeasured.Text != text) {
+        const TSize size = TTextMeasure(*GetFont()).Layout(text, flags, within.Width());
+        FMeasured = {std::move(text), font, flags, within.Width(), size};
+    }
+    return Bounds(within.Left, within.Top, FMeasured.Size.Width, FMeasured.Size.Height);
 }
 
 // Painting

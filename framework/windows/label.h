@@ -74,6 +74,16 @@ private:
     bool FWordWrap = false;
     bool FTransparentSet = false;
     bool FAdjusting = false;
+
+    // A label that follows another control is asked for the size of the same text again and again.
+    struct TMeasured {
+        String Text;
+        TSharedHandle<HFONT> Font;
+        UINT Flags = 0;
+        int Width = -1;
+        TSize Size;
+    };
+    mutable TMeasured FMeasured;
 };
 
 class TLabel : public TCustomLabel {

@@ -152,7 +152,6 @@ void TWinControl::CreateParams(TCreateParams& params) {
         params.WndParent = GetParent()->FHandle;
     params.WindowClass.style = CS_DBLCLKS;
     params.WindowClass.lpfnWndProc = DefWindowProcW;
-    params.WindowClass.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)); // IDC_ARROW
 }
 
 void TWinControl::CreateSubClass(TCreateParams& params, const wchar_t* nativeClass) {
@@ -191,6 +190,8 @@ void TWinControl::CreateWnd() {
         registered.lpszClassName = className;
         registered.lpszMenuName = nullptr;
         registered.hbrBackground = nullptr;
+        if (!registered.hCursor)
+            registered.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)); // IDC_ARROW
         if (!RegisterClassW(&registered))
             throw EInvalidOperation(u"Windows could not register the window class " + params.WinClassName);
     }
