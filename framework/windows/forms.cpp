@@ -95,9 +95,9 @@ TCustomForm::TCustomForm(TComponent* owner)
     : TWinControl(owner), FCanvas(std::make_unique<TCanvas>()), FPixelsPerInch(TheScreen().GetPixelsPerInch()) {
     FControlStyle = {csAcceptsControls, csCaptureMouse, csClickEvents, csSetCaption, csDoubleClicks};
     FControlState << csCustomPaint;
-    TControl::SetBounds(0, 0, 320, 240);
+    TWinControl::SetBounds(0, 0, 320, 240);
     SetColor(clBtnFace);
-    TControl::SetVisible(false);
+    TWinControl::SetVisible(false);
     TheScreen().FForms.push_back(this);
 }
 

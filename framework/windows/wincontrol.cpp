@@ -338,7 +338,7 @@ bool TWinControl::CanFocus() const {
     if (!form)
         return false;
     for (const TWinControl* control = this; control != form; control = control->GetParent()) {
-        if (!control->GetVisible() || !control->GetEnabled())
+        if (!control->GetVisible() || !control->GetEnabled() || control->IsDestroying())
             return false;
     }
     return form->GetEnabled();
