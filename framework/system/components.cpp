@@ -278,6 +278,14 @@ const TClassInfo& FindClass(StringView name) {
     return *info;
 }
 
+std::vector<const TClassInfo*> RegisteredClasses() {
+    std::vector<const TClassInfo*> classes;
+    for (const auto& [name, info] : Registry().Classes)
+        classes.push_back(info);
+    std::ranges::sort(classes, {}, &TClassInfo::Name);
+    return classes;
+}
+
 void RegisterComponents(const String& page, std::initializer_list<const TClassInfo*> classes) {
     RegisterClasses(classes);
     auto& pages = Registry().Pages;

@@ -170,6 +170,9 @@ const TClassInfo* GetClass(StringView name);
 /// As GetClass, but raises EClassNotFound.
 const TClassInfo& FindClass(StringView name);
 
+/// All registered classes, by name.
+std::vector<const TClassInfo*> RegisteredClasses();
+
 /// Puts component classes on a page of the designer's palette and makes them known to text forms.
 void RegisterComponents(const String& page, std::initializer_list<const TClassInfo*> classes);
 

@@ -260,8 +260,10 @@ void SetMethodProp(TPersistent& object, StringView name, TObject* instance, Stri
 bool IsStoredProp(const TPersistent& object, const TPropInfo& property) {
     if (!property.IsStored)
         return false;
-    if (property.Stored)
-        return property.Stored(object);
+    if (property.Stored && !property.Stored(object))
+        return false;
+    if (property.Stored && !property.DefaultOrdinal)
+        return true;
     switch (property.Kind) {
     case tkInteger:
     case tkEnumeration:

@@ -93,11 +93,11 @@ struct TPropInfo {
     void (*SetMethod)(TPersistent&, TObject*, const TMethodInfo*) = nullptr; ///< null method: unassigned
 
     std::optional<std::int64_t> DefaultOrdinal;   ///< no value: always written
-    bool (*Stored)(const TPersistent&) = nullptr; ///< null: written whenever it differs from the default
+    bool (*Stored)(const TPersistent&) = nullptr; ///< a rule that must agree before the value is written
     bool IsStored = true;                         ///< false: readable in a text form, never written
 
-    /// The row again with a rule that decides whether the value is written; it replaces the comparison with the
-    /// default.
+    /// The row again with a rule that decides whether the value is written. A default stays a default: its value is
+    /// left out whatever the rule says. Without one the rule alone decides, for empty texts too.
     template <auto Rule>
     TPropInfo StoredWhen() const;
     /// The row again, accepted in text forms but never written.

@@ -87,8 +87,7 @@ TPropInfo Align(TAlign defaultValue) {
 }
 
 TPropInfo Anchors() {
-    return Property<&TControl::GetAnchors, &TControl::SetAnchors>(u"Anchors", {akLeft, akTop})
-        .StoredWhen<&TControl::AnchorsStored>();
+    return Property<&TControl::GetAnchors, &TControl::SetAnchors>(u"Anchors").StoredWhen<&TControl::AnchorsStored>();
 }
 
 TPropInfo AutoSize(bool defaultValue) {
@@ -96,7 +95,7 @@ TPropInfo AutoSize(bool defaultValue) {
 }
 
 TPropInfo BiDiMode() {
-    return Property<&TControl::GetBiDiMode, &TControl::SetBiDiMode>(u"BiDiMode", bdLeftToRight)
+    return Property<&TControl::GetBiDiMode, &TControl::SetBiDiMode>(u"BiDiMode")
         .StoredWhen<&TControl::BiDiModeStored>();
 }
 
@@ -139,7 +138,7 @@ TPropInfo ParentShowHint() {
 }
 
 TPropInfo ShowHint() {
-    return Property<&TControl::GetShowHint, &TControl::SetShowHint>(u"ShowHint", false)
+    return Property<&TControl::GetShowHint, &TControl::SetShowHint>(u"ShowHint")
         .StoredWhen<&TControl::ShowHintStored>();
 }
 
@@ -188,8 +187,7 @@ TPropInfo OnResize() {
 }
 
 TPropInfo Ctl3D() {
-    return Property<&TWinControl::GetCtl3D, &TWinControl::SetCtl3D>(u"Ctl3D", true)
-        .StoredWhen<&TWinControl::Ctl3DStored>();
+    return Property<&TWinControl::GetCtl3D, &TWinControl::SetCtl3D>(u"Ctl3D").StoredWhen<&TWinControl::Ctl3DStored>();
 }
 
 TPropInfo DoubleBuffered() {
