@@ -29,7 +29,10 @@ const TClassInfo& TComponent::StaticClass() {
     static const TClassInfo info = DescribeClass<TComponent>(
         u"TComponent", TPersistent::StaticClass(),
         {Property<&TComponent::GetName, &TComponent::SetName>(u"Name").NotStored(), // the object's header carries it
-         Property<&TComponent::GetTag, &TComponent::SetTag>(u"Tag", 0)});
+         Property<&TComponent::GetTag, &TComponent::SetTag>(u"Tag", 0),
+         // Controls have rows of their own under these names, which take the places of these two.
+         Property<&TComponent::GetDesignLeft, &TComponent::SetDesignLeft>(u"Left", 0),
+         Property<&TComponent::GetDesignTop, &TComponent::SetDesignTop>(u"Top", 0)});
     return info;
 }
 
@@ -48,10 +51,19 @@ TComponent::~TComponent() {
         guard->FComponent = nullptr;
 }
 
+TLifeGuard::TLifeGuard(TComponent& component)
+    : FComponent(&component), FNext(component.FGuards), FLink(&component.FGuards) {
+    if (FNext)
+        FNext->FLink = &FNext;
+    *FLink = this;
+}
+
 TLifeGuard::~TLifeGuard() {
-    // Guards live on the stack, so the newest is the first in the chain.
-    if (FComponent)
-        FComponent->FGuards = FNext;
+    if (!FComponent)
+        return;
+    *FLink = FNext;
+    if (FNext)
+        FNext->FLink = FLink;
 }
 
 void TComponent::Destroying() {
@@ -66,7 +78,7 @@ void TComponent::RemoveNotifications() {
     while (!FFreeNotifies.empty()) {
         TComponent* other = FFreeNotifies.back();
         FFreeNotifies.pop_back();
-        std::erase(other->FFreeNotifies, this);
+        other->RemoveFreeNotification(this);
         other->Notification(this, opRemove);
     }
     FComponentState >> csFreeNotification;
@@ -128,6 +140,8 @@ TComponent* TComponent::FindComponent(StringView name) const {
 }
 
 void TComponent::IndexName(TComponent* component, bool present) {
+    if (component->FName.empty())
+        return;
     if (!NameIndexed()) {
         if (!present || FComponents.size() < kIndexNamesFrom)
             return;
@@ -137,8 +151,6 @@ void TComponent::IndexName(TComponent* component, bool present) {
         }
         return;
     }
-    if (component->FName.empty())
-        return;
     if (present)
         FNameIndex.insert_or_assign(component->FName, component);
     else
@@ -161,6 +173,8 @@ void TComponent::RemoveOwned(TComponent* component) {
 }
 
 void TComponent::InsertComponent(TComponent* component) {
+    if (component->FOwner == this)
+        return;
     for (const TComponent* each = this; each; each = each->FOwner) {
         if (each == component)
             throw EComponentError(u"A component cannot own itself");

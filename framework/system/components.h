@@ -47,6 +47,8 @@ public:
     FRAMEWORK_READ_PROPERTY(int, ComponentCount, GetComponentCount);
     FRAMEWORK_READ_PROPERTY(TComponent*, Components[], GetComponent);
     FRAMEWORK_READ_PROPERTY(TComponentState, ComponentState, GetComponentState);
+    FRAMEWORK_PROPERTY(int, DesignLeft, GetDesignLeft, SetDesignLeft);
+    FRAMEWORK_PROPERTY(int, DesignTop, GetDesignTop, SetDesignTop);
 
     /// The owner, if any, frees the component when it dies itself.
     explicit TComponent(TComponent* owner);
@@ -60,6 +62,12 @@ public:
     TComponent* GetOwnerComponent() const { return FOwner; }
     TPersistent* GetOwner() const override { return FOwner; }
     String GetNamePath() const override;
+
+    /// Where a designer shows a component that has no place on the screen, in pixels; published as Left and Top.
+    int GetDesignLeft() const { return FDesignLeft; }
+    void SetDesignLeft(int value) { FDesignLeft = value; }
+    int GetDesignTop() const { return FDesignTop; }
+    void SetDesignTop(int value) { FDesignTop = value; }
 
     int GetComponentCount() const { return static_cast<int>(FComponents.size()); }
     /// EListError when the index is not in 0..ComponentCount-1.
@@ -105,6 +113,7 @@ protected:
 
 private:
     friend class TFormLoader;
+    friend class TFormSaver;
     friend class TLifeGuard;
 
     void InsertOwned(TComponent* component);
@@ -117,6 +126,8 @@ private:
     TComponent* FOwner = nullptr;
     String FName;
     std::intptr_t FTag = 0;
+    int FDesignLeft = 0;
+    int FDesignTop = 0;
     std::vector<TComponent*> FComponents;
     TNameMap<TComponent*> FNameIndex;       // kept once there are many
     std::vector<TComponent*> FFreeNotifies; // mutual: both sides know each other
@@ -125,16 +136,14 @@ private:
     TLifeGuard* FGuards = nullptr;
 };
 
-/// Tells whether a component outlived a callback. Put it on the stack before the call:
+/// Tells whether a component outlived a callback. Make it before the call, usually on the stack:
 ///
 ///     TLifeGuard alive(*this);
 ///     OnClick(this);
 ///     if (!alive) return;
 class TLifeGuard {
 public:
-    explicit TLifeGuard(TComponent& component) : FComponent(&component), FNext(component.FGuards) {
-        component.FGuards = this;
-    }
+    explicit TLifeGuard(TComponent& component);
     ~TLifeGuard();
     TLifeGuard(const TLifeGuard&) = delete;
     TLifeGuard& operator=(const TLifeGuard&) = delete;
@@ -145,6 +154,7 @@ private:
     friend class TComponent;
     TComponent* FComponent;
     TLifeGuard* FNext;
+    TLifeGuard** FLink; // what points to this guard: the one before it, or the component
 };
 
 /// Calls an event of `component` when it is assigned; false when the handler destroyed the component, so that the

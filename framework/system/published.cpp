@@ -18,13 +18,36 @@ void CheckWritable(const TPersistent& object, const TPropInfo& property) {
         PropertyError(object, property.Name, u"the property is read-only");
 }
 
+/// The result of a conversion; one that fails is the property's refusal of the value.
+template <class TConversion>
+auto ConvertedOrRefused(const TPersistent& object, const TPropInfo& property, const TConversion& conversion) {
+    try {
+        return conversion();
+    } catch (const EVariantError& error) {
+        PropertyError(object, property.Name, error.GetMessageText());
+    } catch (const EConvertError& error) {
+        PropertyError(object, property.Name, error.GetMessageText());
+    }
+}
+
+/// The value as the accessor takes it, so that what its setter raises is the setter's own word.
+Variant ConvertedValue(const TPersistent& object, const TPropInfo& property, const Variant& value) {
+    return ConvertedOrRefused(object, property, [&]() -> Variant {
+        if (property.Kind == tkString)
+            return value.AsString();
+        if (property.Kind == tkFloat && VarType(value) != varCurrency && VarType(value) != varDate)
+            return value.AsFloat();
+        return value;
+    });
+}
+
 /// The integer that a variant means for this property: a number, or one of the names that the property knows.
 std::int64_t OrdinalFromVariant(const TPersistent& object, const TPropInfo& property, const Variant& value) {
     // As a number True would be -1, which no property of type bool has.
     if (VarType(value) == varBoolean)
         return value.AsBoolean() ? 1 : 0;
     if (!VarIsStr(value))
-        return value.AsInteger();
+        return ConvertedOrRefused(object, property, [&] { return value.AsInteger(); });
     const String text = value.AsString();
     std::optional<std::int64_t> result;
     switch (property.Kind) {
@@ -33,6 +56,10 @@ std::int64_t OrdinalFromVariant(const TPersistent& object, const TPropInfo& prop
         break;
     case tkSet:
         result = TextToSet(*property.Enum, text);
+        break;
+    case tkWChar:
+        if (text.size() <= 1)
+            result = text.empty() ? 0 : text.front();
         break;
     default:
         if (property.Names)
@@ -65,8 +92,6 @@ const TPropInfo& PropertyOfKind(const TPersistent& object, StringView name, TTyp
 }
 
 bool IsZeroValue(const Variant& value) {
-    if (VarIsEmpty(value))
-        return true;
     return VarIsStr(value) ? value.AsString().empty() : VarIsNumeric(value) && value.AsFloat() == 0;
 }
 
@@ -175,6 +200,10 @@ Variant GetPropValue(const TPersistent& object, const TPropInfo& property, bool 
             PropertyError(object, property.Name, u"the value has no name");
         return Variant(property.Enum->Names[static_cast<std::size_t>(ordinal)]);
     }
+    case tkWChar: {
+        const auto unit = static_cast<char16_t>(property.GetOrdinal(object));
+        return preferStrings ? Variant(String(1, unit)) : Variant(std::int64_t{unit});
+    }
     case tkSet: {
         const std::int64_t bits = property.GetOrdinal(object);
         return preferStrings ? Variant(SetToText(*property.Enum, bits)) : Variant(bits);
@@ -197,13 +226,14 @@ void SetPropValue(TPersistent& object, const TPropInfo& property, const Variant&
     case tkInteger:
     case tkEnumeration:
     case tkSet:
+    case tkWChar:
         SetCheckedOrdinal(object, property, OrdinalFromVariant(object, property, value));
         break;
     case tkFloat:
     case tkString:
     case tkVariant:
         CheckWritable(object, property);
-        property.SetValue(object, value);
+        property.SetValue(object, ConvertedValue(object, property, value));
         break;
     default:
         PropertyError(object, property.Name, u"the property has no plain value");
@@ -257,8 +287,16 @@ void SetMethodProp(TPersistent& object, StringView name, TObject* instance, Stri
     property.SetMethod(object, instance, method);
 }
 
+bool IsSubObject(const TPersistent& object, const TPropInfo& property) {
+    TPersistent* instance = property.Kind == tkClass ? property.GetInstance(object) : nullptr;
+    const auto* component = As<TComponent>(instance);
+    return instance && (!component ||
+                        (component->GetComponentStyle().Contains(csSubComponent) && component->GetOwner() == &object));
+}
+
 bool IsStoredProp(const TPersistent& object, const TPropInfo& property) {
-    if (!property.IsStored)
+    // Sub-objects have no setter as a rule.
+    if (!property.IsStored || (property.ReadOnly() && property.Kind != tkClass))
         return false;
     if (property.Stored && !property.Stored(object))
         return false;
@@ -268,14 +306,17 @@ bool IsStoredProp(const TPersistent& object, const TPropInfo& property) {
     case tkInteger:
     case tkEnumeration:
     case tkSet:
-        return !property.ReadOnly() &&
-               (!property.DefaultOrdinal || property.GetOrdinal(object) != *property.DefaultOrdinal);
+    case tkWChar:
+        return !property.DefaultOrdinal || property.GetOrdinal(object) != *property.DefaultOrdinal;
     case tkFloat:
     case tkString:
+        return !IsZeroValue(property.GetValue(object));
     case tkVariant:
-        return !property.ReadOnly() && !IsZeroValue(property.GetValue(object));
-    case tkClass:
-        return property.GetInstance(object) != nullptr;
+        return !VarIsEmpty(property.GetValue(object));
+    case tkClass: {
+        TPersistent* instance = property.GetInstance(object);
+        return instance && (!property.ReadOnly() || IsSubObject(object, property));
+    }
     case tkMethod:
         return property.GetMethod(object) != nullptr;
     case tkStrings:

@@ -35,6 +35,7 @@ enum TTypeKind {
     tkSet,         ///< a Set over an enumeration
     tkFloat,
     tkString,
+    tkWChar, ///< a char16_t, in a text form a text of one unit such as '*' or #0
     tkVariant,
     tkClass,   ///< a sub-object (its own published properties follow) or a reference to another component
     tkMethod,  ///< an event: a std::function
@@ -75,7 +76,7 @@ struct TPropInfo {
     const TClassInfo& (*ObjectClass)() = nullptr; ///< tkClass: the declared class
 
     // Accessors: those of the row's kind are set, the others are null. A missing setter means read-only.
-    std::int64_t (*GetOrdinal)(const TPersistent&) = nullptr; ///< tkInteger, tkEnumeration, tkSet (its bits)
+    std::int64_t (*GetOrdinal)(const TPersistent&) = nullptr; ///< tkInteger, tkEnumeration, tkSet (its bits), tkWChar
     void (*SetOrdinal)(TPersistent&, std::int64_t) = nullptr;
     Variant (*GetValue)(const TPersistent&) = nullptr; ///< tkFloat, tkString, tkVariant
     void (*SetValue)(TPersistent&, const Variant&) = nullptr;
@@ -90,6 +91,7 @@ struct TPropInfo {
     std::type_index Signature = typeid(void); ///< tkMethod: the std::function's type
     bool (*IsAssigned)(const TPersistent&) = nullptr;
     const TMethodInfo* (*GetMethod)(const TPersistent&) = nullptr; ///< null unless a published method is assigned
+    TObject* (*GetMethodInstance)(const TPersistent&) = nullptr;   ///< the object whose method that is
     void (*SetMethod)(TPersistent&, TObject*, const TMethodInfo*) = nullptr; ///< null method: unassigned
 
     std::optional<std::int64_t> DefaultOrdinal;   ///< no value: always written
@@ -169,7 +171,8 @@ const TPropInfo& GetPropInfo(const TPersistent& object, StringView name);
 /// come as their names and sets as "[a,b]", otherwise as ordinals and bits.
 Variant GetPropValue(const TPersistent& object, StringView name, bool preferStrings = true);
 Variant GetPropValue(const TPersistent& object, const TPropInfo& property, bool preferStrings = true);
-/// Writes a property; enumerations take their names or ordinals, sets "[a,b]" or bits, named integers their names.
+/// Writes a property; enumerations take their names or ordinals, sets "[a,b]" or bits, named integers their names,
+/// characters a text of one unit (an empty one means #0) or the code.
 void SetPropValue(TPersistent& object, StringView name, const Variant& value);
 void SetPropValue(TPersistent& object, const TPropInfo& property, const Variant& value);
 
@@ -184,8 +187,12 @@ String GetMethodProp(const TPersistent& object, StringView name);
 /// Assigns the method `methodName` of `instance` to an event; an empty name clears the event.
 void SetMethodProp(TPersistent& object, StringView name, TObject* instance, StringView methodName);
 
+/// True when a tkClass property holds an object that belongs to `object` and is streamed with it; false for a
+/// reference to another component.
+bool IsSubObject(const TPersistent& object, const TPropInfo& property);
+
 /// True when a text form has to carry the property: its stored-rule says so or its value differs from the default.
-/// Sub-objects count as differing; their own properties decide.
+/// Sub-objects count as differing; their own properties decide. What cannot be read again is never stored.
 bool IsStoredProp(const TPersistent& object, const TPropInfo& property);
 
 /// The set of a tkSet property as a person writes it, "[a,b]", and back; nothing when a name is unknown.

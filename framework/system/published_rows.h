@@ -186,6 +186,11 @@ TPropInfo MakeEvent(StringView name) {
         const Bound* bound = handler.template target<Bound>();
         return bound ? bound->Method : nullptr;
     };
+    row.GetMethodInstance = [](const TPersistent& object) -> TObject* {
+        const Function& handler = Read<Field>(object);
+        const Bound* bound = handler.template target<Bound>();
+        return bound ? bound->Instance : nullptr;
+    };
     row.SetMethod = [](TPersistent& object, TObject* instance, const TMethodInfo* method) {
         Write<Field>(object, method ? Function(Bound{instance, method}) : Function());
     };
@@ -232,6 +237,11 @@ TPropInfo Property(StringView name) {
         row.Kind = tkEnumeration;
         row.Enum = &DescribeEnum(Value{});
         rows::FillOrdinal<Getter, Setter>(row);
+    } else if constexpr (std::is_same_v<Value, char16_t>) {
+        row.Kind = tkWChar;
+        row.MinValue = 0;
+        row.MaxValue = 0xFFFF;
+        rows::FillOrdinal<Getter, Setter>(row);
     } else if constexpr (std::is_integral_v<Value>) {
         static_assert(sizeof(Value) < 8 || std::is_signed_v<Value>, "integers up to INT64_MAX can be published");
         row.Kind = tkInteger;
@@ -255,10 +265,12 @@ TPropInfo Property(StringView name) {
     return row;
 }
 
-/// A row for an integer, enumeration, bool or set with the default that is left out of text forms.
+/// A row for an integer, enumeration, bool, character or set with the default that is left out of text forms. Floats
+/// and texts have a rule instead, see StoredWhen.
 template <auto Getter, auto Setter = rows::None>
 TPropInfo Property(StringView name, rows::ValueOf<Getter> defaultValue) {
     TPropInfo row = Property<Getter, Setter>(name);
+    static_assert(!std::is_floating_point_v<rows::ValueOf<Getter>>, "a float has no default");
     if constexpr (rows::IsSet<rows::ValueOf<Getter>>::value)
         row.DefaultOrdinal = defaultValue.Bits();
     else
@@ -295,7 +307,8 @@ template <class T>
 TClassInfo DescribeClass(StringView name, const TClassInfo& parent, std::vector<TPropInfo> properties = {},
                          std::vector<TMethodInfo> methods = {}) {
     TClassInfo::TFactory factory = nullptr;
-    if constexpr (!std::is_abstract_v<T> && std::is_constructible_v<T, TComponent*>)
+    if constexpr (!std::is_abstract_v<T> && std::is_convertible_v<T*, TComponent*> &&
+                  std::is_constructible_v<T, TComponent*>)
         factory = [](TComponent* owner) -> TComponent* { return new T(owner); };
     return TClassInfo(name, &parent, std::move(properties), std::move(methods), factory);
 }
