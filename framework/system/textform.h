@@ -25,11 +25,11 @@
 
 namespace framework {
 
-/// A text that is no form. The message reads "file(line,column): problem"; without a file name it starts at the
+/// A form that cannot be read. The message reads "file(line,column): problem"; without a file name it starts at the
 /// bracket, and without a position (a document built by hand) it is the problem alone.
-class EFormSyntax : public Exception {
+class EFormError : public Exception {
 public:
-    EFormSyntax(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem);
+    EFormError(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem);
     const String& FileName() const { return FFileName; }
     /// 1-based; 0 when the fault has no place in a text.
     std::uint32_t Line() const { return FLine; }
@@ -43,6 +43,12 @@ private:
     String FProblem;
     std::uint32_t FLine;
     std::uint32_t FColumn;
+};
+
+/// A text that is no form.
+class EFormSyntax : public EFormError {
+public:
+    using EFormError::EFormError;
 };
 
 /// What introduces an object: `object`, `inherited`, `inline`, or `item` inside a collection.

@@ -21,7 +21,7 @@ char16_t FoldAscii(char16_t unit) {
 
 } // namespace
 
-EFormSyntax::EFormSyntax(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem)
+EFormError::EFormError(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem)
     : Exception(Place(fileName, line, column, problem)), FFileName(fileName), FProblem(problem), FLine(line),
       FColumn(column) {
 }

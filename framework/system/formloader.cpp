@@ -1,0 +1,401 @@
+#include "framework/system/formloader.h"
+
+#include "framework/system/collections.h"
+#include "framework/system/formloader_core.h"
+#include "framework/system/numbers.h"
+
+#include <ranges>
+
+namespace framework {
+
+namespace {
+
+String Subject(StringView object, StringView property) {
+    String subject(object);
+    if (!property.empty())
+        subject.append(u".").append(property);
+    return subject;
+}
+
+TFormPlace PlaceOf(const TFormObject& source) {
+    return {source.Line(), source.Column()};
+}
+
+/// How messages call an object: by its name, or by its class when it has none.
+String NameOf(const TFormObject& source) {
+    return String(source.Name().empty() ? source.ClassName() : source.Name());
+}
+
+/// The form's name for its root; with a number behind it when a sibling has it.
+String RootName(const TComponent& root, StringView wanted) {
+    const auto* owner = As<TComponent>(root.GetOwner());
+    String name(wanted);
+    for (int number = 1; owner; ++number) {
+        const TComponent* holder = owner->FindComponent(name);
+        if (!holder || holder == &root)
+            break;
+        name = String(wanted) + u"_" + IntToStr(number);
+    }
+    return name;
+}
+
+} // namespace
+
+EFormLoad::EFormLoad(StringView fileName, std::uint32_t line, std::uint32_t column, StringView object,
+                     StringView property, StringView problem)
+    : EFormError(fileName, line, column, Subject(object, property) + u": " + String(problem)), FObject(object),
+      FProperty(property) {
+}
+
+void LoadTextForm(TComponent& root, const TFormDocument& document, const TLoadOptions& options) {
+    TFormLoader(document, options).Load(root);
+}
+
+std::unique_ptr<TComponent> CreateFromTextForm(const TFormDocument& document, TComponent* owner,
+                                               const TLoadOptions& options) {
+    return TFormLoader(document, options).Create(owner);
+}
+
+std::unique_ptr<TComponent> CreateFromTextForm(std::string_view bytes, TComponent* owner, const TLoadOptions& options) {
+    TParseOptions parsing;
+    parsing.FileName = options.FileName;
+    parsing.FallbackEncoding = options.FallbackEncoding;
+    return CreateFromTextForm(ParseTextForm(bytes, parsing), owner, options);
+}
+
+TFormLoader::TFormLoader(const TFormDocument& document, const TLoadOptions& options)
+    : FDocument(document), FOptions(options),
+      FFileName(options.FileName.empty() ? document.FileName() : options.FileName) {
+    if ((options.SkipUnknownProperties || options.SkipUnknownClasses) && !options.OnSkipped)
+        throw EInvalidOperation(u"Nobody would hear of what the loading of a form skips");
+}
+
+// Messages
+
+void TFormLoader::At(TFormPlace place, StringView property, String object) {
+    FPlace = place;
+    FProperty = property;
+    FObject = std::move(object);
+}
+
+String TFormLoader::ObjectPath() const {
+    if (!FObject.empty())
+        return FObject;
+    // The innermost object, then the collections and items that are open inside it.
+    auto frame = FFrames.end();
+    while (frame != FFrames.begin() && !(--frame)->IsObject()) {
+    }
+    String path;
+    for (; frame != FFrames.end(); ++frame)
+        path += frame->Name;
+    return path;
+}
+
+EFormLoad TFormLoader::Error(StringView problem) const {
+    return {FFileName, FPlace.Line, FPlace.Column, ObjectPath(), FProperty, problem};
+}
+
+/// The message of a property's refusal without the class and property at its beginning: ours names the object instead.
+StringView TFormLoader::WithoutSubject(const String& message) const {
+    if (!FTargetProperty)
+        return message;
+    const String subject = FTargetClass->Name() + u"." + FTargetProperty->Name + u": ";
+    return StringView(message).substr(message.starts_with(subject) ? subject.size() : 0);
+}
+
+void TFormLoader::Skip(StringView problem, StringView className) {
+    FOptions.OnSkipped(
+        {ObjectPath(), String(className), String(FProperty), String(problem), FPlace.Line, FPlace.Column});
+}
+
+// The course of a load
+
+template <class TBody>
+void TFormLoader::RunIn(TLoadSession& session, bool joined, const TBody& body) {
+    FSession = &session;
+    const std::size_t firstOwn = session.Components.size();
+    try {
+        body();
+    } catch (...) {
+        Abandon(firstOwn, joined);
+        throw;
+    }
+}
+
+void TFormLoader::Load(TComponent& root) {
+    TLoadSession* outer = TLoadSession::Current();
+    if (outer && outer->Takes(root)) {
+        RunIn(*outer, true, [&] { Read(outer->Enter(root, false)); });
+        return;
+    }
+    TLoadSession session;
+    RunIn(session, false, [&] {
+        Read(session.Enter(root, false));
+        session.Close();
+        CallLoaded();
+    });
+}
+
+std::unique_ptr<TComponent> TFormLoader::Create(TComponent* owner) {
+    const TFormObject source = FDocument.Root();
+    TLoadSession session;
+    std::unique_ptr<TComponent> root;
+    RunIn(session, false, [&] {
+        At(PlaceOf(source), {}, NameOf(source));
+        TLoadedComponent* entry = nullptr;
+        WithPlace([&] { entry = &session.Enter(*session.Create(FindClass(source.ClassName()), owner), true); });
+        Read(*entry);
+        session.Close();
+        CallLoaded();
+        At(entry->Place, {}, entry->Name);
+        if (!entry->Alive)
+            Fail(u"the object was destroyed when it had been read");
+        root.reset(entry->Component);
+    });
+    return root;
+}
+
+void TFormLoader::Read(TLoadedComponent& root) {
+    FRoot = &root;
+    OpenRoot(root);
+    while (!FFrames.empty())
+        Step();
+    ResolveReferences();
+}
+
+void TFormLoader::Step() {
+    TFrame& frame = FFrames.back();
+    if (!frame.Life.Lasts()) {
+        FObject.clear();
+        Fail(u"the object was destroyed while it was being read");
+    }
+    if (frame.NextProperty != frame.EndOfProperties)
+        ReadProperty(*frame.NextProperty++);
+    else if (frame.NextMember == frame.EndOfMembers)
+        CloseFrame();
+    else if (frame.Collection)
+        OpenItem(*frame.NextMember++);
+    else
+        OpenChild(*frame.NextMember++);
+}
+
+void TFormLoader::CallLoaded() {
+    // Handlers may destroy components that are still to come.
+    for (std::size_t i = 0; i < FSession->Components.size(); ++i) {
+        TLoadedComponent& entry = FSession->Components[i];
+        if (!entry.Alive || !entry.Component->FComponentState.Contains(csLoading))
+            continue;
+        At(entry.Place, {}, entry.Name);
+        WithPlace([&] { entry.Component->Loaded(); });
+        if (entry.Alive)
+            entry.Component->ChangeState(csLoading, false);
+    }
+}
+
+/// Undoes a load that failed: what it created goes, the newest first; what was there before is no longer loading.
+void TFormLoader::Abandon(std::size_t firstOwn, bool joined) {
+    while (!FFrames.empty()) {
+        const TFrame frame = std::move(FFrames.back());
+        FFrames.pop_back();
+        if (!frame.Collection || !frame.Life.Lasts())
+            continue;
+        try {
+            frame.Collection->EndUpdate();
+        } catch (...) { // NOLINT(bugprone-empty-catch): the first exception tells what went wrong
+        }
+    }
+    auto& components = FSession->Components;
+    for (std::size_t i = components.size(); i-- > firstOwn;) {
+        TLoadedComponent& entry = components[i];
+        if (!entry.Alive)
+            continue;
+        if (entry.Created) {
+            delete entry.Component;
+            continue;
+        }
+        entry.Component->ChangeState(csReading, false);
+        if (!joined)
+            entry.Component->ChangeState(csLoading, false);
+    }
+}
+
+// Objects
+
+void TFormLoader::OpenRoot(TLoadedComponent& root) {
+    const TFormObject source = FDocument.Root();
+    root.Place = PlaceOf(source);
+    root.Name = NameOf(source);
+    At(root.Place, {}, root.Name);
+    CheckClass(*root.Component, source.ClassName());
+    if (source.Kind() == TFormObjectKind::Inherited) {
+        // What is there already came from the ancestor's form.
+        root.Component->ChangeState(csAncestor, true);
+        for (TComponent* component : root.Component->FComponents)
+            component->ChangeState(csAncestor, true);
+    }
+    BeginReading(root, source, RootName(*root.Component, source.Name()), nullptr);
+}
+
+void TFormLoader::OpenChild(const TFormObject& source) {
+    const TFrame& frame = FFrames.back();
+    auto* parent = static_cast<TComponent*>(frame.Target);
+    At(PlaceOf(source), {}, NameOf(source));
+    TLoadedComponent* entry = FindExisting(source, *frame.Scope->Component);
+    const bool isNew = !entry;
+    if (isNew)
+        entry = CreateObject(source, *frame.Scope->Component);
+    if (!entry)
+        return;
+    entry->Place = FPlace;
+    entry->Name = FObject;
+    BeginReading(*entry, source, String(source.Name()), isNew ? parent : nullptr);
+}
+
+/// The component that an inherited or inline object changes; null when it has to be created.
+TLoadedComponent* TFormLoader::FindExisting(const TFormObject& source, TComponent& scope) {
+    if (source.Kind() == TFormObjectKind::Object)
+        return nullptr;
+    TComponent* component = scope.FindComponent(source.Name());
+    if (!component) {
+        if (source.Kind() == TFormObjectKind::Inherited)
+            Fail(u"the object is inherited, but " + scope.GetNamePath() + u" has no such component");
+        return nullptr;
+    }
+    CheckClass(*component, source.ClassName());
+    return &FSession->Enter(*component, false);
+}
+
+/// Null when the class is unknown and was skipped.
+TLoadedComponent* TFormLoader::CreateObject(const TFormObject& source, TComponent& scope) {
+    const TClassInfo* info = GetClass(source.ClassName());
+    if (!info && FOptions.SkipUnknownClasses) {
+        WithPlace([&] { SkipObject(source); });
+        return nullptr;
+    }
+    TLoadedComponent* entry = nullptr;
+    WithPlace([&] {
+        TComponent* component = FSession->Create(info ? *info : FindClass(source.ClassName()), &scope);
+        entry = &FSession->Enter(*component, true);
+        if (source.Kind() != TFormObjectKind::Inline)
+            return;
+        component->ChangeState(csInline, true);
+        for (TComponent* part : component->FComponents)
+            part->ChangeState(csAncestor, true);
+    });
+    return entry;
+}
+
+void TFormLoader::SkipObject(const TFormObject& source) {
+    Skip(u"class " + String(source.ClassName()) + u" not found", source.ClassName());
+    // References to anything in it are skipped too.
+    std::vector<TFormObject> pending{source};
+    while (!pending.empty()) {
+        const TFormObject object = pending.back();
+        pending.pop_back();
+        FSkippedNames.try_emplace(String(object.Name()), true);
+        for (const TFormObject child : object.Children())
+            pending.push_back(child);
+    }
+}
+
+void TFormLoader::CheckClass(const TComponent& component, StringView className) const {
+    for (const TClassInfo* info = &component.ClassInfo(); info; info = info->Parent()) {
+        if (TNameEqual()(info->Name(), className))
+            return;
+    }
+    Fail(u"the object is a " + component.ClassName() + u", not a " + String(className));
+}
+
+/// Prepares a component and puts its frame on the pile; without a parent it stays where it is.
+void TFormLoader::BeginReading(TLoadedComponent& entry, const TFormObject& source, const String& name,
+                               TComponent* parent) {
+    TComponent& component = *entry.Component;
+    component.ChangeState(csLoading, true);
+    component.ChangeState(csReading, true);
+    if (source.Kind() == TFormObjectKind::Inherited)
+        component.ChangeState(csAncestor, true);
+    WithPlace([&] {
+        component.Updating();
+        if (entry.Alive && !name.empty())
+            component.SetName(name);
+        if (entry.Alive && parent)
+            component.SetParentComponent(parent);
+    });
+    if (!entry.Alive)
+        Fail(u"the object was destroyed while it was being read");
+    PushObject(entry, source);
+}
+
+void TFormLoader::PushObject(TLoadedComponent& entry, const TFormObject& source) {
+    TFrame frame;
+    frame.Target = entry.Component;
+    frame.Life.Component = &entry;
+    const bool ownsChildren = FFrames.empty() || entry.Component->FComponentState.Contains(csInline);
+    frame.Scope = ownsChildren ? &entry : FFrames.back().Scope;
+    frame.Place = entry.Place;
+    frame.Name = entry.Name;
+    frame.Position = FFrames.empty() ? std::nullopt : source.Position();
+    frame.NextProperty = source.Properties().begin();
+    frame.EndOfProperties = source.Properties().end();
+    frame.NextMember = source.Children().begin();
+    frame.EndOfMembers = source.Children().end();
+    FFrames.push_back(std::move(frame));
+}
+
+void TFormLoader::OpenCollection(TCollection& collection, const TFormProperty& property) {
+    const TFrame& outer = FFrames.back();
+    TFrame frame;
+    frame.Target = &collection;
+    frame.Collection = &collection;
+    frame.Life = outer.Life;
+    frame.Scope = outer.Scope;
+    frame.Place = FPlace;
+    frame.Name = u"." + String(property.Name());
+    frame.NextMember = property.Value().Items().begin();
+    frame.EndOfMembers = property.Value().Items().end();
+    collection.BeginUpdate();
+    FFrames.push_back(std::move(frame));
+    FProperty = {};
+    collection.Clear();
+}
+
+void TFormLoader::OpenItem(const TFormObject& source) {
+    At(PlaceOf(source));
+    TCollection& collection = *FFrames.back().Collection;
+    TCollectionItem* item = nullptr;
+    WithPlace([&] { item = collection.Add(); });
+    if (!item)
+        Fail(u"an item was destroyed when it joined the collection");
+    TFrame frame;
+    frame.Target = item;
+    frame.Life = {FFrames.back().Life.Component, item->LifeToken(), true};
+    frame.Scope = FFrames.back().Scope;
+    frame.Place = FPlace;
+    frame.Name = u"[" + IntToStr(item->GetIndex()) + u"]";
+    frame.NextProperty = source.Properties().begin();
+    frame.EndOfProperties = source.Properties().end();
+    FFrames.push_back(std::move(frame));
+}
+
+void TFormLoader::CloseFrame() {
+    const TFrame frame = std::move(FFrames.back());
+    FFrames.pop_back();
+    if (frame.Collection) {
+        At(frame.Place, StringView(frame.Name).substr(1));
+        WithPlace([&] { frame.Collection->EndUpdate(); });
+        FProperty = {};
+    } else if (frame.IsObject()) {
+        TComponent* component = frame.Life.Component->Component;
+        component->ChangeState(csReading, false);
+        if (!frame.Position)
+            return;
+        TComponent* parent = component->GetParentComponent();
+        if (!parent)
+            parent = component->FOwner;
+        At(frame.Place, {}, frame.Name);
+        if (parent)
+            WithPlace([&] { parent->SetChildOrder(component, *frame.Position); });
+    }
+}
+
+} // namespace framework
