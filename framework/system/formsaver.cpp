@@ -1,0 +1,247 @@
+#include "framework/system/formsaver.h"
+
+#include "framework/system/collections.h"
+#include "framework/system/formvalues.h"
+
+#include <algorithm>
+
+namespace framework {
+
+namespace {
+
+/// The place that a designer gives a component without one of its own stands behind all other properties.
+bool IsDesignPlace(const TPropInfo& row) {
+    for (const char16_t* name : {u"Left", u"Top"}) {
+        if (row.Name == name && row.GetOrdinal == TComponent::StaticClass().FindProperty(name)->GetOrdinal)
+            return true;
+    }
+    return false;
+}
+
+/// The rows that are stored, in the order in which a form has them.
+std::vector<const TPropInfo*> StoredRows(const TPersistent& object) {
+    std::vector<const TPropInfo*> rows;
+    for (const TPropInfo& row : object.ClassInfo().Properties()) {
+        if (IsStoredProp(object, row))
+            rows.push_back(&row);
+    }
+    std::stable_partition(rows.begin(), rows.end(), [](const TPropInfo* row) { return !IsDesignPlace(*row); });
+    return rows;
+}
+
+} // namespace
+
+/// Writes one root. As in the loader, nesting is kept in frames of its own.
+class TFormSaver {
+public:
+    explicit TFormSaver(TComponent& root) : FRoot(root) {}
+    ~TFormSaver();
+
+    TFormDocument Save();
+
+private:
+    /// An object, sub-object, collection or item whose writing has begun.
+    struct TFrame {
+        const TPersistent* Target = nullptr;
+        TComponent* Component = nullptr;         ///< an object of the form
+        const TCollection* Collection = nullptr; ///< a collection
+        bool IsItem = false;
+        TComponent* Scope = nullptr;
+        String Prefix; ///< of a sub-object's properties, as in `Font.`
+        std::vector<const TPropInfo*> Rows;
+        std::size_t NextRow = 0;
+        std::vector<TComponent*> Children;
+        std::size_t NextChild = 0;
+        std::size_t AncestorsUpTo = 0; ///< behind the last child that is inherited
+        int NextItem = 0;
+    };
+
+    void Step();
+    void OpenObject(TComponent& component, TComponent& scope, std::optional<std::int32_t> position);
+    void OpenChild();
+    void OpenItem();
+    void CloseFrame();
+
+    void WriteRow(const TPropInfo& row);
+    void WriteObjectRow(const TPropInfo& row, const String& name);
+    bool IsOpen(const TPersistent* object) const;
+    String PathTo(const TComponent& component, const TPropInfo& row) const;
+    String MethodPath(const TPropInfo& row) const;
+
+    TComponent& FRoot;
+    TFormBuilder FBuilder;
+    std::vector<TFrame> FFrames;
+};
+
+TFormDocument SaveTextForm(TComponent& root) {
+    return TFormSaver(root).Save();
+}
+
+TFormSaver::~TFormSaver() {
+    for (TFrame& frame : FFrames) {
+        if (frame.Component)
+            frame.Component->ChangeState(csWriting, false);
+    }
+}
+
+TFormDocument TFormSaver::Save() {
+    OpenObject(FRoot, FRoot, std::nullopt);
+    while (!FFrames.empty())
+        Step();
+    return FBuilder.Finish();
+}
+
+void TFormSaver::Step() {
+    TFrame& frame = FFrames.back();
+    if (frame.NextRow < frame.Rows.size())
+        WriteRow(*frame.Rows[frame.NextRow++]);
+    else if (frame.NextChild < frame.Children.size())
+        OpenChild();
+    else if (frame.Collection && frame.NextItem < frame.Collection->GetCount())
+        OpenItem();
+    else
+        CloseFrame();
+}
+
+// Objects and items
+
+void TFormSaver::OpenObject(TComponent& component, TComponent& scope, std::optional<std::int32_t> position) {
+    const TComponentState state = component.GetComponentState();
+    const TFormObjectKind kind = state.Contains(csAncestor) ? TFormObjectKind::Inherited
+                                 : state.Contains(csInline) ? TFormObjectKind::Inline
+                                                            : TFormObjectKind::Object;
+    FBuilder.BeginObject(kind, component.GetName(), component.ClassName(), position);
+    component.ChangeState(csWriting, true);
+    TFrame& frame = FFrames.emplace_back();
+    frame.Target = &component;
+    frame.Component = &component;
+    frame.Scope = state.Contains(csInline) ? &component : &scope;
+    frame.Rows = StoredRows(component);
+    frame.Children = component.GetChildren(frame.Scope);
+    std::erase_if(frame.Children, [](const TComponent* child) {
+        return child->GetComponentStyle().Contains(csSubComponent); // written where it belongs
+    });
+    for (std::size_t i = 0; i < frame.Children.size(); ++i) {
+        if (frame.Children[i]->GetComponentState().Contains(csAncestor))
+            frame.AncestorsUpTo = i + 1;
+    }
+}
+
+void TFormSaver::OpenChild() {
+    TFrame& frame = FFrames.back();
+    const std::size_t index = frame.NextChild++;
+    TComponent& child = *frame.Children[index];
+    // A new object would come behind all that is there before the form is read.
+    const bool isBetween = index < frame.AncestorsUpTo && !child.GetComponentState().Contains(csAncestor);
+    OpenObject(child, *frame.Scope, isBetween ? std::optional(static_cast<std::int32_t>(index)) : std::nullopt);
+}
+
+void TFormSaver::OpenItem() {
+    TFrame item;
+    item.Target = FFrames.back().Collection->GetItem(FFrames.back().NextItem++);
+    item.IsItem = true;
+    item.Scope = FFrames.back().Scope;
+    item.Rows = StoredRows(*item.Target);
+    FBuilder.BeginItem();
+    FFrames.push_back(std::move(item));
+}
+
+void TFormSaver::CloseFrame() {
+    TFrame& frame = FFrames.back();
+    if (frame.Component) {
+        FBuilder.EndObject();
+        frame.Component->ChangeState(csWriting, false);
+    } else if (frame.Collection) {
+        FBuilder.EndCollection();
+    } else if (frame.IsItem) {
+        FBuilder.EndItem();
+    }
+    FFrames.pop_back();
+}
+
+// Properties
+
+void TFormSaver::WriteRow(const TPropInfo& row) {
+    const TFrame& frame = FFrames.back();
+    const String name = frame.Prefix + row.Name;
+    switch (row.Kind) {
+    case tkClass:
+        WriteObjectRow(row, name);
+        break;
+    case tkMethod:
+        FBuilder.Property(name);
+        FBuilder.Identifier(MethodPath(row));
+        break;
+    default:
+        FBuilder.Property(name);
+        WriteFormValue(FBuilder, *frame.Target, row);
+    }
+}
+
+void TFormSaver::WriteObjectRow(const TPropInfo& row, const String& name) {
+    const TFrame& outer = FFrames.back();
+    TPersistent* instance = row.GetInstance(*outer.Target);
+    if (!IsSubObject(*outer.Target, row)) {
+        FBuilder.Property(name);
+        FBuilder.Identifier(PathTo(*As<TComponent>(instance), row));
+        return;
+    }
+    if (IsOpen(instance))
+        return; // a way back to what holds it
+    TFrame frame;
+    frame.Target = instance;
+    frame.Scope = outer.Scope;
+    frame.Collection = As<TCollection>(instance);
+    if (frame.Collection) {
+        FBuilder.Property(name);
+        FBuilder.BeginCollection();
+    } else {
+        frame.Prefix = name + u".";
+        frame.Rows = StoredRows(*instance);
+    }
+    FFrames.push_back(std::move(frame));
+}
+
+bool TFormSaver::IsOpen(const TPersistent* object) const {
+    for (auto frame = FFrames.rbegin(); frame != FFrames.rend(); ++frame) {
+        if (frame->Target == object)
+            return true;
+        if (frame->Component)
+            break;
+    }
+    return false;
+}
+
+/// How the loader finds the component from here: its name, below the inline frame that owns it, or below another root.
+String TFormSaver::PathTo(const TComponent& component, const TPropInfo& row) const {
+    const TFrame& frame = FFrames.back();
+    String path;
+    for (const TComponent* each = &component;;) {
+        if (each->GetName().empty())
+            throw EComponentError(frame.Target->GetNamePath() + u"." + row.Name + u" refers to a " +
+                                  component.ClassName() + u" that no name leads to");
+        path = each->GetName() + (path.empty() ? u"" : u".") + path;
+        const TComponent* owner = each->GetOwnerComponent();
+        if (each == &FRoot || owner == &FRoot || owner == frame.Scope)
+            return path;
+        // Roots that stand beside ours are found by name; what owns them all has none.
+        if (!owner || owner == FRoot.GetOwnerComponent() || owner->GetName().empty())
+            return path;
+        each = owner;
+    }
+}
+
+String TFormSaver::MethodPath(const TPropInfo& row) const {
+    const TFrame& frame = FFrames.back();
+    const String& method = row.GetMethod(*frame.Target)->Name;
+    const TObject* instance = row.GetMethodInstance(*frame.Target);
+    if (instance == &FRoot || (instance == frame.Scope && !FRoot.ClassInfo().FindMethod(method)))
+        return method;
+    const auto* component = As<TComponent>(instance);
+    if (!component)
+        throw EComponentError(frame.Target->GetNamePath() + u"." + row.Name + u" calls a method of a " +
+                              instance->ClassName() + u", which is no component");
+    return PathTo(*component, row) + u"." + method;
+}
+
+} // namespace framework
