@@ -1,8 +1,7 @@
 #pragma once
 
 // How rows of published tables are made from accessors: the templates behind Property, Event, Method and DescribeClass.
-
-#include "framework/system/published.h"
+// A part of published.h, which includes it at its end; nobody else does.
 
 #include <limits>
 #include <memory>
