@@ -7,6 +7,7 @@ namespace framework {
 Exception::Exception(String message) : FMessage(std::move(message)), FUtf8(Utf8Encode(FMessage)) {
 }
 
-EAbort::EAbort() : Exception(u"Operation aborted") {}
+EAbort::EAbort() : Exception(u"Operation aborted") {
+}
 
 } // namespace framework

@@ -108,12 +108,9 @@ TEST_F(FramedEdit, ShowsEachStateAsAFrameOfItsColour) {
         bool Ctl3D;
         std::optional<COLORREF> Frame; // nothing: the native border
     } rows[] = {
-        {"required", wRequired, true, 0xDD9746},
-        {"recommended", wRecommended, true, 0x46C265},
-        {"error", wError, true, 0x0000FF},
-        {"none, sunken", wNone, true, std::nullopt},
-        {"none, flat", wNone, false, 0x808080},
-        {"required, flat", wRequired, false, 0xDD9746},
+        {"required", wRequired, true, 0xDD9746}, {"recommended", wRecommended, true, 0x46C265},
+        {"error", wError, true, 0x0000FF},       {"none, sunken", wNone, true, std::nullopt},
+        {"none, flat", wNone, false, 0x808080},  {"required, flat", wRequired, false, 0xDD9746},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Name);
@@ -421,7 +418,9 @@ TEST_F(FramedEdit, MayBeDestroyedInItsOwnHandlers) {
          },
          [](TZOREdit& edit) { ClickOn(edit); }},
         {"OnMouseEnter", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnMouseEnter = kill; },
-         [](TZOREdit& edit) { MoveMouse(edit.ClientToScreen({4, 4})); }},
+         [](TZOREdit& edit) {
+             MoveMouse(edit.ClientToScreen({4, 4}));
+         }},
         {"OnClick through the label",
          [](TZOREdit& edit, const TNotifyEvent& kill) {
              edit.BoundLabel->AllowClick = true;
