@@ -235,7 +235,20 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
             places.push_back({child->FAlign, child->GetBoundsRect()});
         }
     }
-    client = AlignChildren(client, places);
+    const TRect whole = client;
+    client = AlignChildren(whole, places);
+    bool anyAnswered = false;
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        controls[i]->SetBoundsRect(places[i].Place);
+        const TRect taken = controls[i]->GetBoundsRect();
+        anyAnswered = anyAnswered || taken != places[i].Place;
+        places[i].Place = taken;
+    }
+    if (!anyAnswered)
+        return;
+    // Some child answers its place with a size of its own, such as text that wraps at a new width: the others make
+    // room.
+    client = AlignChildren(whole, places);
     for (std::size_t i = 0; i < controls.size(); ++i)
         controls[i]->SetBoundsRect(places[i].Place);
 }

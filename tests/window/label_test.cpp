@@ -3,6 +3,7 @@
 #include "framework/graphics/textmetrics.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/label.h"
+#include "framework/windows/panel.h"
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>
@@ -101,9 +102,13 @@ TEST(LabelSize, SpansItsParentAndWrapsAnewWithIt) {
     label.SetText(kLongText);
     EXPECT_EQ(label.GetWidth(), form->GetClientWidth());
     const int lines = LinesOf(label);
+    TPanel below(nullptr);
+    below.SetAlign(alClient);
+    below.SetParent(form.get());
     form->SetClientWidth(120);
     EXPECT_EQ(label.GetWidth(), 120);
     EXPECT_GT(LinesOf(label), lines);
+    EXPECT_EQ(below.GetTop(), label.GetHeight()) << "what lies below makes room";
     form->SetClientWidth(380);
     EXPECT_EQ(LinesOf(label), lines);
 }
