@@ -6,13 +6,17 @@
 
 #include <vector>
 
+namespace framework {
+
+inline void PrintTo(const TRect& rect, std::ostream* stream) {
+    *stream << rect.Left << "," << rect.Top << " " << rect.Width() << "x" << rect.Height();
+}
+
+} // namespace framework
+
 namespace {
 
 using namespace framework;
-
-std::ostream& operator<<(std::ostream& stream, const TRect& rect) {
-    return stream << rect.Left << "," << rect.Top << " " << rect.Width() << "x" << rect.Height();
-}
 
 TEST(Anchors, KeepDistancesToAnchoredSides) {
     const TAnchorBase base{Bounds(10, 20, 100, 30), {200, 100}};
