@@ -1,5 +1,6 @@
 // The published rows and enumerations that controls share.
 
+#include "framework/system/identifiers.h"
 #include "framework/windows/wincontrol.h"
 
 namespace framework {
@@ -34,12 +35,7 @@ const TEnumInfo& DescribeEnum(TFormBorderStyle) {
 
 namespace {
 
-struct TCursorName {
-    TCursor Cursor;
-    const char16_t* Name;
-};
-
-constexpr TCursorName kCursorNames[] = {
+constexpr TIdentifier kCursors[] = {
     {crDefault, u"crDefault"},   {crNone, u"crNone"},           {crArrow, u"crArrow"},
     {crCross, u"crCross"},       {crIBeam, u"crIBeam"},         {crSizeNESW, u"crSizeNESW"},
     {crSizeNS, u"crSizeNS"},     {crSizeNWSE, u"crSizeNWSE"},   {crSizeWE, u"crSizeWE"},
@@ -51,27 +47,7 @@ constexpr TCursorName kCursorNames[] = {
 } // namespace
 
 const TIdentifiers& CursorIdentifiers() {
-    static const TIdentifiers identifiers{[](std::int64_t value) -> std::optional<String> {
-                                              for (const TCursorName& each : kCursorNames) {
-                                                  if (each.Cursor == value)
-                                                      return each.Name;
-                                              }
-                                              return std::nullopt;
-                                          },
-                                          [](StringView name) -> std::optional<std::int64_t> {
-                                              for (const TCursorName& each : kCursorNames) {
-                                                  if (TNameEqual()(each.Name, name))
-                                                      return each.Cursor;
-                                              }
-                                              return std::nullopt;
-                                          },
-                                          [] {
-                                              std::vector<String> names;
-                                              for (const TCursorName& each : kCursorNames)
-                                                  names.emplace_back(each.Name);
-                                              return names;
-                                          }};
-    return identifiers;
+    return IdentifiersOf<kCursors>();
 }
 
 namespace controlrows {
