@@ -258,6 +258,8 @@ void TCustomCheckBox::CreateParams(TCreateParams& params) {
     params.ExStyle &= ~static_cast<DWORD>(WS_EX_RIGHT); // would move the caption away from its box
     if ((FAlignment == taLeftJustify) != mirrored)
         params.Style |= BS_LEFTTEXT;
+    if (mirrored)
+        params.Style |= BS_RIGHT; // the text begins at the right
 }
 
 void TCustomCheckBox::CreateWnd() {

@@ -3,6 +3,7 @@
 #include "framework/windows/button.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/label.h"
+#include "framework/windows/listbox.h"
 #include "framework/windows/panel.h"
 #include "framework/windows/timer.h"
 
@@ -10,7 +11,8 @@ namespace framework {
 
 void RegisterStandardControls() {
     RegisterClasses({&TLabel::StaticClass(), &TEdit::StaticClass(), &TButton::StaticClass(), &TCheckBox::StaticClass(),
-                     &TPanel::StaticClass(), &TGroupBox::StaticClass(), &TTimer::StaticClass()});
+                     &TListBox::StaticClass(), &TPanel::StaticClass(), &TGroupBox::StaticClass(),
+                     &TTimer::StaticClass()});
 }
 
 } // namespace framework
