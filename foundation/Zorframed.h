@@ -11,8 +11,6 @@
 
 namespace ZOR {
 
-/// Fired by hosts that validate a form; the controls store it and never fire it themselves.
-using TValidateRequest = TNotifyEvent;
 
 /// How a control shows a changed state.
 enum class TFrameRepaint {
@@ -46,6 +44,7 @@ public:
     FRAMEWORK_PROPERTY(TBorderColors*, BorderColors, GetBorderColors, SetBorderColors);
     FRAMEWORK_READ_PROPERTY(TZORBoundLabel*, BoundLabel, GetBoundLabel);
 
+    /// For hosts that validate a form; the control keeps it and never fires it.
     TNotifyEvent OnValidateRequest;
 
     explicit TZORFramed(TComponent* owner)
