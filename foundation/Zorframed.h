@@ -11,7 +11,6 @@
 
 namespace ZOR {
 
-
 /// How a control shows a changed state.
 enum class TFrameRepaint {
     NonClient, ///< WM_NCPAINT at once: only the frame

@@ -392,7 +392,7 @@ TEST(Graphics, GivesBackEveryHandle) {
         canvas.RoundRect(0, 0, 9, 9, 3, 3);
         bitmap.SetSize(40, 40);
         TTextMeasure(*canvas.Font).Extent(u"abc");
-        TBufferedPaint(canvas.Handle, {0, 0, 5, 5});
+        const TBufferedPaint unused(canvas.Handle, {0, 0, 5, 5});
         const TWindowDC screen(nullptr, TWindowDC::Whole);
     });
 }
