@@ -22,10 +22,16 @@ INPUT KeyInput(WORD key, DWORD flags) {
     return input;
 }
 
+TPoint pointer; // where the pointer was last sent
+
+/// Each mouse input carries the place: a late report of an earlier movement cannot lead a click astray.
 INPUT MouseInput(DWORD flags) {
     INPUT input{};
     input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    // The screen is 65536 units wide and high; half a pixel more, so that rounding down hits the right one.
+    input.mi.dx = MulDiv(2 * pointer.X + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = MulDiv(2 * pointer.Y + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
     return input;
 }
 
@@ -82,11 +88,8 @@ void TypeText(StringView text) {
 }
 
 void MoveMouse(TPoint point) {
-    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
-    // The screen is 65536 units wide and high; half a pixel more, so that rounding down hits the right one.
-    input.mi.dx = MulDiv(2 * point.X + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
-    input.mi.dy = MulDiv(2 * point.Y + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
-    Send({input});
+    pointer = point;
+    Send({MouseInput(0)});
     EXPECT_TRUE(WaitFor([&] {
         POINT at{};
         return GetCursorPos(&at) && at.x == point.X && at.y == point.Y;
