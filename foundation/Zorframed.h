@@ -119,6 +119,10 @@ protected:
 
 private:
     void HandleFraming(TMessage& message) {
+        if (this->IsDestroying()) { // its published table has gone with the derived class, and nobody looks any more
+            TBase::WndProc(message);
+            return;
+        }
         switch (message.Msg) {
         case CM_GOTFOCUS:
         case CM_ENTER:
