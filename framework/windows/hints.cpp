@@ -142,6 +142,7 @@ private:
     };
 
     void Enter(TPhase phase, std::uint32_t interval);
+    void Wait();
     void TimerTick();
     void Ask();
     void Show(const THintInfo& info, bool placed);
@@ -169,9 +170,18 @@ void THintController::MouseOver(TControl* control) {
     if (!hinting)
         return;
     FreeNotification(hinting);
-    if (!hinting->GetComponentState().Contains(csDesigning))
-        Enter(Waiting,
-              showed ? kNextHintPause : static_cast<std::uint32_t>(std::max(TheApplication().GetHintPause(), 1)));
+    if (hinting->GetComponentState().Contains(csDesigning))
+        return;
+    if (showed)
+        Enter(Waiting, kNextHintPause);
+    else
+        Wait();
+}
+
+/// The pause before a hint. It begins anew when the pointer turns out to be elsewhere: the mouse tracker tells in a
+/// moment that it left, or the position was out of date.
+void THintController::Wait() {
+    Enter(Waiting, static_cast<std::uint32_t>(std::max(TheApplication().GetHintPause(), 1)));
 }
 
 void THintController::Hide() {
@@ -200,8 +210,12 @@ bool THintController::PointerIsThere() const {
 }
 
 void THintController::Ask() {
-    if (!TheApplication().GetShowHint() || !ProgramIsInForeground() || !PointerIsThere()) {
+    if (!TheApplication().GetShowHint() || !ProgramIsInForeground()) {
         Hide();
+        return;
+    }
+    if (!PointerIsThere()) {
+        Wait();
         return;
     }
     const TPoint pointer = PointerPosition();
@@ -244,7 +258,8 @@ void THintController::Show(const THintInfo& info, bool placed) {
 
 void THintController::Watch() {
     if (!PointerIsThere()) {
-        Hide();
+        FWindow.reset();
+        Wait();
     } else if (!FCursorRect.Contains(FControl->ScreenToClient(PointerPosition()))) {
         FWindow.reset();
         Enter(Waiting, kNextHintPause);
