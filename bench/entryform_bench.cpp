@@ -12,6 +12,7 @@
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/application.h"
+#include "framework/windows/standardcontrols.h"
 
 #include <algorithm>
 #include <chrono>
@@ -202,8 +203,8 @@ void BenchControl() {
 
 int main() {
     TheApplication().Initialize();
+    RegisterStandardControls();
     RegisterPackage();
-    RegisterClasses({&TForm::StaticClass()});
     try {
         BenchForms();
         BenchControl();

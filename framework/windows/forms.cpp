@@ -251,8 +251,8 @@ void TCustomForm::SetFormStyle(TFormStyle value) {
 }
 
 TWindowState TCustomForm::GetWindowState() const {
-    if (!HandleAllocated())
-        return FWindowState;
+    if (!HandleAllocated() || !GetShowing())
+        return FWindowState; // the state in which it will be shown
     return IsIconic(FHandle) ? wsMinimized : IsZoomed(FHandle) ? wsMaximized : wsNormal;
 }
 

@@ -2,6 +2,7 @@
 
 #include "framework/windows/button.h"
 #include "framework/windows/edit.h"
+#include "framework/windows/forms.h"
 #include "framework/windows/label.h"
 #include "framework/windows/listbox.h"
 #include "framework/windows/panel.h"
@@ -10,9 +11,9 @@
 namespace framework {
 
 void RegisterStandardControls() {
-    RegisterClasses({&TLabel::StaticClass(), &TEdit::StaticClass(), &TButton::StaticClass(), &TCheckBox::StaticClass(),
-                     &TListBox::StaticClass(), &TPanel::StaticClass(), &TGroupBox::StaticClass(),
-                     &TTimer::StaticClass()});
+    RegisterClasses({&TForm::StaticClass(), &TLabel::StaticClass(), &TEdit::StaticClass(), &TButton::StaticClass(),
+                     &TCheckBox::StaticClass(), &TListBox::StaticClass(), &TPanel::StaticClass(),
+                     &TGroupBox::StaticClass(), &TTimer::StaticClass()});
 }
 
 } // namespace framework
