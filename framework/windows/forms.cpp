@@ -41,53 +41,38 @@ const TClassInfo& TCustomForm::StaticClass() {
 
 const TClassInfo& TForm::StaticClass() {
     namespace shared = controlrows;
-    static const TClassInfo info =
-        DescribeClass<TForm>(u"TForm", TCustomForm::StaticClass(),
-                             {Property<&TForm::GetActiveControl, &TForm::SetActiveControl>(u"ActiveControl"),
-                              shared::Align(),
-                              shared::Anchors(),
-                              shared::AutoSize(false),
-                              shared::BiDiMode(),
-                              Property<&TForm::GetBorderIcons, &TForm::SetBorderIcons>(
-                                  u"BorderIcons", {biSystemMenu, biMinimize, biMaximize}),
-                              Property<&TForm::GetBorderStyle, &TForm::SetBorderStyle>(u"BorderStyle", bsSizeable),
-                              shared::Caption(),
-                              Property<&TForm::GetDesignClientHeight, &TForm::SetDesignClientHeight>(u"ClientHeight"),
-                              Property<&TForm::GetDesignClientWidth, &TForm::SetDesignClientWidth>(u"ClientWidth"),
-                              shared::Color(clBtnFace),
-                              shared::Constraints(),
-                              shared::Ctl3D(),
-                              shared::DoubleBuffered(),
-                              shared::Enabled(),
-                              shared::Font(),
-                              shared::ParentFont().NotStored(),
-                              Property<&TForm::GetFormStyle, &TForm::SetFormStyle>(u"FormStyle", fsNormal),
-                              Property<&TForm::GetKeyPreview, &TForm::SetKeyPreview>(u"KeyPreview", false),
-                              Property<&TForm::GetPixelsPerInch, &TForm::SetPixelsPerInch>(u"PixelsPerInch"),
-                              Property<&TForm::GetPosition, &TForm::SetPosition>(u"Position", poDefaultPosOnly),
-                              Property<&TForm::GetScaled, &TForm::SetScaled>(u"Scaled", true),
-                              shared::ShowHint(),
-                              Property<&TForm::GetDesignVisible, &TForm::SetDesignVisible>(u"Visible", false),
-                              Property<&TForm::GetWindowState, &TForm::SetWindowState>(u"WindowState", wsNormal),
-                              Event<&TForm::OnActivate>(u"OnActivate"),
-                              shared::OnClick(),
-                              Event<&TForm::OnClose>(u"OnClose"),
-                              Event<&TForm::OnCloseQuery>(u"OnCloseQuery"),
-                              Event<&TForm::OnCreate>(u"OnCreate"),
-                              shared::OnDblClick(),
-                              Event<&TForm::OnDestroy>(u"OnDestroy"),
-                              Event<&TForm::OnDeactivate>(u"OnDeactivate"),
-                              Event<&TForm::OnHide>(u"OnHide"),
-                              shared::OnKeyDown(),
-                              shared::OnKeyPress(),
-                              shared::OnKeyUp(),
-                              shared::OnMouseDown(),
-                              shared::OnMouseMove(),
-                              shared::OnMouseUp(),
-                              shared::OnMouseWheel(),
-                              Event<&TForm::OnPaint>(u"OnPaint"),
-                              shared::OnResize(),
-                              Event<&TForm::OnShow>(u"OnShow")});
+    static const TClassInfo info = DescribeClass<TForm>(
+        u"TForm", TCustomForm::StaticClass(),
+        {// The size of the client area is what is written; the border depends on the system.
+         Property<&TForm::GetWidth, &TForm::SetWidth>(u"Width").NotStored(),
+         Property<&TForm::GetHeight, &TForm::SetHeight>(u"Height").NotStored(),
+         Property<&TForm::GetActiveControl, &TForm::SetActiveControl>(u"ActiveControl"), shared::Align(),
+         shared::Anchors(), shared::AutoSize(false), shared::BiDiMode(),
+         Property<&TForm::GetBorderIcons, &TForm::SetBorderIcons>(u"BorderIcons",
+                                                                  {biSystemMenu, biMinimize, biMaximize}),
+         Property<&TForm::GetBorderStyle, &TForm::SetBorderStyle>(u"BorderStyle", bsSizeable), shared::Caption(),
+         Property<&TForm::GetDesignClientHeight, &TForm::SetDesignClientHeight>(u"ClientHeight"),
+         Property<&TForm::GetDesignClientWidth, &TForm::SetDesignClientWidth>(u"ClientWidth"),
+         // A form states its colour and font even when they are the usual ones: its controls
+         // follow them on every system.
+         Property<&TForm::GetColor, &TForm::SetColor>(u"Color")
+             .Named(ColorIdentifiers())
+             .StoredWhen<&TForm::ColorStored>(),
+         shared::Constraints(), shared::Ctl3D(), shared::DoubleBuffered(), shared::Enabled(), shared::Font(),
+         Property<&TForm::GetParentFont, &TForm::SetParentFont>(u"ParentFont", false),
+         Property<&TForm::GetFormStyle, &TForm::SetFormStyle>(u"FormStyle", fsNormal),
+         Property<&TForm::GetKeyPreview, &TForm::SetKeyPreview>(u"KeyPreview", false),
+         Property<&TForm::GetPixelsPerInch, &TForm::SetPixelsPerInch>(u"PixelsPerInch"),
+         Property<&TForm::GetPosition, &TForm::SetPosition>(u"Position", poDefaultPosOnly),
+         Property<&TForm::GetScaled, &TForm::SetScaled>(u"Scaled", true), shared::ShowHint(),
+         Property<&TForm::GetDesignVisible, &TForm::SetDesignVisible>(u"Visible", false),
+         Property<&TForm::GetWindowState, &TForm::SetWindowState>(u"WindowState", wsNormal),
+         Event<&TForm::OnActivate>(u"OnActivate"), shared::OnClick(), Event<&TForm::OnClose>(u"OnClose"),
+         Event<&TForm::OnCloseQuery>(u"OnCloseQuery"), Event<&TForm::OnCreate>(u"OnCreate"), shared::OnDblClick(),
+         Event<&TForm::OnDestroy>(u"OnDestroy"), Event<&TForm::OnDeactivate>(u"OnDeactivate"),
+         Event<&TForm::OnHide>(u"OnHide"), shared::OnKeyDown(), shared::OnKeyPress(), shared::OnKeyUp(),
+         shared::OnMouseDown(), shared::OnMouseMove(), shared::OnMouseUp(), shared::OnMouseWheel(),
+         Event<&TForm::OnPaint>(u"OnPaint"), shared::OnResize(), Event<&TForm::OnShow>(u"OnShow")});
     return info;
 }
 
@@ -97,6 +82,7 @@ TCustomForm::TCustomForm(TComponent* owner)
     FControlState << csCustomPaint;
     TWinControl::SetBounds(0, 0, 320, 240);
     SetColor(clBtnFace);
+    SetParentFont(false);
     TWinControl::SetVisible(false);
     TheScreen().FForms.push_back(this);
 }

@@ -1,0 +1,154 @@
+// A form of standard controls as a designer writes it: loaded, looked at, and written back letter by letter.
+
+#include "framework/system/formloader.h"
+#include "framework/system/formsaver.h"
+#include "framework/windows/application.h"
+#include "framework/windows/button.h"
+#include "framework/windows/edit.h"
+#include "framework/windows/label.h"
+#include "framework/windows/listbox.h"
+#include "framework/windows/panel.h"
+#include "framework/windows/standardcontrols.h"
+#include "framework/windows/timer.h"
+#include "tests/support/input.h"
+
+#include <gtest/gtest.h>
+
+using namespace framework;
+using namespace testsupport;
+
+namespace {
+
+constexpr const char* kForm = R"(object Customers: TForm
+  Left = 40
+  Top = 30
+  ClientHeight = 300
+  ClientWidth = 400
+  Color = clBtnFace
+  Font.Charset = DEFAULT_CHARSET
+  Font.Color = clWindowText
+  Font.Height = -11
+  Font.Name = 'Tahoma'
+  Font.Style = []
+  PixelsPerInch = 96
+  Position = poDesigned
+  object NameLabel: TLabel
+    Left = 8
+    Top = 8
+    Width = 60
+    Height = 13
+    AutoSize = False
+    Caption = '&Name'
+    FocusControl = NameEdit
+    Transparent = True
+  end
+  object NameEdit: TEdit
+    Left = 80
+    Top = 8
+    Width = 121
+    Height = 21
+    Hint = 'Who it is|Surname first'
+    CharCase = ecUpperCase
+    MaxLength = 30
+    ParentShowHint = False
+    PasswordChar = '*'
+    ShowHint = True
+    TabOrder = 1
+    Text = 'KOWALSKI'
+  end
+  object Choices: TListBox
+    Left = 80
+    Top = 40
+    Width = 121
+    Height = 97
+    ItemHeight = 13
+    Items.Strings = (
+      'one'
+      #380#243#322'w')
+    MultiSelect = True
+    TabOrder = 2
+  end
+  object Bottom: TPanel
+    Left = 0
+    Top = 259
+    Width = 400
+    Height = 41
+    Align = alBottom
+    BevelInner = bvLowered
+    BevelOuter = bvNone
+    ShowCaption = False
+    TabOrder = 0
+    object Active: TCheckBox
+      Left = 8
+      Top = 8
+      Width = 97
+      Height = 17
+      Caption = 'A&ctive'
+      Checked = True
+      State = cbChecked
+      TabOrder = 1
+    end
+    object Ok: TButton
+      Left = 300
+      Top = 8
+      Width = 75
+      Height = 25
+      Anchors = [akTop, akRight]
+      Caption = 'Ok'
+      Default = True
+      ModalResult = 1
+      TabOrder = 0
+    end
+  end
+  object Group: TGroupBox
+    Left = 210
+    Top = 40
+    Width = 185
+    Height = 105
+    Caption = 'Group'
+    Color = clInfoBk
+    ParentColor = False
+    TabOrder = 3
+  end
+  object Clock: TTimer
+    Enabled = False
+    Interval = 250
+  end
+end
+)";
+
+std::string WithUnixLineEnds(std::string text) {
+    std::erase(text, '\r');
+    return text;
+}
+
+TEST(StandardForm, IsLoadedAndWrittenBack) {
+    RegisterStandardControls();
+    const auto root = CreateFromTextForm(std::string_view(kForm), nullptr);
+    auto* form = As<TForm>(root.get());
+    ASSERT_NE(form, nullptr);
+    const auto find = [&](StringView name) { return form->FindComponent(name); };
+    auto* label = As<TLabel>(find(u"NameLabel"));
+    auto* edit = As<TEdit>(find(u"NameEdit"));
+    auto* list = As<TListBox>(find(u"Choices"));
+    auto* box = As<TCheckBox>(find(u"Active"));
+    auto* ok = As<TButton>(find(u"Ok"));
+    ASSERT_TRUE(label && edit && list && box && ok);
+    EXPECT_EQ(WithUnixLineEnds(WriteTextForm(SaveTextForm(*form))), kForm);
+
+    ShowAndActivate(*form);
+    EXPECT_EQ(label->GetFocusControl(), edit) << "named before it was there";
+    EXPECT_EQ(edit->GetText(), u"KOWALSKI");
+    EXPECT_EQ(SendMessageW(edit->GetHandle(), EM_GETPASSWORDCHAR, 0, 0), '*');
+    EXPECT_EQ(list->GetItems()->GetCommaText(), u"one,\u017C\u00F3\u0142w");
+    EXPECT_EQ(SendMessageW(box->GetHandle(), BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_TRUE(ok->Focused()) << "the first in the order of the Tab key";
+    PressKey(VK_TAB);
+    EXPECT_TRUE(box->Focused());
+    PressKey(VK_TAB);
+    EXPECT_TRUE(edit->Focused());
+    form->SetClientWidth(500);
+    EXPECT_EQ(ok->GetLeft(), 400);
+}
+
+} // namespace
