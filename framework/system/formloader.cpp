@@ -144,6 +144,7 @@ std::unique_ptr<TComponent> TFormLoader::Create(TComponent* owner) {
         At(PlaceOf(source), {}, NameOf(source));
         TLoadedComponent* entry = nullptr;
         WithPlace([&] { entry = &session.Enter(*session.Create(FindClass(source.ClassName()), owner), true); });
+        MarkParts(*entry->Component);
         Read(*entry);
         session.Close();
         CallLoaded();
@@ -230,10 +231,15 @@ void TFormLoader::OpenRoot(TLoadedComponent& root) {
     if (source.Kind() == TFormObjectKind::Inherited) {
         // What is there already came from the ancestor's form.
         root.Component->ChangeState(csAncestor, true);
-        for (TComponent* component : root.Component->FComponents)
-            component->ChangeState(csAncestor, true);
+        MarkParts(*root.Component);
     }
     BeginReading(root, source, RootName(*root.Component, source.Name()), nullptr);
+}
+
+/// Marks what a component owns as brought along by its class: a saved form says `inherited` of it.
+void TFormLoader::MarkParts(TComponent& owner) {
+    for (TComponent* part : owner.FComponents)
+        part->ChangeState(csAncestor, true);
 }
 
 void TFormLoader::OpenChild(const TFormObject& source) {
@@ -279,8 +285,7 @@ TLoadedComponent* TFormLoader::CreateObject(const TFormObject& source, TComponen
         if (source.Kind() != TFormObjectKind::Inline)
             return;
         component->ChangeState(csInline, true);
-        for (TComponent* part : component->FComponents)
-            part->ChangeState(csAncestor, true);
+        MarkParts(*component);
     });
     return entry;
 }
@@ -323,6 +328,9 @@ void TFormLoader::BeginReading(TLoadedComponent& entry, const TFormObject& sourc
     });
     if (!entry.Alive)
         Fail(u"the object was destroyed while it was being read");
+    // What is no part of the object around it belongs directly into the root; elsewhere it would be lost when saved.
+    if (parent && parent != FFrames.back().Scope->Component && component.GetParentComponent() != parent)
+        Fail(u"a " + component.ClassName() + u" has no place in a " + parent->ClassName());
     PushObject(entry, source);
 }
 
@@ -380,6 +388,7 @@ void TFormLoader::OpenItem(const TFormObject& source) {
 void TFormLoader::CloseFrame() {
     const TFrame frame = std::move(FFrames.back());
     FFrames.pop_back();
+    FProperty = {};
     if (frame.Collection) {
         At(frame.Place, StringView(frame.Name).substr(1));
         WithPlace([&] { frame.Collection->EndUpdate(); });

@@ -89,6 +89,7 @@ private:
     // Objects, collections and items.
 
     void OpenRoot(TLoadedComponent& root);
+    static void MarkParts(TComponent& owner);
     void OpenChild(const TFormObject& source);
     TLoadedComponent* FindExisting(const TFormObject& source, TComponent& scope);
     TLoadedComponent* CreateObject(const TFormObject& source, TComponent& scope);

@@ -29,6 +29,24 @@ std::vector<const TPropInfo*> StoredRows(const TPersistent& object) {
     return rows;
 }
 
+bool IsInherited(const TComponent* component) {
+    return component->GetComponentState().Contains(csAncestor);
+}
+
+/// Whether the inherited children no longer stand in the order in which their owner got them.
+bool HaveMoved(const std::vector<TComponent*>& children, const TComponent& owner) {
+    int next = 0;
+    for (const TComponent* child : children) {
+        if (!IsInherited(child))
+            continue;
+        while (next < owner.GetComponentCount() && owner.GetComponent(next) != child)
+            ++next;
+        if (next == owner.GetComponentCount())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 /// Writes one root. As in the loader, nesting is kept in frames of its own.
@@ -52,7 +70,8 @@ private:
         std::size_t NextRow = 0;
         std::vector<TComponent*> Children;
         std::size_t NextChild = 0;
-        std::size_t AncestorsUpTo = 0; ///< behind the last child that is inherited
+        std::size_t InheritedUpTo = 0; ///< behind the last child that is inherited
+        bool InheritedMoved = false;
         int NextItem = 0;
     };
 
@@ -121,19 +140,18 @@ void TFormSaver::OpenObject(TComponent& component, TComponent& scope, std::optio
     std::erase_if(frame.Children, [](const TComponent* child) {
         return child->GetComponentStyle().Contains(csSubComponent); // written where it belongs
     });
-    for (std::size_t i = 0; i < frame.Children.size(); ++i) {
-        if (frame.Children[i]->GetComponentState().Contains(csAncestor))
-            frame.AncestorsUpTo = i + 1;
-    }
+    const auto last = std::find_if(frame.Children.rbegin(), frame.Children.rend(), IsInherited);
+    frame.InheritedUpTo = static_cast<std::size_t>(frame.Children.rend() - last);
+    frame.InheritedMoved = frame.InheritedUpTo != 0 && HaveMoved(frame.Children, *frame.Scope);
 }
 
 void TFormSaver::OpenChild() {
     TFrame& frame = FFrames.back();
     const std::size_t index = frame.NextChild++;
     TComponent& child = *frame.Children[index];
-    // A new object would come behind all that is there before the form is read.
-    const bool isBetween = index < frame.AncestorsUpTo && !child.GetComponentState().Contains(csAncestor);
-    OpenObject(child, *frame.Scope, isBetween ? std::optional(static_cast<std::int32_t>(index)) : std::nullopt);
+    // Otherwise a new child would come behind the inherited ones, and these would stand as they were made.
+    const bool isPlaced = index < frame.InheritedUpTo && (frame.InheritedMoved || !IsInherited(&child));
+    OpenObject(child, *frame.Scope, isPlaced ? std::optional(static_cast<std::int32_t>(index)) : std::nullopt);
 }
 
 void TFormSaver::OpenItem() {

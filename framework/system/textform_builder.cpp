@@ -59,18 +59,36 @@ bool GivesBack(std::string_view digits, Extended value) {
     return IsDouble(value) ? static_cast<double>(read) == static_cast<double>(value) : read == value;
 }
 
-// The customary 18 decimals where they suffice, else the shortest digits with an exponent.
-std::string FloatDigits(Extended value) {
-    constexpr Extended fixedLimit = 1e15L;
-    constexpr int decimals = 18;
+// 18 decimals. A double has zeros behind the digits that it needs, so that 0.1 is no 0.100000000000000006.
+std::string FixedDigits(Extended value) {
+    constexpr std::size_t decimals = 18;
     std::array<char, 64> digits;
     char* const end = digits.data() + digits.size();
-    if (std::fabs(value) < fixedLimit) {
-        const auto fixed = std::to_chars(digits.data(), end, value, std::chars_format::fixed, decimals);
-        const std::string_view text(digits.data(), static_cast<std::size_t>(fixed.ptr - digits.data()));
-        if (GivesBack(text, value))
-            return std::string(text);
+    if (IsDouble(value)) {
+        const auto shortest = std::to_chars(digits.data(), end, static_cast<double>(value), std::chars_format::fixed);
+        std::string text(digits.data(), shortest.ec == std::errc() ? shortest.ptr : digits.data());
+        const std::size_t point = std::min(text.find('.'), text.size());
+        if (!text.empty() && text.size() <= point + 1 + decimals) {
+            if (point == text.size())
+                text += '.';
+            text.append(point + 1 + decimals - text.size(), '0');
+            return text;
+        }
     }
+    const auto fixed = std::to_chars(digits.data(), end, value, std::chars_format::fixed, static_cast<int>(decimals));
+    return std::string(digits.data(), fixed.ptr);
+}
+
+// The customary fixed form where it gives the number back, else the shortest digits with an exponent.
+std::string FloatDigits(Extended value) {
+    constexpr Extended fixedLimit = 1e15L;
+    if (std::fabs(value) < fixedLimit) {
+        std::string text = FixedDigits(value);
+        if (GivesBack(text, value))
+            return text;
+    }
+    std::array<char, 64> digits;
+    char* const end = digits.data() + digits.size();
     const auto shortest =
         IsDouble(value) ? std::to_chars(digits.data(), end, static_cast<double>(value), std::chars_format::scientific)
                         : std::to_chars(digits.data(), end, value, std::chars_format::scientific);
