@@ -134,18 +134,20 @@ std::vector<TComponent*> TWinControl::GetChildren(TComponent* root) const {
 }
 
 void TWinControl::SetChildOrder(TComponent* child, int order) {
-    const auto move = [order](auto& list, auto* item) {
+    // The order counts all children, the windowless ones first, as GetChildren lists them.
+    const auto move = [order](auto& list, auto* item, std::size_t before) {
         const auto found = std::find(list.begin(), list.end(), item);
         if (found == list.end())
             return;
         list.erase(found);
-        const auto place = std::clamp<std::ptrdiff_t>(order, 0, static_cast<std::ptrdiff_t>(list.size()));
+        const auto wanted = order - static_cast<std::ptrdiff_t>(before);
+        const auto place = std::clamp<std::ptrdiff_t>(wanted, 0, static_cast<std::ptrdiff_t>(list.size()));
         list.insert(list.begin() + place, item);
     };
     if (auto* window = As<TWinControl>(child))
-        move(FWindows, window);
+        move(FWindows, window, FGraphics.size());
     else if (auto* control = As<TControl>(child))
-        move(FGraphics, control);
+        move(FGraphics, control, 0);
 }
 
 void TWinControl::SetChildZOrder(TControl* child, bool topmost) {

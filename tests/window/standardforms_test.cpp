@@ -2,6 +2,7 @@
 
 #include "framework/system/formloader.h"
 #include "framework/system/formsaver.h"
+#include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/button.h"
 #include "framework/windows/edit.h"
@@ -149,6 +150,24 @@ TEST(StandardForm, IsLoadedAndWrittenBack) {
     EXPECT_TRUE(edit->Focused());
     form->SetClientWidth(500);
     EXPECT_EQ(ok->GetLeft(), 400);
+}
+
+TEST(StandardForm, TakesNewControlsBetweenInheritedOnes) {
+    RegisterStandardControls();
+    const auto root = CreateFromTextForm("object Form1: TForm\n"
+                                         "  object Label1: TLabel\n  end\n"
+                                         "  object Edit1: TEdit\n  end\n"
+                                         "  object Edit2: TEdit\n  end\n"
+                                         "end\n",
+                                         nullptr);
+    LoadTextForm(*root, ParseTextForm("inherited Form1: TForm\n"
+                                      "  object Added: TEdit [2]\n  end\n"
+                                      "  inherited Edit2: TEdit [1]\n  end\n"
+                                      "end\n"));
+    std::string names;
+    for (const TComponent* child : root->GetChildren(root.get()))
+        names += Utf8Encode(child->GetName()) + " ";
+    EXPECT_EQ(names, "Label1 Edit2 Edit1 Added ");
 }
 
 } // namespace
