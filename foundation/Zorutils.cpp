@@ -74,6 +74,8 @@ void DrawFrame(HDC dc, const TFrameDecision& frame) {
 } // namespace
 
 bool PaintRequirementFrame(TWinControl* control, bool clearInnerRing) {
+    if (control->GetComponentState().Contains(csDestroying))
+        return false; // what its class published has gone before its window
     const auto* colors = static_cast<const TBorderColors*>(GetObjectProp(*control, u"BorderColors"));
     const String state = GetPropValue(*control, u"Wymagany", true).AsString();
     const TFrameDecision frame = DecideFrame({state,

@@ -6,6 +6,22 @@
 
 namespace framework {
 
+namespace {
+
+// What a handler throws is reported here already: the focus is on its way, and those that it comes to must hear of it.
+void TellOfFocus(TWinControl& control, UINT message) {
+    if (control.GetComponentState().Contains(csDestroying))
+        return;
+    TLifeGuard alive(control);
+    try {
+        control.Perform(message);
+    } catch (...) {
+        TheApplication().HandleException(alive ? &control : nullptr);
+    }
+}
+
+} // namespace
+
 void TCustomForm::SetActiveControl(TWinControl* value) {
     if (FActiveControl == value)
         return;
@@ -62,7 +78,7 @@ bool TCustomForm::SetFocusedControl(TWinControl* control) {
     while (FFocusedControl && !FFocusedControl->ContainsControl(control)) {
         TWinControl* leaving = FFocusedControl;
         FFocusedControl = leaving->GetParent() == this ? nullptr : leaving->GetParent();
-        leaving->Perform(CM_EXIT);
+        TellOfFocus(*leaving, CM_EXIT);
         if (!alive || change != FFocusMessages)
             return false;
     }
@@ -74,7 +90,7 @@ bool TCustomForm::SetFocusedControl(TWinControl* control) {
             entered = entered->GetParent();
         FFocusedControl = entered;
         FreeNotification(entered);
-        entered->Perform(CM_ENTER);
+        TellOfFocus(*entered, CM_ENTER);
         if (!alive || !targetAlive || change != FFocusMessages)
             return false;
         if (!FFocusedControl)
