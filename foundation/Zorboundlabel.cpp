@@ -22,6 +22,25 @@ const TClassInfo& TZORBoundLabel::StaticClass() {
     return info;
 }
 
+namespace {
+
+// A host may change the font of the label itself; text of another size needs another place.
+class TCaptionLabel : public TLabel {
+public:
+    explicit TCaptionLabel(TZORBoundLabel& caption) : TLabel(nullptr), FCaption(caption) {}
+
+protected:
+    void CMFontChanged(TMessage& message) override {
+        TLabel::CMFontChanged(message);
+        FCaption.AlignLabel();
+    }
+
+private:
+    TZORBoundLabel& FCaption;
+};
+
+} // namespace
+
 TZORBoundLabel::TZORBoundLabel(TWinControl* control) : FControl(control), FFont(std::make_unique<TFont>()) {
 }
 
@@ -40,7 +59,7 @@ void TZORBoundLabel::SetActive(bool value) {
 
 void TZORBoundLabel::CreateLabel() {
     if (!FLabel)
-        FLabel = std::make_unique<TLabel>(nullptr);
+        FLabel = std::make_unique<TCaptionLabel>(*this);
     FLabel->SetVisible(false);
     FLabel->SetAutoSize(false); // until it has its text: each step on the way would measure it
     FLabel->SetWordWrap(true);

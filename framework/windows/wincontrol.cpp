@@ -207,15 +207,27 @@ void TWinControl::AlignControl(TControl* control) {
     if (IsDestroying())
         return;
     if (FAlignLevel > 0 || IsLoading()) {
-        FControlState << csAlignmentNeeded;
+        if (!control || control != FPlacing)
+            FControlState << csAlignmentNeeded;
         return;
     }
+    // A child that moves may take others with it, such as its caption; two that push each other are left at the third
+    // attempt.
+    constexpr int kMostPasses = 3;
     ++FAlignLevel;
-    FControlState >> csAlignmentNeeded;
-    TRect client = GetClientRect();
-    AlignControls(control, client);
+    for (int pass = 0; pass == 0 || (pass < kMostPasses && FControlState.Contains(csAlignmentNeeded)); ++pass) {
+        FControlState >> csAlignmentNeeded;
+        TRect client = GetClientRect();
+        AlignControls(control, client);
+    }
     --FAlignLevel;
     FControlState >> csAlignmentNeeded;
+}
+
+void TWinControl::PlaceChild(TControl& child, const TRect& place) {
+    FPlacing = &child;
+    child.SetBoundsRect(place);
+    FPlacing = nullptr;
 }
 
 void TWinControl::AlignControls(TControl*, TRect& client) {
@@ -230,7 +242,7 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
             if (child->FAnchors == none || child->FAnchorBase.Parent == extent)
                 continue;
             child->FAligning = true;
-            child->SetBoundsRect(AnchoredPlace(child->FAnchorBase, child->FAnchors, extent));
+            PlaceChild(*child, AnchoredPlace(child->FAnchorBase, child->FAnchors, extent));
             child->FAligning = false;
         } else if (child->GetVisible() || IsDesigning()) {
             controls.push_back(child);
@@ -241,7 +253,7 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
     client = AlignChildren(whole, places);
     bool anyAnswered = false;
     for (std::size_t i = 0; i < controls.size(); ++i) {
-        controls[i]->SetBoundsRect(places[i].Place);
+        PlaceChild(*controls[i], places[i].Place);
         const TRect taken = controls[i]->GetBoundsRect();
         anyAnswered = anyAnswered || taken != places[i].Place;
         places[i].Place = taken;
@@ -252,7 +264,7 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
     // room.
     client = AlignChildren(whole, places);
     for (std::size_t i = 0; i < controls.size(); ++i)
-        controls[i]->SetBoundsRect(places[i].Place);
+        PlaceChild(*controls[i], places[i].Place);
 }
 
 void TWinControl::ChangeScale(int m, int d) {

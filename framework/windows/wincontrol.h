@@ -199,6 +199,7 @@ private:
     void AbandonWindow();
     void KeepStates();
     void AlignControl(TControl* control);
+    void PlaceChild(TControl& child, const TRect& place);
     void UpdateShowing();
     void CreateChildHandles();
     bool IsControlMouseMessage(TMessage& message);
@@ -213,7 +214,8 @@ private:
     std::vector<TWinControl*> FTabList; // order of the Tab key
     int FLoadingTabOrder = -1;
     int FAlignLevel = 0;
-    int FNativeDepth = 0; // how many calls of the native procedure are running
+    const TControl* FPlacing = nullptr; // the child that is being given its place; its own request asks for nothing new
+    int FNativeDepth = 0;               // how many calls of the native procedure are running
     bool FTabStop = false;
     bool FCtl3D = true;
     bool FParentCtl3D = true;
