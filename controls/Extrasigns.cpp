@@ -21,6 +21,8 @@ constexpr TColor kHotEdge = 0xB07A3C;
 constexpr TColor kLetter = 0x202020;
 constexpr TColor kBackgroundTop = 0x7F7D7F;
 
+constexpr std::uint32_t kWatchInterval = 50; // milliseconds
+
 bool ShiftHeld() {
     return GetAsyncKeyState(VK_SHIFT) < 0;
 }
@@ -49,12 +51,21 @@ Textrasignsfrm::Textrasignsfrm() : TForm(nullptr) {
     SetPosition(poDesigned);
     SetScaled(false); // the keys are laid out for the target's monitor at each showing
     SetColor(ExtraSignsBackground);
-    SetFormStyle(fsStayOnTop);
+    SetFormStyle(fsStayOnTop); // in Wine being owned is not enough to get the mouse above a form that was raised
+    FWatch.SetEnabled(false);
+    FWatch.SetInterval(kWatchInterval);
+    FWatch.OnTimer = [this](TObject*) { WatchTarget(); };
     LayOutKeys(ExtraSignsKeySize);
 }
 
 Textrasignsfrm::~Textrasignsfrm() {
     DestroyHandle();
+}
+
+void Textrasignsfrm::SetTarget(HWND target) {
+    FTarget = target;
+    if (HandleAllocated() && GetWindow(GetHandle(), GW_OWNER) != GetAncestor(target, GA_ROOT))
+        RecreateWnd(); // the field has moved to another form
 }
 
 void Textrasignsfrm::LayOutKeys(int keySize) {
@@ -84,7 +95,21 @@ void Textrasignsfrm::Dispatch(TMessage& message) {
 void Textrasignsfrm::DoShow() {
     LayOutKeys(ScaledExtraSignsKeySize(TheScreen().GetPixelsPerInch(FTarget)));
     MoveUnderTarget();
+    FWatch.SetEnabled(true);
     TForm::DoShow();
+}
+
+void Textrasignsfrm::DoHide() {
+    FWatch.SetEnabled(false);
+    TForm::DoHide();
+}
+
+// The field hears nothing when its form or a panel moves, is hidden or minimised.
+void Textrasignsfrm::WatchTarget() {
+    if (IsWindowVisible(FTarget) && !IsIconic(GetAncestor(FTarget, GA_ROOT)))
+        MoveUnderTarget();
+    else
+        Hide();
 }
 
 void Textrasignsfrm::MoveUnderTarget() {

@@ -5,6 +5,7 @@
 
 #include "controls/Extrasigns_rules.h"
 #include "framework/windows/forms.h"
+#include "framework/windows/timer.h"
 
 namespace ZOR {
 
@@ -18,8 +19,8 @@ public:
     Textrasignsfrm();
     ~Textrasignsfrm() override;
 
-    /// The window that receives the letters.
-    void SetTarget(HWND target) { FTarget = target; }
+    /// The window that receives the letters. The popup stays above the form of its target and is destroyed with it.
+    void SetTarget(HWND target);
     HWND GetTarget() const { return FTarget; }
     /// Asked at each click for the most UTF-16 units the text may have; 0 means no limit.
     void SetLengthLimit(std::function<int()> limit) { FLengthLimit = std::move(limit); }
@@ -33,6 +34,7 @@ protected:
     void CreateParams(TCreateParams& params) override;
     void Dispatch(TMessage& message) override;
     void DoShow() override;
+    void DoHide() override;
     void Paint() override;
     void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
     void MouseMove(TShiftState shift, int x, int y) override;
@@ -40,6 +42,7 @@ protected:
     void CMMouseLeave(TMessage& message) override;
 
 private:
+    void WatchTarget();
     void LayOutKeys(int keySize);
     void PaintBackground();
     void PaintKey(const KEYDEF& key, bool shiftHeld);
@@ -48,6 +51,7 @@ private:
     void InsertSignOf(const KEYDEF& key);
 
     HWND FTarget = nullptr;
+    TTimer FWatch{nullptr}; // runs while the popup is shown
     std::function<int()> FLengthLimit;
     int FKeySize = ExtraSignsKeySize;
     std::vector<KEYDEF> FKeys;

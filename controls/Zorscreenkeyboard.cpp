@@ -8,9 +8,9 @@ void TSignsKeyboard::Toggle(TWinControl& field, std::function<int()> lengthLimit
         FExtraSignsForm->SetLengthLimit(std::move(lengthLimit));
     }
     FExtraSignsForm->SetTarget(field.GetHandle());
-    if (FExtraSignsForm->GetVisible())
-        FExtraSignsForm->Hide();
-    else
+    const bool open = IsOpen();
+    FExtraSignsForm->Hide(); // also when it only believes to be shown: its window goes with that of a form made anew
+    if (!open)
         FExtraSignsForm->Show();
 }
 

@@ -23,7 +23,7 @@ public:
     Textrasignsfrm* GetForm() const { return FExtraSignsForm.get(); }
 
 private:
-    bool IsOpen() const { return FExtraSignsForm && FExtraSignsForm->GetVisible(); }
+    bool IsOpen() const { return FExtraSignsForm && FExtraSignsForm->GetShowing(); }
 
     std::unique_ptr<Textrasignsfrm> FExtraSignsForm;
 };
@@ -39,14 +39,16 @@ public:
 
     /// Opens or closes the popup. A field that is read-only or disabled ignores it.
     void screenKeyboard() {
-        if (this->GetReadOnly() || !this->GetEnabled())
-            return;
-        FKeyboard.Toggle(*this, [this] { return this->GetMaxLength(); });
+        if (TakesSigns())
+            FKeyboard.Toggle(*this, [this] { return this->GetMaxLength(); });
     }
     Textrasignsfrm* GetExtraSignsForm() const { return FKeyboard.GetForm(); }
 
     void WndProc(TMessage& message) override {
-        FKeyboard.Follow(*this);
+        if (TakesSigns())
+            FKeyboard.Follow(*this);
+        else
+            FKeyboard.Hide();
         switch (message.Msg) {
         case ExtraSignsChangedMessage:
             Fire(*this, this->OnChange, this);
@@ -80,6 +82,8 @@ protected:
     }
 
 private:
+    bool TakesSigns() const { return !this->GetReadOnly() && this->GetEnabled(); }
+
     TSignsKeyboard FKeyboard;
 };
 

@@ -91,6 +91,7 @@ public:
     }
     void SetParent(TWinControl* value) override {
         TBase::SetParent(value);
+        FUnfocused = !this->Focused(); // a field that is taken away is not told that it was left
         if (FBoundLabel)
             FBoundLabel->FollowParent();
     }

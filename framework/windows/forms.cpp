@@ -441,7 +441,9 @@ TModalResult TCustomForm::ShowModal() {
     const HWND activeBefore = GetActiveWindow();
     std::vector<HWND> disabled;
     for (TCustomForm* form : TheScreen().FForms) {
-        if (form != this && form->HandleAllocated() && !form->GetParent() && IsWindowEnabled(form->FHandle)) {
+        // A popup of this form's own fields stays usable.
+        const bool ours = HandleAllocated() && form->HandleAllocated() && GetWindow(form->FHandle, GW_OWNER) == FHandle;
+        if (form != this && !ours && form->HandleAllocated() && !form->GetParent() && IsWindowEnabled(form->FHandle)) {
             EnableWindow(form->FHandle, FALSE);
             disabled.push_back(form->FHandle);
         }

@@ -1,10 +1,13 @@
 // The framed edit as a person meets it: real focus, keys and mouse in real windows, frames read back as pixels.
 
 #include "controls/Zoredit.h"
+#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
+#include "framework/system/formloader.h"
 #include "framework/windows/application.h"
 #include "framework/windows/mouse.h"
 #include "framework/windows/panel.h"
+#include "framework/windows/timer.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 
@@ -203,6 +206,10 @@ TEST_F(FramedEdit, HintShowsInsideAnEmptyFieldWithoutFocus) {
     Leave();
     EXPECT_GT(ink(), hintInk);
     EXPECT_EQ(Edit->Text, u"") << "the hint is never part of the text";
+    Edit->SetFocus();
+    Edit->Parent = nullptr;
+    Edit->Parent = Form.get();
+    EXPECT_GT(ink(), hintInk) << "taken away while it had the focus";
     Edit->Color = 0xC0FFFF;
     Paint();
     const TWindowDC dc(Edit->Handle);
@@ -235,6 +242,63 @@ TEST_F(FramedEdit, F7TogglesThePopupUnderTheField) {
     ASSERT_TRUE(WaitFor([&] { return popup.Visible; }));
     Leave();
     EXPECT_FALSE(popup.Visible) << "left";
+}
+
+TEST_F(FramedEdit, ThePopupGoesWhereItsFieldGoes) {
+    Edit->screenKeyboard();
+    Textrasignsfrm& popup = *Edit->GetExtraSignsForm();
+    const TPoint place{popup.Left, popup.Top};
+    Form->SetBounds(Form->Left + 30, Form->Top + 50, Form->Width, Form->Height);
+    EXPECT_TRUE(WaitFor([&] { return popup.Left == place.X + 30 && popup.Top == place.Y + 50; }));
+
+    const struct {
+        const char* Name;
+        std::function<void()> Away;
+        std::function<void()> Back;
+    } rows[] = {
+        {"minimised", [&] { Form->WindowState = wsMinimized; }, [&] { Form->WindowState = wsNormal; }},
+        {"closed", [&] { Form->Close(); }, [&] { ShowAndActivate(*Form); }},
+        {"hidden", [&] { Edit->Visible = false; }, [&] { Edit->Visible = true; }},
+        {"disabled", [&] { Edit->Enabled = false; }, [&] { Edit->Enabled = true; }},
+        {"read-only", [&] { Edit->ReadOnly = true; }, [&] { Edit->ReadOnly = false; }},
+        {"taken away", [&] { Edit->Parent = nullptr; }, [&] { Edit->Parent = Form.get(); }},
+        {"made anew with its form", [&] { Form->BorderStyle = bsDialog; }, [] {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        row.Away();
+        EXPECT_TRUE(WaitFor([&] { return !popup.Showing; }));
+        row.Back();
+        Edit->screenKeyboard();
+        EXPECT_TRUE(popup.Showing) << "and comes back when asked for";
+    }
+    TForm another(nullptr);
+    another.Show();
+    Edit->Parent = &another;
+    WaitFor([&] { return GetWindow(popup.Handle, GW_OWNER) == another.Handle; });
+    EXPECT_EQ(GetWindow(popup.Handle, GW_OWNER), another.Handle);
+    Edit->Parent = Form.get();
+}
+
+TEST_F(FramedEdit, ThePopupOfAModalFormTakesTheMouseEachTime) {
+    TForm dialog(nullptr);
+    TZOREdit field(&dialog);
+    field.Parent = &dialog;
+    int checked = 0;
+    TTimer timer(nullptr);
+    timer.Interval = 10;
+    timer.OnTimer = [&](TObject*) {
+        field.screenKeyboard();
+        checked += field.GetExtraSignsForm()->Showing && IsWindowEnabled(field.GetExtraSignsForm()->Handle) ? 1 : 0;
+        timer.Enabled = false;
+        dialog.ModalResult = mrOk;
+    };
+    for (int round = 1; round <= 2; ++round) {
+        timer.Enabled = true;
+        dialog.ShowModal();
+        EXPECT_EQ(checked, round);
+        EXPECT_TRUE(WaitFor([&] { return !field.GetExtraSignsForm()->Visible; }));
+    }
 }
 
 TEST_F(FramedEdit, ReadOnlyAndDisabledFieldsIgnoreF7) {
@@ -314,7 +378,27 @@ TEST_F(FramedEdit, LabelStaysGluedAndFollowsTheControl) {
     panel.Parent = Form.get();
     Edit->Parent = &panel;
     EXPECT_EQ(label.Parent, &panel);
+    Edit->Parent = nullptr;
+    EXPECT_EQ(label.Parent, nullptr);
+    Edit->Top = 90;
+    bound.Indent = 3;
     Edit->Parent = Form.get();
+    EXPECT_EQ(label.Top + label.Height + 3, 90);
+
+    bound.MaxWidth = 0;
+    bound.Layout = clLeft;
+    bound.Font->Size = 14;
+    EXPECT_EQ(label.Left + label.Width + 3, 20) << "larger letters, same gap";
+    EXPECT_EQ(label.Top, 90 + (21 - label.Height) / 2 - 1);
+    bound.Caption = u"Name";
+    Edit->Align = alLeft;
+    EXPECT_EQ(label.Left, 0) << "label and control side by side at the left";
+    EXPECT_EQ(Edit->Left, label.Width);
+    bound.Caption = u"Another name";
+    EXPECT_EQ(Edit->Left, label.Width);
+    EXPECT_EQ(label.Left, 0);
+    Edit->Name = u"Renamed";
+    EXPECT_EQ(label.Name, u"Edit_Label") << "named when it is made";
     bound.Active = false;
     EXPECT_EQ(bound.Label, nullptr);
 }
@@ -327,8 +411,11 @@ TEST_F(FramedEdit, ClickOnTheLabelIsAClickOnTheControl) {
     Application->ProcessMessages();
     EXPECT_EQ(clicks, 0);
     Edit->BoundLabel->AllowClick = true;
-    ClickOn(*Edit->BoundLabel->Label);
+    Application->ProcessMessages();
+    ClickOn(*Edit->BoundLabel->Label); // the second half of a double click
     EXPECT_TRUE(WaitFor([&] { return clicks == 1; }));
+    ClickOn(*Edit->BoundLabel->Label);
+    EXPECT_TRUE(WaitFor([&] { return clicks == 2; }));
 }
 
 TEST_F(FramedEdit, ColoursAreAssignedTowardsTheGivenObject) {
@@ -375,85 +462,77 @@ TEST_F(FramedEdit, ANewWindowKeepsEverything) {
 }
 
 TEST_F(FramedEdit, MayBeDestroyedInItsOwnHandlers) {
-    using TSetup = std::function<void(TZOREdit&, const TNotifyEvent&)>;
-    using TAction = std::function<void(TZOREdit&)>;
+    bool died = false;
+    const auto kill = [&](TObject* sender, auto&&...) {
+        if (!std::exchange(died, true))
+            delete sender;
+    };
+    const auto enter = [](TZOREdit& edit) { edit.SetFocus(); };
+    const auto type = [](TZOREdit& edit) {
+        edit.SetFocus();
+        PressKey('A');
+    };
+    const auto clickSign = [](TZOREdit& edit) {
+        WaitFor([&] { return edit.GetExtraSignsForm()->Showing; });
+        PressMouse(edit.GetExtraSignsForm()->ClientToScreen({10, 10}));
+        ReleaseMouse();
+    };
     const struct {
         const char* Name;
-        TSetup Setup;
-        TAction Action;
+        std::function<void(TZOREdit&)> Setup;
+        std::function<void(TZOREdit&)> Action;
     } rows[] = {
-        {"OnChange by typing", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnChange = kill; },
-         [](TZOREdit& edit) {
-             edit.SetFocus();
-             TypeText(u"a");
-         }},
-        {"OnChange by program", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnChange = kill; },
+        {"OnChange by typing", [&](TZOREdit& edit) { edit.OnChange = kill; }, type},
+        {"OnChange by program", [&](TZOREdit& edit) { edit.OnChange = kill; },
          [](TZOREdit& edit) { edit.Text = u"a"; }},
-        {"OnEnter", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnEnter = kill; },
-         [](TZOREdit& edit) { edit.SetFocus(); }},
-        {"OnExit", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnExit = kill; },
-         [](TZOREdit& edit) {
+        {"OnEnter", [&](TZOREdit& edit) { edit.OnEnter = kill; }, enter},
+        {"OnExit", [&](TZOREdit& edit) { edit.OnExit = kill; },
+         [&](TZOREdit& edit) {
              edit.SetFocus();
-             PressKey(VK_TAB);
+             Other->SetFocus();
          }},
-        {"OnKeyDown",
-         [](TZOREdit& edit, const TNotifyEvent& kill) {
-             edit.OnKeyDown = [kill](TObject* sender, WORD&, TShiftState) { kill(sender); };
-         },
-         [](TZOREdit& edit) {
-             edit.SetFocus();
-             PressKey('A');
-         }},
-        {"OnKeyUp",
-         [](TZOREdit& edit, const TNotifyEvent& kill) {
-             edit.OnKeyUp = [kill](TObject* sender, WORD&, TShiftState) { kill(sender); };
-         },
-         [](TZOREdit& edit) {
-             edit.SetFocus();
-             PressKey('A');
-         }},
-        {"OnMouseDown",
-         [](TZOREdit& edit, const TNotifyEvent& kill) {
-             edit.OnMouseDown = [kill](TObject* sender, TMouseButton, TShiftState, int, int) { kill(sender); };
-         },
-         [](TZOREdit& edit) { ClickOn(edit); }},
-        {"OnMouseEnter", [](TZOREdit& edit, const TNotifyEvent& kill) { edit.OnMouseEnter = kill; },
+        {"OnKeyDown", [&](TZOREdit& edit) { edit.OnKeyDown = kill; }, type},
+        {"OnKeyUp", [&](TZOREdit& edit) { edit.OnKeyUp = kill; }, type},
+        {"OnMouseDown", [&](TZOREdit& edit) { edit.OnMouseDown = kill; }, [](TZOREdit& edit) { ClickOn(edit); }},
+        {"OnMouseEnter", [&](TZOREdit& edit) { edit.OnMouseEnter = kill; },
          [](TZOREdit& edit) {
              MoveMouse(edit.ClientToScreen({4, 4}));
          }},
         {"OnClick through the label",
-         [](TZOREdit& edit, const TNotifyEvent& kill) {
+         [&](TZOREdit& edit) {
              edit.BoundLabel->AllowClick = true;
              edit.OnClick = kill;
          },
          [](TZOREdit& edit) { ClickOn(*edit.BoundLabel->Label); }},
         {"OnChange by the popup",
-         [](TZOREdit& edit, const TNotifyEvent& kill) {
+         [&](TZOREdit& edit) {
              edit.SetFocus();
              edit.screenKeyboard();
              edit.OnChange = kill;
          },
-         [](TZOREdit& edit) {
-             WaitFor([&] { return edit.GetExtraSignsForm()->Showing; });
-             PressMouse(edit.GetExtraSignsForm()->ClientToScreen({10, 10}));
-             ReleaseMouse();
+         clickSign},
+        {"by itself while it has the focus, in error and with its popup open",
+         [&](TZOREdit& edit) {
+             edit.Text = u"x";
+             edit.Wymagany = wError;
+             edit.OnExit = [this](TObject*) { Errors.emplace_back("a dying field was left"); };
+         },
+         [&](TZOREdit& edit) {
+             edit.SetFocus();
+             edit.screenKeyboard();
+             kill(&edit);
          }},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Name);
         MoveMouse(Form->ClientToScreen({2, 2}));
         Leave();
+        died = false;
         TZOREdit* victim = Add(u"Victim", 160);
         victim->BoundLabel->Active = true;
         Application->ProcessMessages();
         const int before = Form->ControlCount;
-        bool died = false;
-        row.Setup(*victim, [&](TObject* sender) {
-            if (died)
-                return;
-            died = true;
-            delete sender;
-        });
+        row.Setup(*victim);
         row.Action(*victim);
         EXPECT_TRUE(WaitFor([&] { return died; }));
         Application->ProcessMessages();
@@ -490,6 +569,47 @@ TEST_F(FramedEdit, AHandlerThatThrowsIsReportedAndTheFieldGoesOn) {
     EXPECT_EQ(Errors[0], "from the handler");
     EXPECT_EQ(Edit->Text, u"ab");
     Errors.clear();
+
+    Edit->Wymagany = wError;
+    Edit->screenKeyboard();
+    Edit->OnExit = [](TObject*) { throw Exception(u"while an error ends"); };
+    int entered = 0;
+    Other->OnEnter = [&](TObject*) { ++entered; };
+    Leave();
+    EXPECT_EQ(Errors, std::vector<std::string>{"while an error ends"});
+    EXPECT_EQ(Edit->Wymagany, wNone);
+    EXPECT_FALSE(Edit->GetExtraSignsForm()->Visible);
+    EXPECT_EQ(entered, 1) << "the next field is entered all the same";
+    Errors.clear();
+}
+
+TEST_F(FramedEdit, AnySizeAndAnyTextWillDo) {
+    String faces;
+    for (int i = 0; i < 5000; ++i)
+        faces += u"\U0001F600";
+    Edit->HintLabel = faces;
+    Edit->BoundLabel->Active = true;
+    Edit->Wymagany = wRequired;
+    for (const bool sunken : {true, false}) {
+        Edit->Ctl3D = sunken;
+        for (const TSize size : {TSize{0, 0}, TSize{1, 1}, TSize{3, 3}, TSize{1, 21}, TSize{121, 1}}) {
+            Edit->SetBounds(150, 40, size.Width, size.Height);
+            Edit->Invalidate();
+            Paint();
+            EXPECT_EQ(Edit->BoundsRect, Bounds(150, 40, size.Width, size.Height));
+            EXPECT_EQ(Edit->BoundLabel->Label->BoundsRect.Right + 8, 150);
+        }
+    }
+    EXPECT_EQ(WindowPixel(*Edit, 60, 0), 0xDD9746u) << "a frame of one line";
+
+    Edit->SetBounds(150, 40, 121, 21);
+    Edit->Text = faces;
+    Edit->SetFocus();
+    Edit->SelStart = 9999; // between the halves of the last pair
+    Edit->screenKeyboard();
+    Paint();
+    ClickSign(*Edit, u'č');
+    EXPECT_TRUE(Edit->GetText() == faces.substr(0, 9998) + u"č" + faces.substr(9998));
 }
 
 TEST_F(FramedEdit, AParentMayDieBeforeTheControl) {
@@ -505,6 +625,45 @@ TEST_F(FramedEdit, AParentMayDieBeforeTheControl) {
     Edit->Parent = Form.get();
     EXPECT_EQ(Edit->BoundLabel->Label->Parent, Form.get());
     EXPECT_EQ(Edit->Text, u"kept");
+}
+
+TEST_F(FramedEdit, ComesWholeFromATextForm) {
+    RegisterPackage();
+    RegisterClasses({&TForm::StaticClass()});
+    const auto loaded = CreateFromTextForm(R"(object Form1: TForm
+  object Edit1: TZOREdit
+    Left = 100
+    Top = 40
+    Enabled = False
+    Visible = False
+    Wymagany = wRequired
+    BorderColors.RequiredColor = clGreen
+    BoundLabel.Active = True
+    BoundLabel.EnabledAlways = True
+    BoundLabel.Indent = 10
+    BoundLabel.Font.Height = -20
+    BoundLabel.Layout = clTopLeft
+    BoundLabel.MaxWidth = 60
+  end
+end
+)",
+                                           nullptr);
+    auto* form = As<TForm>(loaded.get());
+    auto* edit = As<TZOREdit>(form->FindComponent(u"Edit1"));
+    TLabel& label = *edit->BoundLabel->Label;
+    EXPECT_EQ(edit->Wymagany, wRequired) << "set while disabled";
+    EXPECT_EQ(edit->BoundLabel->Caption, u"Edit1_Label");
+    EXPECT_FALSE(label.Visible);
+    ShowAndActivate(*form);
+    edit->Visible = true;
+    EXPECT_TRUE(label.Visible && label.Enabled);
+    EXPECT_EQ(label.Left, 100);
+    EXPECT_EQ(label.Top + label.Height + 10, 40);
+    EXPECT_LE(label.Width, 60);
+    EXPECT_EQ(label.Font->Height, -20);
+    Application->ProcessMessages();
+    EXPECT_EQ(WindowPixel(*edit, 0, 0), 0x008000u);
+    SetForegroundWindow(Form->Handle);
 }
 
 TEST_F(FramedEdit, APopupOutlivesTheDeathOfItsTarget) {
