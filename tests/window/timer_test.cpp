@@ -83,7 +83,7 @@ TEST(Timer, MayDieOrThrowInItsHandler) {
 }
 
 TEST(Timer, LeavesNoWindowBehind) {
-    ExpectSteadyHandles(1000, [] {
+    ExpectSteadyHandles(200, [] {
         TTimer timer(nullptr);
         timer.SetInterval(50);
     });
