@@ -26,6 +26,10 @@ TSize TTextMeasure::Extent(StringView text) const {
 TSize TTextMeasure::Layout(StringView text, UINT flags, int width) const {
     if (text.empty())
         return {0, LineHeight()};
+    // A line that wraps is measured without the blank at its end unless it is left-aligned, but broken with it: at its
+    // own width such a text would break differently.
+    if (flags & DT_WORDBREAK)
+        flags &= ~UINT{DT_RIGHT | DT_CENTER};
     RECT rect{0, 0, width, 0};
     ::DrawTextW(FDC, WideData(text), static_cast<int>(text.size()), &rect,
                 (flags & ~UINT{DT_MODIFYSTRING}) | DT_CALCRECT);

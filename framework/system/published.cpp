@@ -294,6 +294,11 @@ bool IsSubObject(const TPersistent& object, const TPropInfo& property) {
                         (component->GetComponentStyle().Contains(csSubComponent) && component->GetOwner() == &object));
 }
 
+void CheckSignature(const TPersistent& object, const TPropInfo& event, std::type_index signature) {
+    if (event.Kind != tkMethod || event.Signature != signature)
+        PropertyError(object, event.Name, u"the property is not an event of this signature");
+}
+
 bool IsStoredProp(const TPersistent& object, const TPropInfo& property) {
     // Sub-objects have no setter as a rule.
     if (!property.IsStored || (property.ReadOnly() && property.Kind != tkClass))

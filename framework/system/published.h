@@ -93,6 +93,7 @@ struct TPropInfo {
     const TMethodInfo* (*GetMethod)(const TPersistent&) = nullptr; ///< null unless a published method is assigned
     TObject* (*GetMethodInstance)(const TPersistent&) = nullptr;   ///< the object whose method that is
     void (*SetMethod)(TPersistent&, TObject*, const TMethodInfo*) = nullptr; ///< null method: unassigned
+    void* (*GetHandler)(TPersistent&) = nullptr; ///< the std::function itself, see EventHandler
 
     std::optional<std::int64_t> DefaultOrdinal;   ///< no value: always written
     bool (*Stored)(const TPersistent&) = nullptr; ///< a rule that must agree before the value is written
@@ -134,6 +135,8 @@ public:
     /// Letter case aside; null when there is none.
     const TPropInfo* FindProperty(StringView name) const;
     const TMethodInfo* FindMethod(StringView name) const;
+    /// All published methods, the ancestors' first.
+    std::span<const TMethodInfo> Methods() const { return FMethods; }
 
     /// True when the class is a component that can be created with an owner alone.
     bool CanCreate() const { return FFactory != nullptr; }
@@ -190,6 +193,15 @@ void SetMethodProp(TPersistent& object, StringView name, TObject* instance, Stri
 /// True when a tkClass property holds an object that belongs to `object` and is streamed with it; false for a
 /// reference to another component.
 bool IsSubObject(const TPersistent& object, const TPropInfo& property);
+
+/// EPropertyError unless the property is an event of this signature.
+void CheckSignature(const TPersistent& object, const TPropInfo& event, std::type_index signature);
+/// The handler that `event` holds now, for code that knows its signature; EPropertyError when it has another.
+template <class TFunction>
+TFunction& EventHandler(TPersistent& object, const TPropInfo& event) {
+    CheckSignature(object, event, typeid(TFunction));
+    return *static_cast<TFunction*>(event.GetHandler(object));
+}
 
 /// True when a text form has to carry the property: its stored-rule says so or its value differs from the default.
 /// Sub-objects count as differing; their own properties decide. What cannot be read again is never stored.

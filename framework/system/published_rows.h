@@ -193,6 +193,10 @@ TPropInfo MakeEvent(StringView name) {
     row.SetMethod = [](TPersistent& object, TObject* instance, const TMethodInfo* method) {
         Write<Field>(object, method ? Function(Bound{instance, method}) : Function());
     };
+    row.GetHandler = [](TPersistent& object) -> void* {
+        using Owner = typename Member<decltype(Field)>::Owner;
+        return &(static_cast<Owner&>(object).*Field);
+    };
     return row;
 }
 

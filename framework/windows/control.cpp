@@ -273,6 +273,9 @@ void TControl::Notification(TComponent* component, TOperation operation) {
 
 void TControl::Loaded() {
     TComponent::Loaded();
+    // While its form was being read the control had not been told which properties of the parent it follows.
+    if (FParent)
+        ApplyParentProperties();
     UpdateAnchorBase();
     if (FAutoSize)
         AdjustSize();

@@ -239,7 +239,7 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
     for (int i = 0; i < GetControlCount(); ++i) {
         TControl* child = GetControl(i);
         if (child->FAlign == alNone || child->FAlign == alCustom) {
-            if (child->FAnchors == none || child->FAnchorBase.Parent == extent)
+            if (child->FAnchors == none)
                 continue;
             child->FAligning = true;
             PlaceChild(*child, AnchoredPlace(child->FAnchorBase, child->FAnchors, extent));
@@ -455,11 +455,11 @@ void TWinControl::Loaded() {
 // Finding controls
 
 TCustomForm* GetParentForm(const TControl* control) {
-    for (; control; control = control->GetParent()) {
-        if (const auto* form = As<TCustomForm>(control))
-            return const_cast<TCustomForm*>(form);
-    }
-    return nullptr;
+    // A form that lies on another form is one of its controls: focus and keys belong to the outermost one.
+    const TControl* top = control;
+    while (top && top->GetParent())
+        top = top->GetParent();
+    return const_cast<TCustomForm*>(As<TCustomForm>(top));
 }
 
 TControl* FindDragTarget(TPoint screenPoint, bool allowDisabled) {

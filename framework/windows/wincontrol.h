@@ -246,7 +246,7 @@ TWinControl* FindControl(HWND window);
 TWinControl* FindOwningControl(HWND window);
 /// The topmost control at a point of the screen, graphic ones and, on request, disabled ones included.
 TControl* FindDragTarget(TPoint screenPoint, bool allowDisabled);
-/// The form a control lies on; null when it lies on none.
+/// The outermost form a control lies on, the form itself included; null when it lies on none.
 TCustomForm* GetParentForm(const TControl* control);
 /// `caption` with its accelerator marks: true when `charCode` is the letter behind a single &.
 bool IsAccel(WORD charCode, const String& caption);

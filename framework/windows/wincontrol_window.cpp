@@ -378,7 +378,10 @@ void TWinControl::CMShowingChanged(TMessage&) {
 
 void TWinControl::SetBounds(int left, int top, int width, int height) {
     if (!FHandle) {
+        const TSize before{GetWidth(), GetHeight()};
         TControl::SetBounds(left, top, width, height);
+        if (before != TSize{GetWidth(), GetHeight()})
+            Realign(); // without a window no WM_SIZE comes that would
         return;
     }
     width = ConstrainedExtent(std::max(width, 0), GetConstraints()->GetMinWidth(), GetConstraints()->GetMaxWidth());
