@@ -55,6 +55,11 @@ foreach(source IN LISTS windowTests)
     endif()
 endforeach()
 
+# This one starts the gallery.
+if(TARGET gallery_test AND TARGET gallery)
+    add_dependencies(gallery_test gallery)
+endif()
+
 if(CMAKE_CROSSCOMPILING AND windowTests)
     foreach(locale IN ITEMS en_US pl_PL)
         foreach(action IN ITEMS start stop)

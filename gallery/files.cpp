@@ -1,0 +1,54 @@
+#include "gallery/files.h"
+
+#include "framework/graphics/handles.h"
+#include "framework/system/formloader.h"
+#include "framework/system/strings.h"
+
+namespace gallery {
+
+std::string ReadFile(const String& fileName) {
+    const HANDLE opened = CreateFileW(WideChars(fileName), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    const TUniqueKernelHandle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
+    const DWORD openError = GetLastError();
+    LARGE_INTEGER size{};
+    if (!file)
+        throw Exception(fileName + u": " + SysErrorMessage(openError));
+    if (!GetFileSizeEx(file.Get(), &size) || size.QuadPart > MAXLONG)
+        throw Exception(fileName + u": the file is too large");
+    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    DWORD read = 0;
+    if (!::ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+        throw Exception(fileName + u": " + SysErrorMessage(GetLastError()));
+    bytes.resize(read);
+    return bytes;
+}
+
+String ProgramFolder() {
+    String path(MAX_PATH, u'\0');
+    DWORD length = 0;
+    while ((length = GetModuleFileNameW(nullptr, WideChars(path), static_cast<DWORD>(path.size()))) == path.size())
+        path.resize(2 * path.size());
+    path.resize(length);
+    return path.substr(0, path.find_last_of(u'\\') + 1);
+}
+
+std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName) {
+    TParseOptions parsing;
+    parsing.FileName = fileName;
+    parsing.FallbackEncoding = TFallbackEncoding::Windows1250;
+    const TFormDocument document = ParseTextForm(ReadFile(fileName), parsing);
+    const TFormObject root = document.Root();
+    const TClassInfo* info = GetClass(root.ClassName());
+    std::unique_ptr<TCustomForm> form;
+    if (!info)
+        form = std::make_unique<TForm>(nullptr);
+    else if (info->InheritsFrom(TCustomForm::StaticClass()))
+        form.reset(static_cast<TCustomForm*>(info->Create(nullptr)));
+    else
+        throw EFormSyntax(fileName, root.Line(), root.Column(), u"a " + info->Name() + u" is not a form");
+    LoadTextForm(*form, document);
+    return form;
+}
+
+} // namespace gallery

@@ -1,0 +1,370 @@
+#include "gallery/inspector_rules.h"
+
+#include "framework/system/numbers.h"
+#include "framework/system/strings.h"
+
+#include <algorithm>
+
+namespace gallery {
+
+namespace {
+
+bool IsReference(const TPropInfo& property) {
+    return property.Kind == tkClass && property.ObjectClass().InheritsFrom(TComponent::StaticClass());
+}
+
+/// The sub-object that can be opened under a row; null for references to other components and for everything else.
+TPersistent* SubObject(const TPersistent& object, const TPropInfo& property) {
+    return IsSubObject(object, property) ? property.GetInstance(object) : nullptr;
+}
+
+bool HoldsColor(const TPropInfo& property) {
+    return property.Kind == tkInteger && property.Names && property.Names->FromName(u"clWindow");
+}
+
+/// Whose components and methods a row may refer to: the owner of the component that the row belongs to.
+TComponent* Root(const TInspectorRow& row) {
+    TPersistent* object = row.Object;
+    while (object && !As<TComponent>(object))
+        object = object->GetOwner();
+    TComponent* component = As<TComponent>(object);
+    if (!component)
+        return nullptr;
+    return component->GetOwnerComponent() ? component->GetOwnerComponent() : component;
+}
+
+String NamedInteger(const TPropInfo& property, std::int64_t value) {
+    if (property.Names) {
+        if (const auto name = property.Names->ToName(value))
+            return *name;
+    }
+    return HoldsColor(property) ? u"$" + IntToHex(static_cast<std::int32_t>(value), 8) : IntToStr(value);
+}
+
+String LineCount(std::size_t count) {
+    return count == 1 ? u"(1 line)" : u"(" + IntToStr(count) + u" lines)";
+}
+
+String ObjectText(const TInspectorRow& row) {
+    const TPersistent* value = row.Property->GetInstance(*row.Object);
+    if (IsReference(*row.Property) && !SubObject(*row.Object, *row.Property)) {
+        const auto* component = As<TComponent>(value);
+        return component ? component->GetName() : String();
+    }
+    return u"(" + (value ? value->ClassName() : String(u"none")) + u")";
+}
+
+String EnumText(const TPropInfo& property, std::int64_t ordinal) {
+    const auto& names = property.Enum->Names;
+    const bool known = ordinal >= 0 && ordinal < static_cast<std::int64_t>(names.size());
+    return known ? names[static_cast<std::size_t>(ordinal)] : IntToStr(ordinal);
+}
+
+bool HasLineBreak(StringView text) {
+    return text.find_first_of(u"\r\n") != StringView::npos;
+}
+
+void WriteReference(const TInspectorRow& row, StringView name) {
+    TComponent* root = Root(row);
+    TComponent* component = nullptr;
+    if (!name.empty()) {
+        component = root ? root->FindComponent(name) : nullptr;
+        if (!component && root && TNameEqual()(root->GetName(), name))
+            component = root;
+        if (!component)
+            throw EPropertyError(u"There is no component named \"" + String(name) + u"\"");
+    }
+    SetObjectProp(*row.Object, row.Property->Name, component);
+}
+
+void WriteElement(const TInspectorRow& row, StringView text) {
+    const auto chosen = DescribeEnum(bool{}).Find(Trim(text));
+    if (!chosen)
+        throw EPropertyError(u"\"" + String(text) + u"\" is neither True nor False");
+    const std::int64_t bit = std::int64_t{1} << row.Element;
+    const std::int64_t bits = row.Property->GetOrdinal(*row.Object);
+    SetPropValue(*row.Object, *row.Property, Variant(*chosen ? bits | bit : bits & ~bit));
+}
+
+} // namespace
+
+String RowText(const TInspectorRow& row) {
+    if (!row.Property)
+        return {};
+    const TPropInfo& property = *row.Property;
+    switch (property.Kind) {
+    case tkInteger:
+        return NamedInteger(property, property.GetOrdinal(*row.Object));
+    case tkEnumeration:
+        return EnumText(property, property.GetOrdinal(*row.Object));
+    case tkSet: {
+        const std::int64_t bits = property.GetOrdinal(*row.Object);
+        if (row.Element >= 0)
+            return DescribeEnum(bool{}).Names[static_cast<std::size_t>((bits >> row.Element) & 1)];
+        return SetToText(*property.Enum, bits);
+    }
+    case tkWChar: {
+        const auto c = static_cast<char16_t>(property.GetOrdinal(*row.Object));
+        return c > 0 && c < u' ' ? u"#" + IntToStr(static_cast<int>(c)) : c == 0 ? String() : String(1, c);
+    }
+    case tkFloat:
+    case tkString:
+        return VarToStr(property.GetValue(*row.Object));
+    case tkVariant: {
+        const Variant value = property.GetValue(*row.Object);
+        return VarIsArray(value) ? String(u"(list)") : VarToStr(value);
+    }
+    case tkClass:
+        return ObjectText(row);
+    case tkMethod: {
+        const TMethodInfo* method = property.GetMethod(*row.Object);
+        return method ? method->Name : String();
+    }
+    case tkStrings:
+        return LineCount(property.GetLines(*row.Object).size());
+    case tkBinary: {
+        const std::size_t size = property.GetBytes(*row.Object).size();
+        return size == 0 ? String(u"(none)") : u"(" + IntToStr(size) + u" bytes)";
+    }
+    }
+    return {};
+}
+
+TRowEditor RowEditor(const TInspectorRow& row) {
+    if (!row.Property || row.Property->ReadOnly())
+        return TRowEditor::None;
+    switch (row.Property->Kind) {
+    case tkInteger:
+        return row.Property->Names ? TRowEditor::TextOrChoice : TRowEditor::Text;
+    case tkEnumeration:
+        return TRowEditor::Choice;
+    case tkSet:
+        return row.Element >= 0 ? TRowEditor::Choice : TRowEditor::Text;
+    case tkString:
+        // A line of the inspector cannot show where such a text breaks.
+        return HasLineBreak(RowText(row)) ? TRowEditor::None : TRowEditor::Text;
+    case tkWChar:
+    case tkFloat:
+    case tkVariant:
+        return TRowEditor::Text;
+    case tkClass:
+        return IsReference(*row.Property) ? TRowEditor::Choice : TRowEditor::None;
+    case tkMethod:
+        return TRowEditor::Choice;
+    case tkStrings:
+    case tkBinary:
+        break;
+    }
+    return TRowEditor::None;
+}
+
+std::vector<String> RowChoices(const TInspectorRow& row) {
+    if (!row.Property)
+        return {};
+    const TPropInfo& property = *row.Property;
+    std::vector<String> choices;
+    switch (property.Kind) {
+    case tkInteger:
+        return property.Names ? property.Names->Names() : choices;
+    case tkEnumeration:
+        return property.Enum->Names;
+    case tkSet:
+        return row.Element >= 0 ? DescribeEnum(bool{}).Names : choices;
+    case tkClass:
+        if (const TComponent* root = Root(row); root && IsReference(property)) {
+            choices.emplace_back(); // nothing
+            for (int i = 0; i < root->GetComponentCount(); ++i) {
+                const TComponent* each = root->GetComponent(i);
+                if (each->InheritsFrom(property.ObjectClass()) && !each->GetName().empty())
+                    choices.push_back(each->GetName());
+            }
+            std::sort(choices.begin(), choices.end(),
+                      [](const String& left, const String& right) { return CompareText(left, right) < 0; });
+        }
+        return choices;
+    case tkMethod:
+        if (const TComponent* root = Root(row)) {
+            choices.emplace_back();
+            for (const TMethodInfo& method : root->ClassInfo().Methods()) {
+                if (method.Signature == property.Signature)
+                    choices.push_back(method.Name);
+            }
+        }
+        return choices;
+    default:
+        return choices;
+    }
+}
+
+void WriteRow(const TInspectorRow& row, StringView text) {
+    if (!row.Property)
+        throw EPropertyError(row.Name + u" cannot be written");
+    if (row.Element >= 0)
+        WriteElement(row, text);
+    else if (row.Property->Kind == tkMethod)
+        SetMethodProp(*row.Object, row.Property->Name, Root(row), text);
+    else if (row.Property->Kind == tkClass)
+        WriteReference(row, text);
+    else if (row.Property->Kind == tkWChar && text.size() > 1 && text.front() == u'#')
+        SetPropValue(*row.Object, *row.Property, Variant(StrToInt64(text.substr(1))));
+    else
+        SetPropValue(*row.Object, *row.Property, Variant(text));
+}
+
+bool RowModified(const TInspectorRow& row) {
+    if (!row.Property)
+        return false;
+    const TPropInfo& property = *row.Property;
+    if (property.Stored && !property.Stored(*row.Object))
+        return false; // it follows the parent, for instance
+    if (property.DefaultOrdinal) {
+        const std::int64_t value = property.GetOrdinal(*row.Object);
+        if (row.Element >= 0)
+            return ((value ^ *property.DefaultOrdinal) >> row.Element & 1) != 0;
+        return value != *property.DefaultOrdinal;
+    }
+    return (property.Kind == tkString || property.Kind == tkMethod) && !RowText(row).empty();
+}
+
+std::optional<TColor> RowColor(const TInspectorRow& row) {
+    if (!row.Property || !HoldsColor(*row.Property))
+        return std::nullopt;
+    return static_cast<TColor>(row.Property->GetOrdinal(*row.Object));
+}
+
+String NextChoice(const TInspectorRow& row) {
+    const std::vector<String> choices = RowChoices(row);
+    if (choices.empty() || RowEditor(row) == TRowEditor::None)
+        return {};
+    const auto found = std::find(choices.begin(), choices.end(), RowText(row));
+    return found == choices.end() || found + 1 == choices.end() ? choices.front() : *(found + 1);
+}
+
+std::optional<TInspectorRow> FindRow(TPersistent& object, StringView path) {
+    const std::size_t dot = path.find(u'.');
+    const StringView name = path.substr(0, dot);
+    const TPropInfo* property = object.ClassInfo().FindProperty(name);
+    if (!property)
+        return std::nullopt;
+    TInspectorRow row;
+    row.Name = property->Name;
+    row.Path = path;
+    row.Object = &object;
+    row.Property = property;
+    if (dot == StringView::npos)
+        return row;
+    const StringView rest = path.substr(dot + 1);
+    if (property->Kind == tkSet) {
+        const auto element = property->Enum->Find(rest);
+        if (!element)
+            return std::nullopt;
+        row.Element = static_cast<int>(*element);
+        return row;
+    }
+    TPersistent* inner = property->Kind == tkClass ? property->GetInstance(object) : nullptr;
+    return inner ? FindRow(*inner, rest) : std::nullopt;
+}
+
+void TInspectorTree::SetRoot(TPersistent* root) {
+    FRoot = root;
+    Rebuild();
+}
+
+bool TInspectorTree::Rebuild() {
+    std::vector<TInspectorRow> before;
+    before.swap(FRows);
+    if (FRoot)
+        AddObject(*FRoot, {}, 0);
+    return !std::equal(before.begin(), before.end(), FRows.begin(), FRows.end(),
+                       [](const TInspectorRow& left, const TInspectorRow& right) {
+                           return left.Object == right.Object && left.Property == right.Property &&
+                                  left.Path == right.Path && left.Expanded == right.Expanded &&
+                                  left.Expandable == right.Expandable;
+                       });
+}
+
+void TInspectorTree::AddObject(TPersistent& object, const String& prefix, int level) {
+    std::vector<const TPropInfo*> properties;
+    std::vector<const TPropInfo*> events;
+    for (const TPropInfo& property : object.ClassInfo().Properties())
+        (property.Kind == tkMethod ? events : properties).push_back(&property);
+    const auto byName = [](const TPropInfo* left, const TPropInfo* right) {
+        return CompareText(left->Name, right->Name) < 0;
+    };
+    std::sort(properties.begin(), properties.end(), byName);
+    std::sort(events.begin(), events.end(), byName);
+    for (const TPropInfo* property : properties)
+        AddProperty(object, *property, prefix, level);
+    if (events.empty())
+        return;
+    TInspectorRow heading;
+    heading.Name = EventsHeading;
+    heading.Path = prefix + u"(" + EventsHeading + u")";
+    heading.Level = level;
+    heading.Expandable = true;
+    heading.Expanded = FOpen.count(heading.Path) != 0;
+    FRows.push_back(heading);
+    if (!heading.Expanded)
+        return;
+    for (const TPropInfo* event : events)
+        AddProperty(object, *event, prefix, level + 1);
+}
+
+void TInspectorTree::AddProperty(TPersistent& object, const TPropInfo& property, const String& prefix, int level) {
+    TInspectorRow row;
+    row.Name = property.Name;
+    row.Path = prefix + property.Name;
+    row.Level = level;
+    row.Object = &object;
+    row.Property = &property;
+    TPersistent* inner = SubObject(object, property);
+    row.Expandable = property.Kind == tkSet || (inner && !inner->ClassInfo().Properties().empty());
+    row.Expanded = row.Expandable && FOpen.count(row.Path) != 0;
+    FRows.push_back(row);
+    if (!row.Expanded)
+        return;
+    if (inner)
+        AddObject(*inner, row.Path + u".", level + 1);
+    else
+        AddElements(row);
+}
+
+void TInspectorTree::AddElements(const TInspectorRow& set) {
+    const auto& names = set.Property->Enum->Names;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        TInspectorRow row = set;
+        row.Name = names[i];
+        row.Path = set.Path + u"." + names[i];
+        row.Level = set.Level + 1;
+        row.Expandable = false;
+        row.Expanded = false;
+        row.Element = static_cast<int>(i);
+        FRows.push_back(row);
+    }
+}
+
+bool TInspectorTree::SetExpanded(std::size_t row, bool expanded) {
+    if (row >= FRows.size() || !FRows[row].Expandable || FRows[row].Expanded == expanded)
+        return false;
+    return Toggle(row);
+}
+
+bool TInspectorTree::Toggle(std::size_t row) {
+    if (row >= FRows.size() || !FRows[row].Expandable)
+        return false;
+    const String path = FRows[row].Path;
+    if (!FOpen.erase(path))
+        FOpen.insert(path);
+    Rebuild();
+    return true;
+}
+
+std::optional<std::size_t> TInspectorTree::IndexOf(StringView path) const {
+    for (std::size_t i = 0; i < FRows.size(); ++i) {
+        if (TNameEqual()(FRows[i].Path, path))
+            return i;
+    }
+    return std::nullopt;
+}
+
+} // namespace gallery

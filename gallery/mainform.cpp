@@ -1,0 +1,163 @@
+#include "gallery/mainform.h"
+
+#include "framework/system/strings.h"
+#include "framework/windows/application.h"
+#include "framework/windows/label.h"
+#include "gallery/eventlog.h"
+#include "gallery/files.h"
+#include "gallery/inspector.h"
+#include "gallery/pagelist.h"
+
+namespace gallery {
+
+namespace {
+
+/// The pages, in the order of the list. A page is a text form in the folder forms.
+struct TPage {
+    const char16_t* Title;
+    const char16_t* FileName;
+};
+constexpr TPage kPages[] = {
+    {u"Entry", u"entry.dfm"},
+};
+
+} // namespace
+
+const TClassInfo& TGalleryForm::StaticClass() {
+    static const TClassInfo info =
+        DescribeClass<TGalleryForm>(u"TGalleryForm", TForm::StaticClass(), {},
+                                    {Method<&TGalleryForm::PageListSelect>(u"PageListSelect"),
+                                     Method<&TGalleryForm::ClearLogClick>(u"ClearLogClick"),
+                                     Method<&TGalleryForm::RefreshTimerTick>(u"RefreshTimerTick"),
+                                     Method<&TGalleryForm::InspectorWritten>(u"InspectorWritten"),
+                                     Method<&TGalleryForm::InspectorProblem>(u"InspectorProblem")});
+    return info;
+}
+
+TGalleryForm::TGalleryForm(TComponent* owner)
+    : TForm(owner), FHooks([this](const String& component, const String& event, const String& arguments) {
+          if (FLog)
+              FLog->Add(component, event, arguments);
+      }) {
+}
+
+TGalleryForm::~TGalleryForm() {
+    TheScreen().OnActiveControlChange = nullptr;
+    TheApplication().OnMessage = nullptr;
+    FHooks.Watch(nullptr);
+    FPage.reset();
+}
+
+void TGalleryForm::Loaded() {
+    TForm::Loaded();
+    FPageList = As<TPageList>(FindComponent(u"PageList"));
+    FInspector = As<TInspector>(FindComponent(u"Inspector"));
+    FLog = As<TEventLog>(FindComponent(u"Log"));
+    FPagePanel = As<TWinControl>(FindComponent(u"PagePanel"));
+    if (!FPageList || !FInspector || !FLog || !FPagePanel)
+        throw EComponentError(u"The main form lacks PageList, Inspector, Log or PagePanel");
+    TheScreen().OnActiveControlChange = [this](TObject* sender) { ActiveControlChanged(sender); };
+    TheApplication().OnMessage = [this](MSG& message, bool& handled) { InspectUnderMouse(message, handled); };
+}
+
+// Pages
+
+void TGalleryForm::ShowPages() {
+    for (const TPage& page : kPages)
+        FPageList->Add(page.Title);
+    FPageList->SetItemIndex(0);
+}
+
+void TGalleryForm::PageListSelect(TObject*) {
+    const int index = FPageList->GetItemIndex();
+    if (index >= 0)
+        ShowPage(LoadFormFile(ProgramFolder() + u"forms\\" + kPages[index].FileName));
+}
+
+void TGalleryForm::ShowFile(const String& fileName) {
+    std::unique_ptr<TCustomForm> page = LoadFormFile(fileName);
+    const std::size_t separator = fileName.find_last_of(u"/\\");
+    FPageList->Add(separator == String::npos ? fileName : fileName.substr(separator + 1));
+    FPageList->OnSelect = nullptr;
+    FPageList->SetItemIndex(0);
+    ShowPage(std::move(page));
+}
+
+void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
+    FHooks.Watch(nullptr);
+    Inspect(nullptr);
+    FPage = std::move(page);
+    FPage->SetBorderStyle(framework::bsNone);
+    FPage->SetParent(FPagePanel);
+    FPage->SetAlign(alClient);
+    FPage->SetVisible(true);
+    FHooks.Watch(FPage.get());
+    Inspect(FPage.get());
+    if (TWinControl* first = FPage->FindNextControl(nullptr, true, true, false))
+        FocusControl(first);
+    SetText(FPage->GetText().empty() ? u"ZOR Gallery" : FPage->GetText() + u" \u2013 ZOR Gallery");
+}
+
+TComponent* TGalleryForm::FindByName(StringView name) const {
+    if (FPage) {
+        if (TNameEqual()(FPage->GetName(), name))
+            return FPage.get();
+        if (TComponent* component = FPage->FindComponent(name))
+            return component;
+    }
+    if (TNameEqual()(GetName(), name))
+        return const_cast<TGalleryForm*>(this);
+    return FindComponent(name);
+}
+
+// Inspector and log
+
+void TGalleryForm::ActiveControlChanged(TObject*) {
+    TWinControl* control = TheScreen().GetActiveControl();
+    if (control && FPage && control != FPage.get() && FPage->ContainsControl(control))
+        Inspect(control);
+}
+
+void TGalleryForm::InspectUnderMouse(MSG& message, bool& handled) {
+    if (message.message != WM_LBUTTONDOWN || GetKeyState(VK_CONTROL) >= 0 || !FPage)
+        return;
+    POINT point{PointFromLParam(message.lParam).X, PointFromLParam(message.lParam).Y};
+    ::ClientToScreen(message.hwnd, &point);
+    TControl* control = FindDragTarget(FromWin(point), true);
+    while (control && control->GetName().empty())
+        control = control->GetParent(); // a caption label, for instance
+    if (!control || !FPage->ContainsControl(control))
+        return;
+    Inspect(control);
+    handled = true;
+}
+
+void TGalleryForm::Inspect(TComponent* component) {
+    if (!FInspector)
+        return;
+    FInspector->SetInspected(component);
+    if (auto* label = As<TLabel>(FindComponent(u"InspectedLabel")))
+        label->SetText(component ? component->GetName() + u": " + component->ClassName() : String());
+}
+
+void TGalleryForm::InspectorWritten(TObject*) {
+    FHooks.Refresh(); // an event may have another handler now
+}
+
+void TGalleryForm::InspectorProblem(TObject*) {
+    auto* label = As<TLabel>(FindComponent(u"ProblemLabel"));
+    if (!label)
+        return;
+    label->SetText(FInspector->GetProblem());
+    label->GetParent()->SetVisible(!FInspector->GetProblem().empty());
+}
+
+void TGalleryForm::RefreshTimerTick(TObject*) {
+    FInspector->RefreshValues();
+}
+
+void TGalleryForm::ClearLogClick(TObject*) {
+    FLog->Clear();
+}
+
+} // namespace gallery

@@ -1,0 +1,55 @@
+#pragma once
+
+// The main window of the gallery: pages on the left, the chosen page in the middle, the inspector on the right, the
+// event log below. All of it comes from forms/main.dfm.
+
+#include "gallery/eventhooks.h"
+
+namespace gallery {
+
+class TEventLog;
+class TInspector;
+class TPageList;
+
+class TGalleryForm : public TForm {
+    FRAMEWORK_CLASS(TGalleryForm)
+
+public:
+    explicit TGalleryForm(TComponent* owner);
+    ~TGalleryForm() override;
+
+    /// Fills the list of pages and shows the first one.
+    void ShowPages();
+    /// Shows a form of the user's instead of the pages. Raises what LoadFormFile raises.
+    void ShowFile(const String& fileName);
+    /// The form in the middle; null while there is none.
+    TCustomForm* GetPage() const { return FPage.get(); }
+    /// A component of the page or, failing that, of this window, by name.
+    TComponent* FindByName(StringView name) const;
+
+protected:
+    void Loaded() override;
+
+private:
+    // What forms/main.dfm names.
+    void PageListSelect(TObject* sender);
+    void ClearLogClick(TObject* sender);
+    void RefreshTimerTick(TObject* sender);
+    void InspectorWritten(TObject* sender);
+    void InspectorProblem(TObject* sender);
+
+    void ShowPage(std::unique_ptr<TCustomForm> page);
+    void ActiveControlChanged(TObject* sender);
+    /// Ctrl and a click inspect whatever lies under the mouse, also what cannot have the focus.
+    void InspectUnderMouse(MSG& message, bool& handled);
+    void Inspect(TComponent* component);
+
+    TPageList* FPageList = nullptr;
+    TInspector* FInspector = nullptr;
+    TEventLog* FLog = nullptr;
+    TWinControl* FPagePanel = nullptr;
+    TEventHooks FHooks;
+    std::unique_ptr<TCustomForm> FPage;
+};
+
+} // namespace gallery

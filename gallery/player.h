@@ -1,0 +1,67 @@
+#pragma once
+
+// Plays an input script on the gallery: real input for real windows, one step at a time, each when the messages of the
+// one before have been handled. Places come from the components themselves, by name, so scripts know no coordinates.
+
+#include "framework/windows/timer.h"
+#include "gallery/inspector_rules.h"
+#include "gallery/mainform.h"
+#include "gallery/playerinput.h"
+
+#include <deque>
+
+namespace gallery {
+
+class TPlayer {
+public:
+    /// `shotsFolder` receives the pictures, numbered; without one none are taken. EScriptError for a bad script.
+    TPlayer(TGalleryForm& gallery, const String& scriptFile, const String& shotsFolder);
+
+    /// Plays as soon as the gallery is in the foreground, and ends the program after the last command, or after the
+    /// first that fails.
+    void Start();
+    /// Ends the play; the words are told with the line of the script that is being played.
+    void Fail(const String& problem);
+    /// 0 when every command was carried out and every expectation held, else 1.
+    int ExitCode() const { return FFailed ? 1 : 0; }
+
+private:
+    void Tick();
+    bool IsForeground();
+    /// True once the command is done; false to be called again at the next tick.
+    bool Execute(const TScriptCommand& command);
+    void QueueClick(const TScriptCommand& command);
+    void Queue(TInputs inputs);
+    /// Moves the pointer there with the keys held down, and waits until the system agrees to both.
+    void QueuePosition(TPoint point, const std::vector<std::uint16_t>& held);
+    bool InPosition(TPoint point, const std::vector<std::uint16_t>& held);
+    /// True when the time since the first such call for the command is over.
+    bool TimeIsUp(int milliseconds);
+    bool Holds(const TScriptCommand& command, int milliseconds);
+    void Set(const TScriptCommand& command);
+    void Shoot(const String& name);
+    void Finish();
+
+    TPersistent& FindObject(StringView name) const;
+    TInspectorRow FindProperty(StringView path) const;
+    /// The place of a target on the screen, in pixels.
+    TRect FindPlace(const TScriptTarget& target) const;
+    TPoint FindPoint(const TScriptTarget& target);
+
+    TGalleryForm& FGallery;
+    String FScriptFile;
+    String FShotsFolder;
+    std::vector<TScriptCommand> FCommands;
+    std::size_t FNext = 0;
+    // What still belongs to the last command, one step a tick; a step that answers false is tried again.
+    std::deque<std::function<bool()>> FPending;
+    TTimer FTimer;
+    ULONGLONG FWaitingSince = 0; // 0: not waiting
+    TPoint FLastPoint;
+    int FShots = 0;
+    bool FStarted = false;
+    bool FTicking = false;
+    bool FFailed = false;
+};
+
+} // namespace gallery

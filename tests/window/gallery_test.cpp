@@ -1,0 +1,168 @@
+// Runs the gallery as a program of its own and listens to what it says.
+
+#include "framework/graphics/handles.h"
+#include "framework/system/strings.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+using namespace framework;
+namespace files = std::filesystem;
+
+constexpr DWORD kPlayMilliseconds = 120000;
+
+files::path GalleryProgram() {
+    wchar_t path[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return files::path(path).parent_path() / "gallery" / "gallery.exe";
+}
+
+std::string ReadAll(const files::path& file) {
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+class Gallery : public testing::Test {
+protected:
+    struct TOutcome {
+        DWORD ExitCode = 0;
+        std::string Output; ///< standard output and errors
+    };
+
+    Gallery() : Folder(files::temp_directory_path() / ("gallery_test" + std::to_string(GetCurrentProcessId()))) {
+        files::create_directories(Folder);
+    }
+    ~Gallery() override {
+        std::error_code ignored;
+        files::remove_all(Folder, ignored);
+    }
+
+    files::path WriteFile(const std::string& name, const std::string& content) const {
+        std::ofstream(Folder / name, std::ios::binary) << content;
+        return Folder / name;
+    }
+
+    TOutcome Run(const std::wstring& arguments) const {
+        SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
+        const files::path log = Folder / "output.txt";
+        const TUniqueKernelHandle output(CreateFileW(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
+                                                     CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        STARTUPINFOW start{};
+        start.cb = sizeof(start);
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = start.hStdError = output.Get();
+        std::wstring command = L"\"" + GalleryProgram().wstring() + L"\" " + arguments;
+        PROCESS_INFORMATION made{};
+        TOutcome outcome;
+        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made)) {
+            ADD_FAILURE() << "the gallery could not be started: " << GetLastError();
+            return outcome;
+        }
+        const TUniqueKernelHandle process(made.hProcess);
+        const TUniqueKernelHandle thread(made.hThread);
+        if (WaitForSingleObject(process.Get(), kPlayMilliseconds) != WAIT_OBJECT_0) {
+            ADD_FAILURE() << "the gallery did not end by itself";
+            TerminateProcess(process.Get(), 99);
+        }
+        GetExitCodeProcess(process.Get(), &outcome.ExitCode);
+        outcome.Output = ReadAll(log);
+        return outcome;
+    }
+
+    files::path Folder;
+};
+
+TEST_F(Gallery, RefusesFormsItCannotShow) {
+    const struct {
+        const char* Name;
+        const char* Form;
+        const char* Place;
+        const char* Problem;
+    } rows[] = {
+        {"syntax", "object Form1: TForm\n  Left = )\nend\n", "(2,10)", "expected"},
+        {"class", "object Form1: TForm\n  object Edit1: TNoSuchEdit\n  end\nend\n", "(2,3)", "TNoSuchEdit"},
+        {"property", "object Form1: TForm\n  object Edit1: TZOREdit\n    Wymagane = wNone\n  end\nend\n", "(3,5)",
+         "Edit1.Wymagane"},
+        {"value", "object Form1: TForm\n  object Edit1: TZOREdit\n    Wymagany = wNever\n  end\nend\n", "(3,5)",
+         "Edit1.Wymagany"},
+        {"nested", "object Form1: TForm\n  object Edit1: TZOREdit\n    BoundLabel.Layout = clMiddle\n  end\nend\n",
+         "(3,5)", "Edit1.BoundLabel.Layout"},
+        {"handler", "object EntryPage: TEntryPage\n  OnClick = NoSuchMethod\nend\n", "(2,3)", "NoSuchMethod"},
+        {"root", "object Panel1: TPanel\nend\n", "(1,1)", "TPanel"},
+    };
+    for (const auto& row : rows) {
+        const files::path form = WriteFile(std::string(row.Name) + ".dfm", row.Form);
+        const TOutcome outcome = Run(L"\"" + form.wstring() + L"\"");
+        EXPECT_EQ(outcome.ExitCode, 2u) << row.Name;
+        EXPECT_NE(outcome.Output.find(std::string(row.Name) + ".dfm" + row.Place), std::string::npos) << outcome.Output;
+        EXPECT_NE(outcome.Output.find(row.Problem), std::string::npos) << outcome.Output;
+    }
+}
+
+TEST_F(Gallery, RefusesWhatItDoesNotUnderstand) {
+    const TOutcome missing = Run(L"\"" + (Folder / "nowhere.dfm").wstring() + L"\"");
+    EXPECT_EQ(missing.ExitCode, 2u);
+    EXPECT_NE(missing.Output.find("nowhere.dfm"), std::string::npos) << missing.Output;
+    const TOutcome option = Run(L"--loud");
+    EXPECT_EQ(option.ExitCode, 2u);
+    EXPECT_NE(option.Output.find("--loud"), std::string::npos) << option.Output;
+    const files::path script = WriteFile("bad.txt", "key F7\nkey Nothing\n");
+    const TOutcome command = Run(L"--play \"" + script.wstring() + L"\"");
+    EXPECT_EQ(command.ExitCode, 2u);
+    EXPECT_NE(command.Output.find("bad.txt(2): \"Nothing\" is not a key"), std::string::npos) << command.Output;
+}
+
+TEST_F(Gallery, PlaysFormsOfOthers) {
+    const files::path form = WriteFile("own.dfm", "object Form1: TForm\n"
+                                                  "  Caption = 'Own'\n"
+                                                  "  object NameEdit: TZOREdit\n"
+                                                  "    Left = 8\n"
+                                                  "    Top = 40\n"
+                                                  "    Wymagany = wRequired\n"
+                                                  "  end\n"
+                                                  "end\n");
+    const files::path good = WriteFile("good.txt", "click NameEdit\n"
+                                                   "type \"Ala\"\n"
+                                                   "expect NameEdit.Text = \"Ala\"\n"
+                                                   "expect Log.RecentLines contains \"NameEdit.OnChange\"\n");
+    const std::wstring own = L"\"" + form.wstring() + L"\" --play ";
+    const TOutcome outcome = Run(own + L"\"" + good.wstring() + L"\"");
+    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
+
+    const struct {
+        const char* Script;
+        const char* Problem;
+    } rows[] = {
+        {"\nexpect NameEdit.Wymagany = wError\n",
+         "bad.txt(2): expected NameEdit.Wymagany = \"wError\", found \"wRequired\""},
+        {"click SaveButton\n", "bad.txt(1): there is no SaveButton"},
+        {"click Inspector row Nonsense\n", "bad.txt(1): Inspector does not know its part row Nonsense"},
+        {"expect NameEdit.Wymagane = x\n", "bad.txt(1): a TZOREdit has no published property Wymagane"},
+    };
+    for (const auto& row : rows) {
+        const files::path bad = WriteFile("bad.txt", row.Script);
+        const TOutcome failed = Run(own + L"\"" + bad.wstring() + L"\"");
+        EXPECT_EQ(failed.ExitCode, 1u) << row.Script;
+        EXPECT_NE(failed.Output.find(row.Problem), std::string::npos) << failed.Output;
+    }
+}
+
+TEST_F(Gallery, PlaysTheTour) {
+    const TOutcome outcome =
+        Run(L"--play gallery\\scripts\\tour.txt --shots \"" + (Folder / "shots").wstring() + L"\"");
+    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
+    int pictures = 0;
+    for (const auto& entry : files::directory_iterator(Folder / "shots")) {
+        EXPECT_EQ(ReadAll(entry.path()).substr(1, 3), "PNG") << entry.path();
+        ++pictures;
+    }
+    EXPECT_GE(pictures, 12);
+}
+
+} // namespace
