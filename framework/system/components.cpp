@@ -87,6 +87,10 @@ void TComponent::RemoveNotifications() {
 void TComponent::DestroyComponents() {
     while (!FComponents.empty()) {
         TComponent* component = FComponents.back();
+        TLifeGuard alive(*component);
+        component->BeforeDestruction();
+        if (!alive)
+            continue;
         // Siblings that keep a pointer have asked for notice; telling all of all would cost the square of their number.
         if (component->FComponentState.Contains(csFreeNotification))
             RemoveComponent(component);

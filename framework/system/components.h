@@ -99,6 +99,9 @@ public:
 
     /// Marks this component and those it owns as being destroyed; the destructors begin with it.
     void Destroying();
+    /// Called by an owner before it frees the component, while the component's own class is still there; a plain delete
+    /// does not call it.
+    virtual void BeforeDestruction() {}
 
 protected:
     /// Called on every component of the owner, and on those that asked for it, when a component comes or goes.
@@ -106,7 +109,9 @@ protected:
     virtual void Notification(TComponent* component, TOperation operation);
     /// Called when a text form has set all properties of everything in it.
     virtual void Loaded();
-    /// Called before the properties of this component are read, and after.
+    /// Called once Loaded has been called for everything that the text form holds.
+    virtual void LoadFinished() {}
+    /// Called before the properties of this component are read.
     virtual void Updating() {}
     virtual void ValidateRename(TComponent* component, const String& oldName, const String& newName);
     void ChangeState(TComponentStateElement element, bool present);
@@ -155,6 +160,23 @@ private:
     TComponent* FComponent;
     TLifeGuard* FNext;
     TLifeGuard** FLink; // what points to this guard: the one before it, or the component
+};
+
+/// Does something at the end of a scope, exceptions included, if the component is still there then.
+template <class TBody>
+class TAtScopeEnd {
+public:
+    TAtScopeEnd(TComponent& component, TBody body) : FAlive(component), FBody(std::move(body)) {}
+    TAtScopeEnd(const TAtScopeEnd&) = delete;
+    TAtScopeEnd& operator=(const TAtScopeEnd&) = delete;
+    ~TAtScopeEnd() {
+        if (FAlive)
+            FBody();
+    }
+
+private:
+    TLifeGuard FAlive;
+    TBody FBody;
 };
 
 /// Calls an event of `component` when it is assigned; false when the handler destroyed the component, so that the

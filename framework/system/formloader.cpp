@@ -191,6 +191,13 @@ void TFormLoader::CallLoaded() {
         if (entry.Alive)
             entry.Component->ChangeState(csLoading, false);
     }
+    for (std::size_t i = 0; i < FSession->Components.size(); ++i) {
+        TLoadedComponent& entry = FSession->Components[i];
+        if (!entry.Alive)
+            continue;
+        At(entry.Place, {}, entry.Name);
+        WithPlace([&] { entry.Component->LoadFinished(); });
+    }
 }
 
 /// Undoes a load that failed: what it created goes, the newest first; what was there before is no longer loading.

@@ -20,8 +20,14 @@ const TClassInfo& TApplication::StaticClass() {
 TApplication::TApplication() : TComponent(nullptr) {
 }
 
-TApplication::~TApplication() {
-    Destroying();
+void TApplication::FreeComponents() {
+    while (GetComponentCount() > 0) {
+        TComponent* component = GetComponent(GetComponentCount() - 1);
+        TLifeGuard alive(*component);
+        component->BeforeDestruction();
+        if (alive)
+            delete component;
+    }
     DisposeDestroyedWindows();
 }
 
@@ -71,6 +77,7 @@ bool TApplication::ProcessMessage() {
     }
     bool handled = false;
     try {
+        const THandlerScope handler;
         Fire(*this, OnMessage, message, handled);
         handled = handled || IsKeyMessage(message);
     } catch (...) {
@@ -95,6 +102,7 @@ bool TApplication::IsKeyMessage(MSG& message) {
 void TApplication::Idle() {
     bool done = true;
     try {
+        const THandlerScope handler;
         Fire(*this, OnIdle, this, done);
     } catch (...) {
         HandleException(this);
@@ -110,17 +118,33 @@ void TApplication::HandleException(TObject* sender) {
     } catch (const EAbort&) {
         return;
     } catch (const std::exception& error) {
-        if (OnException)
-            OnException(sender, error);
-        else
-            ShowException(error);
+        Report(sender, error);
     } catch (...) {
-        const Exception error(u"An unknown error occurred");
-        if (OnException)
-            OnException(sender, error);
-        else
-            ShowException(error);
+        Report(sender, Exception(u"An unknown error occurred"));
     }
+}
+
+void TApplication::Report(TObject* sender, const std::exception& error) {
+    if (!OnException) {
+        ShowException(error);
+        return;
+    }
+    try {
+        Fire(*this, OnException, sender, error);
+    } catch (const EAbort&) {
+        return;
+    } catch (const std::exception& second) {
+        // The host's own handler failed: there is nobody left to ask but the user.
+        ShowException(error);
+        ShowException(second);
+    }
+}
+
+void TApplication::SetActive(bool value) {
+    if (FActive == value)
+        return;
+    FActive = value;
+    Fire(*this, value ? OnActivate : OnDeactivate, this);
 }
 
 void TApplication::ShowException(const std::exception& error) {
@@ -141,23 +165,30 @@ void TApplication::DestroyLater(HWND window) {
 }
 
 void TApplication::QueueRelease(TComponent* component) {
-    if (std::find(FReleased.begin(), FReleased.end(), component) != FReleased.end())
+    if (std::any_of(FReleased.begin(), FReleased.end(),
+                    [component](const TReleased& each) { return each.Component == component; }))
         return;
-    FReleased.push_back(component);
+    FReleased.push_back({component, HandlerDepth()});
     FreeNotification(component);
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
 }
 
 void TApplication::DisposeDestroyedWindows() {
-    if (NativeProcedureRunning() || FDisposing)
+    if (FDisposing)
         return;
     FDisposing = true;
-    while (!FReleased.empty()) {
-        TComponent* component = FReleased.back();
-        FReleased.pop_back();
-        delete component;
+    const int depth = HandlerDepth();
+    const auto isDue = [depth](const TReleased& each) { return depth < std::max(each.Depth, 1); };
+    for (auto due = FReleased.begin();
+         (due = std::find_if(FReleased.begin(), FReleased.end(), isDue)) != FReleased.end();) {
+        TComponent* component = due->Component;
+        FReleased.erase(due);
+        TLifeGuard alive(*component);
+        component->BeforeDestruction();
+        if (alive)
+            delete component;
     }
-    while (!FDyingWindows.empty()) {
+    while (!FDyingWindows.empty() && !NativeProcedureRunning()) {
         const HWND window = FDyingWindows.back();
         FDyingWindows.pop_back();
         DestroyWindow(window);
@@ -171,7 +202,7 @@ void TApplication::Notification(TComponent* component, TOperation operation) {
         return;
     if (component == FMainForm)
         FMainForm = nullptr;
-    std::erase(FReleased, component);
+    std::erase_if(FReleased, [component](const TReleased& each) { return each.Component == component; });
 }
 
 // Screen
@@ -270,12 +301,16 @@ HCURSOR TScreen::CursorHandle(TCursor cursor) const {
 }
 
 TApplication& TheApplication() {
-    static TApplication application;
-    return application;
+    struct TOwner {
+        TApplication& Application = *new TApplication;
+        ~TOwner() { Application.FreeComponents(); }
+    };
+    static const TOwner owner;
+    return owner.Application;
 }
 
 TScreen& TheScreen() {
-    static TScreen screen;
+    static TScreen& screen = *new TScreen;
     return screen;
 }
 

@@ -26,11 +26,11 @@ public:
     /// Sees every posted message before it is dispatched.
     TMessageEvent OnMessage;
     TIdleEvent OnIdle;
+    /// The program came to the foreground, or another one did.
     TNotifyEvent OnActivate;
     TNotifyEvent OnDeactivate;
 
     TApplication();
-    ~TApplication() override;
 
     /// Reads the user's locale into FormatSettings and prepares the common controls. Called once, first.
     void Initialize();
@@ -64,26 +64,38 @@ public:
     /// Frees a window that died inside its own native procedure, once that has ended.
     void DestroyLater(HWND window);
     void DisposeDestroyedWindows();
-    /// Work put off until the handlers that run now have ended, such as freeing a form.
+    /// Frees a component once the handlers that run now have ended, whether or not they let messages through.
     void QueueRelease(TComponent* component);
 
 protected:
     void Notification(TComponent* component, TOperation operation) override;
 
 private:
+    friend class TCustomForm;
+    friend TApplication& TheApplication();
+
+    struct TReleased {
+        TComponent* Component;
+        int Depth; // of the handlers that were running when it was released
+    };
+
     bool ProcessMessage();
     bool IsKeyMessage(MSG& message);
     void Idle();
+    void Report(TObject* sender, const std::exception& error);
+    void SetActive(bool value);
+    void FreeComponents();
 
     TCustomForm* FMainForm = nullptr;
     std::vector<HWND> FDyingWindows;
-    std::vector<TComponent*> FReleased;
+    std::vector<TReleased> FReleased;
     String FTitle;
     int FHintPause = 500;
     int FHintHidePause = 2500;
     bool FTerminated = false;
     bool FShowHint = true;
     bool FDisposing = false;
+    bool FActive = false;
 };
 
 /// What the program knows of its screen and forms.
@@ -135,7 +147,8 @@ private:
     TCursor FCursor = crDefault;
 };
 
-/// The one application and screen; created at first use, and freed at the end of the program.
+/// The one application and screen, created at first use. What the application owns is freed at the end of the program;
+/// both themselves stay until the last, for forms that are static objects.
 TApplication& TheApplication();
 TScreen& TheScreen();
 

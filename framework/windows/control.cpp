@@ -101,9 +101,11 @@ void TControl::SetBounds(int left, int top, int width, int height) {
     InvalidateControl(FVisible, false);
     UpdateBoundsDirect(left, top, width, height);
     Invalidate();
+    TLifeGuard alive(*this);
     Perform(WM_WINDOWPOSCHANGED);
-    RequestAlign();
-    if (sized)
+    if (alive)
+        RequestAlign();
+    if (alive && sized)
         Resize();
 }
 
@@ -154,6 +156,8 @@ void TControl::SetAlign(TAlign value) {
     FAlign = value;
     if (FAnchors == DefaultAnchors(old))
         FAnchors = DefaultAnchors(value);
+    if (value == alNone)
+        UpdateAnchorBase(); // from here on it is the anchors that place the control
     // Turning a bar by 90 degrees keeps its thickness.
     const bool turned = (isSideways(old) && isUpright(value)) || (isUpright(old) && isSideways(value));
     if (turned && !IsLoading())
@@ -204,17 +208,20 @@ void TControl::ChangeScale(int m, int d) {
     if (m == d)
         return;
     FConstraints->Scale(m, d);
-    FAligning = true; // the anchors' base is scaled with the control, not taken from where it passes on the way
-    SetBounds(MulDiv(FLeft, m, d), MulDiv(FTop, m, d), MulDiv(FWidth, m, d), MulDiv(FHeight, m, d));
-    FAligning = false;
+    {
+        // The anchors' base is scaled with the control, not taken from where it passes on the way.
+        FAligning = true;
+        const TAtScopeEnd aligned(*this, [this] { FAligning = false; });
+        SetBounds(MulDiv(FLeft, m, d), MulDiv(FTop, m, d), MulDiv(FWidth, m, d), MulDiv(FHeight, m, d));
+    }
     const TRect& base = FAnchorBase.Place;
     FAnchorBase.Place = {MulDiv(base.Left, m, d), MulDiv(base.Top, m, d), MulDiv(base.Right, m, d),
                          MulDiv(base.Bottom, m, d)};
     FAnchorBase.Parent = {MulDiv(FAnchorBase.Parent.Width, m, d), MulDiv(FAnchorBase.Parent.Height, m, d)};
     if (!FParentFont) {
         FScaling = true;
+        const TAtScopeEnd scaled(*this, [this] { FScaling = false; });
         FFont->SetHeight(MulDiv(FFont->GetHeight(), m, d));
-        FScaling = false;
     }
 }
 
@@ -259,16 +266,19 @@ void TControl::SendToBack() {
         FParent->SetChildZOrder(this, false);
 }
 
+void TControl::Follow(bool& flag, const std::function<void()>& takeOver) {
+    if (!flag || !FParent)
+        return;
+    const TAtScopeEnd following(*this, [&flag] { flag = true; });
+    takeOver();
+}
+
 void TControl::ApplyParentProperties() {
     Perform(CM_PARENTCOLORCHANGED);
     Perform(CM_PARENTFONTCHANGED);
     Perform(CM_PARENTSHOWHINTCHANGED);
     Perform(CM_PARENTBIDIMODECHANGED);
     Perform(CM_PARENTCTL3DCHANGED);
-}
-
-void TControl::Notification(TComponent* component, TOperation operation) {
-    TComponent::Notification(component, operation);
 }
 
 void TControl::Loaded() {
@@ -434,6 +444,12 @@ LRESULT TControl::Perform(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void TControl::WndProc(TMessage& message) {
+    if (!FControlStyle.Contains(csDoubleClicks)) {
+        static_assert(WM_LBUTTONDBLCLK - WM_LBUTTONDOWN == WM_RBUTTONDBLCLK - WM_RBUTTONDOWN &&
+                      WM_LBUTTONDBLCLK - WM_LBUTTONDOWN == WM_MBUTTONDBLCLK - WM_MBUTTONDOWN);
+        if (message.Msg == WM_LBUTTONDBLCLK || message.Msg == WM_RBUTTONDBLCLK || message.Msg == WM_MBUTTONDBLCLK)
+            message.Msg -= WM_LBUTTONDBLCLK - WM_LBUTTONDOWN;
+    }
     Dispatch(message);
 }
 
@@ -460,7 +476,7 @@ void TControl::Dispatch(TMessage& message) {
     case WM_MOUSEMOVE:
         return WMMouseMove(message);
     case WM_CANCELMODE:
-        FControlState >> csClicked;
+        CancelClick();
         return DefaultHandler(message);
     case CM_MOUSEENTER:
         return CMMouseEnter(message);
@@ -481,29 +497,13 @@ void TControl::Dispatch(TMessage& message) {
     case CM_HITTEST:
         return CMHitTest(message);
     case CM_PARENTFONTCHANGED:
-        if (FParentFont && FParent) {
-            FFont->Assign(FParent->FFont.get());
-            FParentFont = true; // the assignment counted as a change of its own
-        }
-        return;
+        return Follow(FParentFont, [this] { FFont->Assign(FParent->FFont.get()); });
     case CM_PARENTCOLORCHANGED:
-        if (FParentColor && FParent) {
-            SetColor(FParent->FColor);
-            FParentColor = true;
-        }
-        return;
+        return Follow(FParentColor, [this] { SetColor(FParent->FColor); });
     case CM_PARENTSHOWHINTCHANGED:
-        if (FParentShowHint && FParent) {
-            SetShowHint(FParent->FShowHint);
-            FParentShowHint = true;
-        }
-        return;
+        return Follow(FParentShowHint, [this] { SetShowHint(FParent->FShowHint); });
     case CM_PARENTBIDIMODECHANGED:
-        if (FParentBiDiMode && FParent) {
-            SetBiDiMode(FParent->FBiDiMode);
-            FParentBiDiMode = true;
-        }
-        return;
+        return Follow(FParentBiDiMode, [this] { SetBiDiMode(FParent->FBiDiMode); });
     default:
         DefaultHandler(message);
     }
@@ -572,7 +572,8 @@ void TControl::DblClick() {
 }
 
 void TControl::SetMouseCapture(bool value) {
-    MouseTracker().SetCapture(value ? this : nullptr);
+    if (GetMouseCapture() != value)
+        MouseTracker().SetCapture(value ? this : nullptr);
 }
 
 bool TControl::GetMouseCapture() const {
@@ -593,7 +594,6 @@ void TControl::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
 
 bool TControl::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) {
     bool handled = false;
-    TLifeGuard alive(*this);
     if (!Fire(*this, OnMouseWheel, this, shift, wheelDelta, mousePos, handled))
         return true;
     return handled;

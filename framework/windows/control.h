@@ -50,34 +50,23 @@ inline constexpr TCursor crSizeAll = -22;
 const TIdentifiers& CursorIdentifiers();
 
 enum TControlStateElement {
-    csLButtonDown,
-    csClicked, ///< the left button went down here and a release inside will be a click
-    csPalette,
-    csReadingState,
+    csClicked,         ///< the left button went down here and a release inside will be a click
     csAlignmentNeeded, ///< a layout was asked for while alignment was switched off
-    csFocusing,
-    csCreating,
-    csPaintCopy,
-    csCustomPaint,
+    csCreating,        ///< the window, or those of the children, are being made
+    csCustomPaint,     ///< PaintWindow paints, not the native procedure
     csDestroyingHandle,
 };
 using TControlState = Set<TControlStateElement>;
 
 enum TControlStyleElement {
     csAcceptsControls,
-    csCaptureMouse,
-    csDesignInteractive,
-    csClickEvents,
-    csFramed,
-    csSetCaption, ///< the text starts as the component's name in a designer
-    csOpaque,
-    csDoubleClicks,
-    csFixedWidth,
-    csFixedHeight,
+    csCaptureMouse, ///< the left button's press captures the mouse until its release
+    csClickEvents,  ///< presses and releases become OnClick and OnDblClick
+    csSetCaption,   ///< the text starts as the component's name in a designer
+    csOpaque,       ///< paints all of its rectangle
+    csDoubleClicks, ///< without it, the second press of a double click is a press like the first
     csNoDesignVisible,
-    csReplicatable,
-    csNoStdEvents,
-    csReflector,
+    csNoStdEvents, ///< no events for keys and mouse buttons
 };
 using TControlStyle = Set<TControlStyleElement>;
 
@@ -272,6 +261,8 @@ public:
     /// Grabs or releases the mouse for a drag that began here.
     void SetMouseCapture(bool value);
     bool GetMouseCapture() const;
+    /// The release of a button that is down now will be no click.
+    void CancelClick() { FControlState >> csClicked; }
     /// All sizes, the font and the constraints times m / d.
     virtual void ChangeScale(int m, int d);
     /// Notes the present place as the one that anchors keep to.
@@ -308,7 +299,6 @@ protected:
     virtual void CMBiDiModeChanged(TMessage& message);
     virtual void CMHitTest(TMessage& message);
 
-    void Notification(TComponent* component, TOperation operation) override;
     void Loaded() override;
     void UpdateBoundsDirect(int left, int top, int width, int height);
     void InvalidateControl(bool wasVisible, bool wasOpaque);
@@ -326,7 +316,9 @@ private:
 
     void FontChanged();
     void ApplyParentProperties();
-    bool HasWindow() const { return FHasWindow; }
+    /// Takes a property over from the parent while `flag` is on. The setter counts as a change of its own, which would
+    /// end the following.
+    void Follow(bool& flag, const std::function<void()>& takeOver);
 
     TWinControl* FParent = nullptr;
     int FLeft = 0;
@@ -352,7 +344,6 @@ private:
     bool FShowHint = false;
     bool FAligning = false;
     bool FScaling = false;
-    bool FHasWindow = false;
 };
 
 /// The rows that nearly every visible control publishes, for its own table.

@@ -88,18 +88,25 @@ TCustomForm::TCustomForm(TComponent* owner)
 }
 
 TCustomForm::~TCustomForm() {
+    TCustomForm::BeforeDestruction();
     Destroying();
-    try {
-        Fire(*this, OnDestroy, this);
-    } catch (...) {
-        TheApplication().HandleException(this);
-    }
     FActiveControl = nullptr;
     FFocusedControl = nullptr;
     std::erase(TheScreen().FForms, this);
     if (TheScreen().FActiveForm == this)
         TheScreen().SetActive(nullptr, nullptr);
     DestroyHandle();
+}
+
+void TCustomForm::BeforeDestruction() {
+    if (FDestroyTold)
+        return;
+    FDestroyTold = true;
+    try {
+        Fire(*this, OnDestroy, this);
+    } catch (...) {
+        TheApplication().HandleException(this);
+    }
 }
 
 // Window
@@ -151,7 +158,45 @@ void TCustomForm::CreateParams(TCreateParams& params) {
 void TCustomForm::CreateWnd() {
     PlaceOnScreen();
     TWinControl::CreateWnd();
+    if (TheApplication().GetMainForm() == this) {
+        for (const TCustomForm* form : TheScreen().FForms) {
+            if (form != this && form->HandleAllocated() && !form->GetParent() && !GetWindow(form->FHandle, GW_OWNER))
+                SetWindowLongPtrW(form->FHandle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(FHandle));
+        }
+    }
     ScaleForMonitor();
+}
+
+void TCustomForm::DestroyHandle() {
+    // Windows destroys what a window owns along with it; the other forms live on and keep theirs.
+    for (const TCustomForm* form : TheScreen().FForms) {
+        if (HandleAllocated() && form != this && form->HandleAllocated() &&
+            GetWindow(form->FHandle, GW_OWNER) == FHandle)
+            SetWindowLongPtrW(form->FHandle, GWLP_HWNDPARENT, 0);
+    }
+    TWinControl::DestroyHandle();
+}
+
+void TCustomForm::SetBounds(int left, int top, int width, int height) {
+    if (!HandleAllocated() || !IsIconic(FHandle)) {
+        TWinControl::SetBounds(left, top, width, height);
+        return;
+    }
+    // What moves is the place to which the minimised window will come back.
+    width = ConstrainedExtent(std::max(width, 0), GetConstraints()->GetMinWidth(), GetConstraints()->GetMaxWidth());
+    height = ConstrainedExtent(std::max(height, 0), GetConstraints()->GetMinHeight(), GetConstraints()->GetMaxHeight());
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof(placement);
+    if (!GetWindowPlacement(FHandle, &placement))
+        return;
+    RECT& place = placement.rcNormalPosition; // in pixels of the work area, hence relative to the present bounds
+    place.left += left - GetLeft();
+    place.top += top - GetTop();
+    place.right = place.left + width;
+    place.bottom = place.top + height;
+    placement.showCmd = SW_SHOWMINNOACTIVE;
+    SetWindowPlacement(FHandle, &placement);
+    UpdateBoundsDirect(left, top, width, height);
 }
 
 TSize TCustomForm::BorderExtent() const {
@@ -298,22 +343,24 @@ void TCustomForm::Loaded() {
         FPixelsPerInch = FScaled ? FPixelsPerInch : FDesignPixelsPerInch;
     if (FActiveControl && !FActiveControl->CanFocus())
         FActiveControl = nullptr;
-    Fire(*this, OnCreate, this);
-    if (FShowOnLoad)
+}
+
+void TCustomForm::LoadFinished() {
+    if (Fire(*this, OnCreate, this) && FShowOnLoad)
         SetVisible(true);
 }
 
 void TCustomForm::ScaleTo(int m, int d) {
     const TRect client = GetClientRect();
-    DisableAlign();
-    GetConstraints()->Scale(m, d);
-    ScaleControls(m, d);
-    GetFont()->SetHeight(MulDiv(GetFont()->GetHeight(), m, d));
-    if (!HandleAllocated()) {
-        SetClientWidth(MulDiv(client.Width(), m, d));
-        SetClientHeight(MulDiv(client.Height(), m, d));
-    }
-    EnableAlign();
+    WithoutAlign([&] {
+        GetConstraints()->Scale(m, d);
+        ScaleControls(m, d);
+        GetFont()->SetHeight(MulDiv(GetFont()->GetHeight(), m, d));
+        if (!HandleAllocated()) {
+            SetClientWidth(MulDiv(client.Width(), m, d));
+            SetClientHeight(MulDiv(client.Height(), m, d));
+        }
+    });
 }
 
 void TCustomForm::ScaleForMonitor() {
@@ -355,7 +402,15 @@ void TCustomForm::SetDesignVisible(bool value) {
 }
 
 void TCustomForm::SetVisible(bool value) {
-    TWinControl::SetVisible(value);
+    TLifeGuard alive(*this);
+    try {
+        TWinControl::SetVisible(value);
+    } catch (...) {
+        // A form that could not be shown is not visible, so that the next attempt is one.
+        if (alive && value && !GetShowing())
+            FVisible = false;
+        throw;
+    }
 }
 
 void TCustomForm::Show() {
@@ -376,6 +431,12 @@ void TCustomForm::CMShowingChanged(TMessage& message) {
         DoHide();
         if (alive && HandleAllocated())
             ShowWindow(FHandle, SW_HIDE);
+        // Mostly the system has activated another form by now.
+        if (alive && TheScreen().GetActiveForm() == this) {
+            TheScreen().SetActive(nullptr, nullptr);
+            if (alive && !IsDestroying())
+                Perform(CM_DEACTIVATE);
+        }
         return;
     }
     DoShow();
@@ -443,59 +504,66 @@ TModalResult TCustomForm::ShowModal() {
     for (TCustomForm* form : TheScreen().FForms) {
         // A popup of this form's own fields stays usable.
         const bool ours = HandleAllocated() && form->HandleAllocated() && GetWindow(form->FHandle, GW_OWNER) == FHandle;
-        if (form != this && !ours && form->HandleAllocated() && !form->GetParent() && IsWindowEnabled(form->FHandle)) {
-            EnableWindow(form->FHandle, FALSE);
+        if (form != this && !ours && form->HandleAllocated() && !form->GetParent() && IsWindowEnabled(form->FHandle))
             disabled.push_back(form->FHandle);
-        }
     }
-    const auto restore = [&] {
+    for (HWND window : disabled)
+        EnableWindow(window, FALSE);
+    TLifeGuard alive(*this);
+    // The others can be active again before this one goes, or the system would choose another program's window.
+    const auto finish = [&] {
         for (HWND window : disabled)
             EnableWindow(window, TRUE);
-        FModal = false;
-    };
-    TLifeGuard alive(*this);
-    FModal = true;
-    FModalResult = mrNone;
-    try {
-        Show();
-        while (alive && FModalResult == mrNone) {
-            TheApplication().HandleMessage();
-            if (alive && TheApplication().GetTerminated())
-                FModalResult = mrCancel;
-            else if (alive && FModalResult != mrNone)
-                CloseModal();
-        }
-    } catch (...) {
         if (alive) {
-            restore();
+            FModal = false;
             Hide();
         }
+    };
+    FModal = true;
+    FModalResult = mrNone;
+    TModalResult result = mrNone;
+    try {
+        Show();
+        while (alive && result == mrNone) {
+            TheApplication().HandleMessage();
+            if (!alive)
+                break;
+            if (TheApplication().GetTerminated())
+                FModalResult = mrCancel;
+            else if (FModalResult != mrNone)
+                CloseModal();
+            if (alive)
+                result = FModalResult;
+        }
+    } catch (...) {
+        finish();
         throw;
     }
-    if (!alive) {
-        for (HWND window : disabled)
-            EnableWindow(window, TRUE);
-        return mrNone;
-    }
-    restore();
-    Hide();
+    finish();
     if (activeBefore)
         SetActiveWindow(activeBefore);
-    return FModalResult;
+    return result;
 }
 
+/// Asks whether the result that was set may close the form; when not, or when asking fails, the form stays open and the
+/// result is taken back.
 void TCustomForm::CloseModal() {
     TLifeGuard alive(*this);
-    const TModalResult result = FModalResult;
-    FModalResult = mrNone;
-    if (!CloseQuery() || !alive)
+    TCloseAction action = caNone;
+    try {
+        if (CloseQuery() && alive) {
+            action = caHide;
+            DoClose(action);
+        }
+    } catch (...) {
+        action = caNone;
+        TheApplication().HandleException(alive ? this : nullptr);
+    }
+    if (!alive)
         return;
-    TCloseAction action = caHide;
-    DoClose(action);
-    if (!alive || action == caNone)
-        return;
-    FModalResult = result;
-    if (action == caFree)
+    if (action == caNone)
+        FModalResult = mrNone;
+    else if (action == caFree)
         Release();
 }
 
@@ -509,6 +577,10 @@ void TCustomForm::Dispatch(TMessage& message) {
     switch (message.Msg) {
     case WM_ACTIVATE:
         return WMActivate(message);
+    case WM_ACTIVATEAPP:
+        if (!GetParent())
+            TheApplication().SetActive(message.WParam != 0); // all forms are told; the first one counts
+        break;
     case WM_CLOSE:
         return Close();
     case WM_DPICHANGED:

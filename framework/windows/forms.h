@@ -106,7 +106,11 @@ public:
     virtual bool CloseQuery();
     /// Frees the form once the handlers that run now have ended.
     void Release();
-    /// True while this is the program's active form.
+    /// Fires OnDestroy. A form class whose handlers use its own members, and which is freed by a plain delete, calls
+    /// this first in its destructor.
+    void BeforeDestruction() override;
+    /// True while the form's window is the active one. While a message box or another program is in front it is not,
+    /// but still Screen's ActiveForm; OnDeactivate waits until another form of the program becomes that.
     bool Active() const;
 
     /// Makes `control` the focused one, telling those left (CM_EXIT) and entered (CM_ENTER); false when a handler
@@ -120,6 +124,7 @@ public:
     /// Forgets a control that dies, is hidden, disabled or moved away.
     void DefocusControl(TWinControl* control, bool removing);
 
+    void SetBounds(int left, int top, int width, int height) override;
     TRect GetClientRect() const override;
     void SetVisible(bool value) override;
     void SetParent(TWinControl* value) override;
@@ -136,8 +141,11 @@ public:
 protected:
     void CreateParams(TCreateParams& params) override;
     void CreateWnd() override;
+    void DestroyHandle() override;
     void Dispatch(TMessage& message) override;
     void Loaded() override;
+    /// Fires OnCreate, then shows the form when its text form says so.
+    void LoadFinished() override;
     void Updating() override;
     void Notification(TComponent* component, TOperation operation) override;
     void PaintWindow(HDC dc) override;
@@ -180,9 +188,10 @@ private:
     bool FKeyPreview = false;
     bool FScaled = true;
     bool FModal = false;
-    bool FActive = false;
+    bool FActive = false; // its window is the active one
     bool FPlaced = false;
     bool FShowOnLoad = false;
+    bool FDestroyTold = false; // OnDestroy was fired
     bool FOldCreateOrder = false;
     int FTextHeight = 0;
 };

@@ -43,7 +43,7 @@ void TCustomForm::FocusControl(TWinControl* control) {
     }
     if (!control->CanFocus())
         throw EInvalidOperation(u"Cannot focus a disabled or invisible window");
-    if (!GetShowing()) {
+    if (!GetShowing() || (HandleAllocated() && !IsWindowVisible(FHandle))) {
         FActiveControl = control; // it gets the focus when the form is shown
         FreeNotification(control);
         return;
@@ -55,7 +55,6 @@ void TCustomForm::TakeWindowFocus() {
     if (!HandleAllocated() || !GetShowing() || FFocusSuspended > 0)
         return;
     if (!FActiveControl || !FActiveControl->CanFocus()) {
-        std::vector<TWinControl*> list;
         FActiveControl = FindNextControl(nullptr, true, true, false);
     }
     // A form without a control to focus keeps the focus itself, so that it hears keys.
@@ -73,17 +72,19 @@ bool TCustomForm::SetFocusedControl(TWinControl* control) {
     TLifeGuard alive(*this);
     FActiveControl = control;
     FreeNotification(control);
+    TLifeGuard targetAlive(*control);
     TheScreen().SetActive(this, control);
+    if (!alive || !targetAlive || change != FFocusMessages)
+        return false;
     // First those that are left, from the inside out, up to the first that holds the new one as well.
     while (FFocusedControl && !FFocusedControl->ContainsControl(control)) {
         TWinControl* leaving = FFocusedControl;
         FFocusedControl = leaving->GetParent() == this ? nullptr : leaving->GetParent();
         TellOfFocus(*leaving, CM_EXIT);
-        if (!alive || change != FFocusMessages)
+        if (!alive || !targetAlive || change != FFocusMessages)
             return false;
     }
     // Then those that are entered, from the outside in.
-    TLifeGuard targetAlive(*control);
     while (FFocusedControl != control) {
         TWinControl* entered = control;
         while (entered->GetParent() != FFocusedControl && entered->GetParent() != this)
@@ -113,26 +114,31 @@ void TCustomForm::DefocusControl(TWinControl* control, bool removing) {
     FActiveControl = nullptr;
     if (TheScreen().GetActiveForm() == this)
         TheScreen().SetActive(this, nullptr);
-    if (IsDestroying() || !hadFocus)
+    if (!alive || IsDestroying() || !hadFocus)
         return;
     // The user goes on with the next one rather than with a form that hears no keys.
-    TWinControl* next = FindNextControl(control, true, true, false);
+    TWinControl* next = controlAlive ? FindNextControl(control, true, true, false) : nullptr;
     if (next && !control->ContainsControl(next))
         ::SetFocus(next->GetHandle());
     else
         ::SetFocus(FHandle);
+    if (alive && !FActiveControl)
+        Perform(CM_FOCUSCHANGED); // no button has the focus now, so that Enter clicks the default one
 }
 
 void TCustomForm::WMActivate(TMessage& message) {
-    const bool active = LowWord(message.WParam) != WA_INACTIVE;
+    FActive = LowWord(message.WParam) != WA_INACTIVE;
     TLifeGuard alive(*this);
-    if (active != FActive) {
-        FActive = active;
-        if (active)
-            TheScreen().SetActive(this, FActiveControl);
-        else
-            HideHint();
-        Perform(active ? CM_ACTIVATE : CM_DEACTIVATE);
+    TCustomForm* before = TheScreen().GetActiveForm();
+    if (!FActive) {
+        HideHint();
+    } else if (before != this) {
+        TLifeGuard beforeAlive(before ? *before : *this);
+        TheScreen().SetActive(this, FActiveControl);
+        if (before && beforeAlive && !before->IsDestroying())
+            before->Perform(CM_DEACTIVATE);
+        if (alive && TheScreen().GetActiveForm() == this)
+            Perform(CM_ACTIVATE);
     }
     // The native procedure gives the window the focus, and so WM_SETFOCUS passes it on to the active control.
     if (alive)

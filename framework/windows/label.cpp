@@ -145,11 +145,9 @@ void TCustomLabel::AdjustBounds() {
     int left = GetLeft();
     if (ShownAlignment() == taRightJustify)
         left += GetWidth() - width;
-    TLifeGuard alive(*this);
     FAdjusting = true;
+    const TAtScopeEnd adjusted(*this, [this] { FAdjusting = false; });
     SetBounds(left, GetTop(), width, height);
-    if (alive)
-        FAdjusting = false;
 }
 
 void TCustomLabel::Resize() {

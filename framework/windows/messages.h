@@ -16,7 +16,7 @@ struct TMessage {
     LRESULT Result = 0;
 };
 
-enum TShiftStateElement { ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble, ssTouch, ssPen };
+enum TShiftStateElement { ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble };
 using TShiftState = Set<TShiftStateElement>;
 
 enum TMouseButton { mbLeft, mbRight, mbMiddle };
@@ -26,7 +26,6 @@ inline constexpr UINT CM_ACTIVATE = CM_BASE + 0;     ///< the form became the ac
 inline constexpr UINT CM_DEACTIVATE = CM_BASE + 1;   ///< the form is no longer the active one
 inline constexpr UINT CM_GOTFOCUS = CM_BASE + 2;     ///< the window has the keyboard focus
 inline constexpr UINT CM_LOSTFOCUS = CM_BASE + 3;    ///< the window lost it, perhaps to another program
-inline constexpr UINT CM_CANCELMODE = CM_BASE + 4;   ///< LParam: the TControl that was clicked; drop-downs close
 inline constexpr UINT CM_DIALOGKEY = CM_BASE + 5;    ///< WParam: key that nobody wanted; non-zero result: taken
 inline constexpr UINT CM_DIALOGCHAR = CM_BASE + 6;   ///< WParam: accelerator character; non-zero result: taken
 inline constexpr UINT CM_FOCUSCHANGED = CM_BASE + 7; ///< LParam: the TWinControl now focused, sent to all of the form
@@ -43,11 +42,9 @@ inline constexpr UINT CM_PARENTCTL3DCHANGED = CM_BASE + 17;
 inline constexpr UINT CM_TEXTCHANGED = CM_BASE + 18;
 inline constexpr UINT CM_MOUSEENTER = CM_BASE + 19;
 inline constexpr UINT CM_MOUSELEAVE = CM_BASE + 20;
-inline constexpr UINT CM_BUTTONPRESSED = CM_BASE + 24;
 inline constexpr UINT CM_SHOWINGCHANGED = CM_BASE + 25;
-inline constexpr UINT CM_ENTER = CM_BASE + 26; ///< the control becomes the form's focused one
-inline constexpr UINT CM_EXIT = CM_BASE + 27;  ///< the control is left for another of the form
-inline constexpr UINT CM_DESIGNHITTEST = CM_BASE + 28;
+inline constexpr UINT CM_ENTER = CM_BASE + 26;          ///< the control becomes the form's focused one
+inline constexpr UINT CM_EXIT = CM_BASE + 27;           ///< the control is left for another of the form
 inline constexpr UINT CM_WANTSPECIALKEY = CM_BASE + 30; ///< WParam: key; non-zero result: the control uses it itself
 inline constexpr UINT CM_RELEASE = CM_BASE + 33;        ///< posted: free the form when its handlers have ended
 inline constexpr UINT CM_SHOWHINTCHANGED = CM_BASE + 34;
@@ -58,9 +55,6 @@ inline constexpr UINT CM_CONTROLLISTCHANGE = CM_BASE + 43; ///< WParam: the TCon
 inline constexpr UINT CM_CHILDKEY = CM_BASE + 46; ///< WParam: key; LParam: the TWinControl; non-zero result: taken
 inline constexpr UINT CM_HINTSHOW = CM_BASE + 48; ///< LParam: THintInfo*; non-zero result: show none
 inline constexpr UINT CM_RECREATEWND = CM_BASE + 51;
-inline constexpr UINT CM_INVALIDATE = CM_BASE + 52;
-inline constexpr UINT CM_CHANGED = CM_BASE + 55;
-inline constexpr UINT CM_BORDERCHANGED = CM_BASE + 60;
 inline constexpr UINT CM_BIDIMODECHANGED = CM_BASE + 61;
 inline constexpr UINT CM_PARENTBIDIMODECHANGED = CM_BASE + 62;
 
@@ -69,19 +63,13 @@ inline constexpr UINT CM_PARENTBIDIMODECHANGED = CM_BASE + 62;
 inline constexpr UINT CN_BASE = 0xBC00;
 inline constexpr UINT CN_COMMAND = CN_BASE + WM_COMMAND;
 inline constexpr UINT CN_NOTIFY = CN_BASE + WM_NOTIFY;
-inline constexpr UINT CN_HSCROLL = CN_BASE + WM_HSCROLL;
-inline constexpr UINT CN_VSCROLL = CN_BASE + WM_VSCROLL;
 inline constexpr UINT CN_DRAWITEM = CN_BASE + WM_DRAWITEM;
-inline constexpr UINT CN_MEASUREITEM = CN_BASE + WM_MEASUREITEM;
-inline constexpr UINT CN_COMPAREITEM = CN_BASE + WM_COMPAREITEM;
-inline constexpr UINT CN_DELETEITEM = CN_BASE + WM_DELETEITEM;
 inline constexpr UINT CN_CTLCOLORMSGBOX = CN_BASE + WM_CTLCOLORMSGBOX;
 inline constexpr UINT CN_CTLCOLOREDIT = CN_BASE + WM_CTLCOLOREDIT;
 inline constexpr UINT CN_CTLCOLORLISTBOX = CN_BASE + WM_CTLCOLORLISTBOX;
 inline constexpr UINT CN_CTLCOLORBTN = CN_BASE + WM_CTLCOLORBTN;
 inline constexpr UINT CN_CTLCOLORSTATIC = CN_BASE + WM_CTLCOLORSTATIC;
 inline constexpr UINT CN_KEYDOWN = CN_BASE + WM_KEYDOWN;
-inline constexpr UINT CN_KEYUP = CN_BASE + WM_KEYUP;
 inline constexpr UINT CN_CHAR = CN_BASE + WM_CHAR;
 inline constexpr UINT CN_SYSKEYDOWN = CN_BASE + WM_SYSKEYDOWN;
 inline constexpr UINT CN_SYSCHAR = CN_BASE + WM_SYSCHAR;

@@ -34,7 +34,7 @@ TShiftState ShiftStateFromKeyboard() {
 }
 
 TMouseTracker& MouseTracker() {
-    static TMouseTracker tracker;
+    static TMouseTracker& tracker = *new TMouseTracker;
     return tracker;
 }
 
@@ -57,8 +57,18 @@ void TMouseTracker::SetCapture(TControl* control) {
         window = control->GetParent();
     if (!window)
         return;
+    ::SetCapture(window->GetHandle()); // which tells the one that has it now
     FCapture = control;
-    ::SetCapture(window->GetHandle());
+}
+
+void TMouseTracker::CaptureLost(HWND window) {
+    if (!FCapture)
+        return;
+    const TWinControl* holder = As<TWinControl>(FCapture);
+    if (!holder)
+        holder = FCapture->GetParent();
+    if (holder && holder->HandleAllocated() && holder->GetHandle() == window)
+        std::exchange(FCapture, nullptr)->CancelClick();
 }
 
 TControl* TMouseTracker::CapturedGraphic(HWND window) const {

@@ -15,6 +15,9 @@ public:
     /// The graphic control for which `window` holds the capture; null when it captured for itself.
     TControl* CapturedGraphic(HWND window) const;
 
+    /// The system took the capture from `window`: a press that began there is no click any more.
+    void CaptureLost(HWND window);
+
     /// The mouse moved within `window` and lies over `control`; tells the control left and the one entered, and asks
     /// the system to say when the mouse leaves the window.
     void MovedOver(TControl* control, HWND window);
@@ -32,6 +35,7 @@ private:
     HWND FTracked = nullptr;      // the window that will send WM_MOUSELEAVE
 };
 
+/// Never freed: controls that die with static objects still tell it.
 TMouseTracker& MouseTracker();
 
 } // namespace framework

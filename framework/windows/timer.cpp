@@ -7,8 +7,8 @@
 
 namespace framework {
 
-/// The hidden window that receives the ticks of all timers. Each start of a timer gets an identifier of its own, so
-/// that a tick still waiting in the queue when its timer was stopped or freed finds nobody.
+/// The hidden window that receives the ticks of all timers; it stays once it is there. Each start of a timer gets an
+/// identifier of its own, so that a tick still waiting in the queue when its timer was stopped or freed finds nobody.
 class TTimerWindow {
 public:
     /// The identifier of the started timer; EOutOfResources when the system has no more timers.
@@ -49,8 +49,6 @@ UINT_PTR TTimerWindow::Start(TTimer& timer, std::uint32_t interval) {
 void TTimerWindow::Stop(UINT_PTR identifier) {
     KillTimer(FWindow, identifier);
     FTimers.erase(identifier);
-    if (FTimers.empty())
-        DestroyWindow(std::exchange(FWindow, nullptr));
 }
 
 LRESULT CALLBACK TTimerWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -65,11 +63,18 @@ void TTimerWindow::Tick(UINT_PTR identifier) {
     if (found == FTimers.end())
         return;
     TTimer& timer = *found->second;
+    if (timer.FReporting)
+        return;
     TLifeGuard alive(timer);
     try {
+        const THandlerScope handler;
         timer.Timer();
     } catch (...) {
+        if (alive)
+            timer.FReporting = true; // or each further tick would put another message above this one
         TheApplication().HandleException(alive ? &timer : nullptr);
+        if (alive)
+            timer.FReporting = false;
     }
 }
 

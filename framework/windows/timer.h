@@ -14,7 +14,7 @@ public:
     FRAMEWORK_PROPERTY(std::uint32_t, Interval, GetInterval, SetInterval);
 
     /// Fires every Interval milliseconds while messages are handled. What it throws goes to the application's
-    /// HandleException.
+    /// HandleException, and the timer rests while that is shown.
     TNotifyEvent OnTimer;
 
     explicit TTimer(TComponent* owner);
@@ -41,6 +41,7 @@ private:
     std::uintptr_t FIdentifier = 0; // of the system's timer; 0 while none runs
     std::uint32_t FInterval = 1000;
     bool FEnabled = true;
+    bool FReporting = false; // what OnTimer threw is being shown
 };
 
 } // namespace framework

@@ -18,7 +18,6 @@ const TClassInfo& TWinControl::StaticClass() {
 }
 
 TWinControl::TWinControl(TComponent* owner) : TControl(owner), FBrush(std::make_unique<TBrush>()) {
-    FHasWindow = true;
     FControlStyle << csOpaque;
     FBrush->SetColor(GetColor());
 }
@@ -87,6 +86,7 @@ void TWinControl::RemoveControl(TControl* control) {
             FGraphics.erase(std::next(found).base());
     }
     control->FParent = nullptr;
+    ++FRemovals;
     if (!IsDestroying())
         Realign();
 }
@@ -117,7 +117,8 @@ void TWinControl::Broadcast(TMessage& message) {
 
 void TWinControl::NotifyControls(UINT message) {
     TMessage record{message, 0, 0, 0};
-    for (int i = 0; i < GetControlCount(); ++i) {
+    TLifeGuard alive(*this);
+    for (int i = 0; alive && i < GetControlCount(); ++i) {
         record.Result = 0;
         GetControl(i)->WndProc(record);
     }
@@ -175,17 +176,17 @@ void TWinControl::ScrollBy(int deltaX, int deltaY) {
     if (HandleAllocated())
         ScrollWindowEx(FHandle, deltaX, deltaY, nullptr, nullptr, nullptr, nullptr,
                        SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
-    DisableAlign();
-    for (int i = 0; i < GetControlCount(); ++i) {
-        TControl* child = GetControl(i);
-        auto* window = As<TWinControl>(child);
-        if (window && window->HandleAllocated() && HandleAllocated())
-            window->SizeFromWindow();
-        else
-            child->UpdateBoundsDirect(child->GetLeft() + deltaX, child->GetTop() + deltaY, child->GetWidth(),
-                                      child->GetHeight());
-    }
-    EnableAlign();
+    WithoutAlign([&] {
+        for (int i = 0; i < GetControlCount(); ++i) {
+            TControl* child = GetControl(i);
+            auto* window = As<TWinControl>(child);
+            if (window && window->HandleAllocated() && HandleAllocated())
+                window->SizeFromWindow();
+            else
+                child->UpdateBoundsDirect(child->GetLeft() + deltaX, child->GetTop() + deltaY, child->GetWidth(),
+                                          child->GetHeight());
+        }
+    });
 }
 
 // Layout
@@ -199,6 +200,21 @@ void TWinControl::EnableAlign() {
         Realign();
 }
 
+/// A body that raises leaves the layout switched on, to be done at the next occasion.
+void TWinControl::WithoutAlign(const std::function<void()>& body) {
+    TLifeGuard alive(*this);
+    DisableAlign();
+    try {
+        body();
+    } catch (...) {
+        if (alive)
+            --FAlignLevel;
+        throw;
+    }
+    if (alive)
+        EnableAlign();
+}
+
 void TWinControl::Realign() {
     AlignControl(nullptr);
 }
@@ -207,27 +223,34 @@ void TWinControl::AlignControl(TControl* control) {
     if (IsDestroying())
         return;
     if (FAlignLevel > 0 || IsLoading()) {
-        if (!control || control != FPlacing)
+        if (!control || control != FPlaced)
             FControlState << csAlignmentNeeded;
         return;
     }
-    // A child that moves may take others with it, such as its caption; two that push each other are left at the third
-    // attempt.
-    constexpr int kMostPasses = 3;
-    ++FAlignLevel;
-    for (int pass = 0; pass == 0 || (pass < kMostPasses && FControlState.Contains(csAlignmentNeeded)); ++pass) {
+    // A child that moves may take others with it, such as its caption, and its handlers may show or hide some; two that
+    // push each other are left at the third attempt.
+    constexpr int kRounds = 3;
+    TLifeGuard alive(*this);
+    for (int round = 0; alive && round < kRounds; ++round) {
         FControlState >> csAlignmentNeeded;
+        ++FAlignLevel;
+        const TAtScopeEnd done(*this, [this] { --FAlignLevel; });
         TRect client = GetClientRect();
-        AlignControls(control, client);
+        AlignControls(round == 0 ? control : nullptr, client);
+        if (!alive || !FControlState.Contains(csAlignmentNeeded))
+            return;
     }
-    --FAlignLevel;
     FControlState >> csAlignmentNeeded;
 }
 
-void TWinControl::PlaceChild(TControl& child, const TRect& place) {
-    FPlacing = &child;
+/// False when a handler took the control or one of its children away.
+bool TWinControl::PlaceChild(TControl& child, const TRect& place) {
+    const unsigned removals = FRemovals;
+    TLifeGuard alive(*this);
+    FPlaced = &child;
+    const TAtScopeEnd placed(*this, [this] { FPlaced = nullptr; });
     child.SetBoundsRect(place);
-    FPlacing = nullptr;
+    return alive && FRemovals == removals;
 }
 
 void TWinControl::AlignControls(TControl*, TRect& client) {
@@ -242,8 +265,9 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
             if (child->FAnchors == none)
                 continue;
             child->FAligning = true;
-            PlaceChild(*child, AnchoredPlace(child->FAnchorBase, child->FAnchors, extent));
-            child->FAligning = false;
+            const TAtScopeEnd aligned(*child, [child] { child->FAligning = false; });
+            if (!PlaceChild(*child, AnchoredPlace(child->FAnchorBase, child->FAnchors, extent)))
+                return;
         } else if (child->GetVisible() || IsDesigning()) {
             controls.push_back(child);
             places.push_back({child->FAlign, child->GetBoundsRect()});
@@ -253,7 +277,8 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
     client = AlignChildren(whole, places);
     bool anyAnswered = false;
     for (std::size_t i = 0; i < controls.size(); ++i) {
-        PlaceChild(*controls[i], places[i].Place);
+        if (!PlaceChild(*controls[i], places[i].Place))
+            return;
         const TRect taken = controls[i]->GetBoundsRect();
         anyAnswered = anyAnswered || taken != places[i].Place;
         places[i].Place = taken;
@@ -263,15 +288,17 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
     // Some child answers its place with a size of its own, such as text that wraps at a new width: the others make
     // room.
     client = AlignChildren(whole, places);
-    for (std::size_t i = 0; i < controls.size(); ++i)
-        PlaceChild(*controls[i], places[i].Place);
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        if (!PlaceChild(*controls[i], places[i].Place))
+            return;
+    }
 }
 
 void TWinControl::ChangeScale(int m, int d) {
-    DisableAlign();
-    ScaleControls(m, d);
-    TControl::ChangeScale(m, d);
-    EnableAlign();
+    WithoutAlign([&] {
+        ScaleControls(m, d);
+        TControl::ChangeScale(m, d);
+    });
 }
 
 void TWinControl::ScaleControls(int m, int d) {
@@ -407,9 +434,11 @@ void TWinControl::SetParentCtl3D(bool value) {
 }
 
 void TWinControl::CMFontChanged(TMessage&) {
+    TLifeGuard alive(*this);
     if (HandleAllocated())
         SendMessageW(FHandle, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()->GetHandle()), TRUE);
-    NotifyControls(CM_PARENTFONTCHANGED);
+    if (alive)
+        NotifyControls(CM_PARENTFONTCHANGED);
 }
 
 void TWinControl::CMColorChanged(TMessage&) {
@@ -419,16 +448,20 @@ void TWinControl::CMColorChanged(TMessage&) {
 }
 
 void TWinControl::CMBiDiModeChanged(TMessage&) {
+    TLifeGuard alive(*this);
     RecreateWnd();
-    NotifyControls(CM_PARENTBIDIMODECHANGED);
+    if (alive)
+        NotifyControls(CM_PARENTBIDIMODECHANGED);
 }
 
 void TWinControl::CMVisibleChanged(TMessage&) {
+    TLifeGuard alive(*this);
     if (!GetVisible()) {
         if (TCustomForm* form = GetParentForm(this); form && form != this)
             form->DefocusControl(this, false);
     }
-    UpdateControlState();
+    if (alive)
+        UpdateControlState();
 }
 
 void TWinControl::CMEnabledChanged(TMessage&) {
@@ -439,10 +472,6 @@ void TWinControl::CMEnabledChanged(TMessage&) {
     }
     if (alive && HandleAllocated())
         EnableWindow(FHandle, GetEnabled());
-}
-
-void TWinControl::Notification(TComponent* component, TOperation operation) {
-    TControl::Notification(component, operation);
 }
 
 void TWinControl::Loaded() {

@@ -132,7 +132,7 @@ protected:
     virtual void CreateWnd();
     virtual void DestroyWnd();
     virtual void CreateHandle();
-    void DestroyHandle();
+    virtual void DestroyHandle();
     /// The window is about to go: takes what it alone knows (text, selection, ...) into the control, from where
     /// CreateWnd brings it into the next window.
     virtual void KeepWindowState();
@@ -172,7 +172,6 @@ protected:
     void CMFontChanged(TMessage& message) override;
     void CMColorChanged(TMessage& message) override;
     void CMBiDiModeChanged(TMessage& message) override;
-    void Notification(TComponent* component, TOperation operation) override;
     void Loaded() override;
 
     /// The message loop offers a key; true when the control consumed it.
@@ -199,7 +198,9 @@ private:
     void AbandonWindow();
     void KeepStates();
     void AlignControl(TControl* control);
-    void PlaceChild(TControl& child, const TRect& place);
+    bool PlaceChild(TControl& child, const TRect& place);
+    void WithoutAlign(const std::function<void()>& body);
+    bool IsNewPaintFailure(const TMessage& message);
     void UpdateShowing();
     void CreateChildHandles();
     bool IsControlMouseMessage(TMessage& message);
@@ -213,9 +214,11 @@ private:
     std::vector<TWinControl*> FWindows; // bottom first
     std::vector<TWinControl*> FTabList; // order of the Tab key
     int FLoadingTabOrder = -1;
+    const TControl* FPlaced = nullptr; // the child that the layout is just moving; its own request asks for nothing new
+    unsigned FRemovals = 0;            // counts children that went, so that a walk over them can see it
+    UINT FFailedPaint = 0;             // the painting message that raised an exception last
     int FAlignLevel = 0;
-    const TControl* FPlacing = nullptr; // the child that is being given its place; its own request asks for nothing new
-    int FNativeDepth = 0;               // how many calls of the native procedure are running
+    int FNativeDepth = 0; // how many calls of the window's native procedure are running
     bool FTabStop = false;
     bool FCtl3D = true;
     bool FParentCtl3D = true;
@@ -237,8 +240,18 @@ TPropInfo OnKeyPress();
 TPropInfo OnKeyUp();
 } // namespace controlrows
 
-/// True while the native procedure of any control runs: what died meanwhile must not be freed yet.
+/// True while the native procedure of any control runs: a window that died meanwhile must not be freed yet.
 bool NativeProcedureRunning();
+/// How many handlers of messages and events are running, one inside the other.
+int HandlerDepth();
+/// Counts as a handler while it lives: for those that the message loop calls without a window's procedure.
+class THandlerScope {
+public:
+    THandlerScope();
+    ~THandlerScope();
+    THandlerScope(const THandlerScope&) = delete;
+    THandlerScope& operator=(const THandlerScope&) = delete;
+};
 
 /// The control that a window belongs to; null for windows that are not ours.
 TWinControl* FindControl(HWND window);

@@ -19,9 +19,13 @@ void TWinControl::WndProc(TMessage& message) {
     case WM_NCHITTEST:
         TControl::WndProc(message);
         return;
-    case WM_MOUSELEAVE:
+    case WM_MOUSELEAVE: {
+        TLifeGuard alive(*this);
         MouseTracker().LeftWindow(FHandle);
+        if (!alive)
+            return;
         break;
+    }
     default:
         if (message.Msg >= WM_MOUSEFIRST && message.Msg <= WM_MOUSELAST && IsControlMouseMessage(message))
             return;
@@ -44,10 +48,19 @@ void TWinControl::Dispatch(TMessage& message) {
     case WM_WINDOWPOSCHANGED:
         if (FHandle) {
             // Our own idea of the place first: handlers of the size that the native procedure sends on rely on it.
+            TLifeGuard alive(*this);
             SizeFromWindow();
-            DefaultHandler(message);
+            if (alive && FHandle)
+                DefaultHandler(message);
+        } else {
+            Realign(); // no WM_SIZE will follow
         }
         return;
+    case WM_PRINTCLIENT: // themed children ask for what lies behind them; native classes know the message
+        return FDefWndProc == DefWindowProcW ? PaintHandler(message) : DefaultHandler(message);
+    case WM_CAPTURECHANGED:
+        MouseTracker().CaptureLost(FHandle);
+        return DefaultHandler(message);
     case WM_SETFOCUS: {
         TLifeGuard alive(*this);
         DefaultHandler(message);
@@ -134,14 +147,14 @@ void TWinControl::Dispatch(TMessage& message) {
             GetParent()->WndProc(message);
         return;
     case CM_PARENTCTL3DCHANGED:
-        if (FParentCtl3D && GetParent()) {
-            SetCtl3D(GetParent()->FCtl3D);
-            FParentCtl3D = true;
-        }
-        return;
-    case CM_CTL3DCHANGED:
+        return Follow(FParentCtl3D, [this] { SetCtl3D(GetParent()->FCtl3D); });
+    case CM_CTL3DCHANGED: {
+        TLifeGuard alive(*this);
         RecreateWnd();
-        return NotifyControls(CM_PARENTCTL3DCHANGED);
+        if (alive)
+            NotifyControls(CM_PARENTCTL3DCHANGED);
+        return;
+    }
     case CM_SHOWHINTCHANGED:
         return NotifyControls(CM_PARENTSHOWHINTCHANGED);
     case CM_CURSORCHANGED:
@@ -352,6 +365,9 @@ void TWinControl::CNChar(TMessage& message) {
     if (!form)
         return;
     const bool accelerator = message.Msg == CN_SYSCHAR;
+    // Ctrl+Alt is how AltGr arrives: such a character is text, whatever has the focus.
+    if (!accelerator && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) < 0)
+        return;
     // A space with Alt opens the window's own menu.
     if (accelerator ? message.WParam == VK_SPACE : (Perform(WM_GETDLGCODE) & DLGC_WANTCHARS) != 0)
         return;

@@ -16,7 +16,7 @@ namespace framework {
 
 namespace {
 
-// All of this is touched by the user-interface thread alone.
+// All of this is touched by the user-interface thread alone. Never freed: windows may live as long as the program.
 struct TWindowTable {
     std::unordered_map<HWND, TWinControl*> Controls;
     TWinControl* Creating = nullptr; // whose window is on its way: its first messages come before its handle is known
@@ -25,7 +25,7 @@ struct TWindowTable {
 };
 
 TWindowTable& Windows() {
-    static TWindowTable table;
+    static TWindowTable& table = *new TWindowTable;
     return table;
 }
 
@@ -41,6 +41,7 @@ void Forget(HWND window) {
 }
 
 int nativeCalls = 0; // how many native window procedures of ours are running, over all windows
+int handlers = 0;
 
 } // namespace
 
@@ -70,6 +71,18 @@ bool NativeProcedureRunning() {
     return nativeCalls > 0;
 }
 
+int HandlerDepth() {
+    return handlers;
+}
+
+THandlerScope::THandlerScope() {
+    ++handlers;
+}
+
+THandlerScope::~THandlerScope() {
+    --handlers;
+}
+
 LRESULT CALLBACK ControlWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     TWindowTable& table = Windows();
     TWinControl* control = FindControl(window);
@@ -89,16 +102,37 @@ void TWinControl::MainWndProc(TMessage& message) {
     TLifeGuard alive(*this);
     const HWND window = FHandle;
     try {
+        const THandlerScope handler;
         WndProc(message);
+        if (alive && message.Msg == FFailedPaint)
+            FFailedPaint = 0;
     } catch (...) {
         // No exception may cross the system's frames.
-        TheApplication().HandleException(alive ? this : nullptr);
+        if (!alive || IsNewPaintFailure(message))
+            TheApplication().HandleException(alive ? this : nullptr);
     }
     if (message.Msg != WM_NCDESTROY)
         return;
     Forget(window);
     if (alive && FHandle == window)
         ForgetWindow();
+}
+
+/// True for any failure but that of painting which failed the last time as well: the message that reports it uncovers
+/// the window again, which has to be painted again, and so on for ever.
+bool TWinControl::IsNewPaintFailure(const TMessage& message) {
+    switch (message.Msg) {
+    case WM_PAINT:
+        if (FHandle)
+            ValidateRect(FHandle, nullptr); // or the system would ask for the same at once
+        break;
+    case WM_NCPAINT:
+    case WM_ERASEBKGND:
+        break;
+    default:
+        return true;
+    }
+    return std::exchange(FFailedPaint, message.Msg) != message.Msg;
 }
 
 void TWinControl::ForgetWindow() {
@@ -114,11 +148,12 @@ void TWinControl::DefaultHandler(TMessage& message) {
     if (message.Msg >= CM_BASE)
         return; // component messages mean nothing to a native procedure
     TLifeGuard alive(*this);
+    const HWND window = FHandle;
     ++FNativeDepth;
     ++nativeCalls;
-    message.Result = CallWindowProcW(FDefWndProc, FHandle, message.Msg, message.WParam, message.LParam);
+    message.Result = CallWindowProcW(FDefWndProc, window, message.Msg, message.WParam, message.LParam);
     --nativeCalls;
-    if (alive)
+    if (alive && FHandle == window) // the calls of an abandoned window are not counted any more
         --FNativeDepth;
 }
 
@@ -197,12 +232,18 @@ void TWinControl::CreateWnd() {
     }
     params.WindowClass.hInstance = instance;
     params.WindowClass.lpszClassName = className;
-    FControlState << csCreating;
-    CreateWindowHandle(params);
-    FControlState >> csCreating;
+    const bool hasChildren = GetControlCount() > 0;
+    const TRect planned = hasChildren ? GetClientRect() : TRect{};
+    {
+        FControlState << csCreating;
+        const TAtScopeEnd created(*this, [this] { FControlState >> csCreating; });
+        CreateWindowHandle(params);
+    }
     FText.clear(); // the window keeps the text now
     SendMessageW(FHandle, WM_SETFONT, reinterpret_cast<WPARAM>(GetFont()->GetHandle()), FALSE);
     SizeFromWindow();
+    if (hasChildren && GetClientRect() != planned)
+        Realign(); // the system gave it another size, such as that of a screen which is too small
 }
 
 void TWinControl::CreateHandle() {
@@ -226,12 +267,13 @@ void TWinControl::CreateHandle() {
 
 void TWinControl::CreateChildHandles() {
     // The topmost first: each new window goes below those that are there.
+    TLifeGuard alive(*this);
     FControlState << csCreating;
-    for (std::size_t i = FWindows.size(); i-- > 0;) {
+    const TAtScopeEnd created(*this, [this] { FControlState >> csCreating; });
+    for (std::size_t i = FWindows.size(); alive && i-- > 0;) {
         if (i < FWindows.size())
             FWindows[i]->UpdateShowing();
     }
-    FControlState >> csCreating;
 }
 
 HWND TWinControl::GetHandle() const {
@@ -318,16 +360,20 @@ void TWinControl::CMRecreateWnd(TMessage&) {
     const bool hadFocus = FHandle && focus && (focus == FHandle || IsChild(FHandle, focus));
     TWinControl* focused = hadFocus ? FindOwningControl(focus) : nullptr;
     // The focus wanders while the window is away; for the user it stays, so nobody is told.
+    TWinControl& suspended = form ? *form : *this;
+    TLifeGuard alive(*this);
     FRecreating = true;
     if (form)
         form->SuspendFocus(true);
+    const TAtScopeEnd recreated(*this, [this] { FRecreating = false; });
+    const TAtScopeEnd resumed(suspended, [form] {
+        if (form)
+            form->SuspendFocus(false);
+    });
     DestroyHandle();
     UpdateControlState();
-    if (focused && focused->FHandle)
+    if (alive && focused && focused->FHandle)
         ::SetFocus(focused->FHandle);
-    if (form)
-        form->SuspendFocus(false);
-    FRecreating = false;
 }
 
 // Showing
@@ -344,6 +390,7 @@ void TWinControl::UpdateControlState() {
 }
 
 void TWinControl::UpdateShowing() {
+    TLifeGuard alive(*this);
     const bool show =
         (GetVisible() || (IsDesigning() && !FControlStyle.Contains(csNoDesignVisible))) && !IsDestroying();
     if (show) {
@@ -352,10 +399,9 @@ void TWinControl::UpdateShowing() {
         else
             CreateChildHandles();
     }
-    if (!FHandle || FShowing == show)
+    if (!alive || !FHandle || FShowing == show)
         return;
     FShowing = show;
-    TLifeGuard alive(*this);
     try {
         Perform(CM_SHOWINGCHANGED);
     } catch (...) {
@@ -396,7 +442,10 @@ void TWinControl::SizeFromWindow() {
     RECT place{};
     if (!GetWindowRect(FHandle, &place))
         return;
-    if (GetWindowLongPtrW(FHandle, GWL_STYLE) & WS_CHILD)
+    const LONG_PTR style = GetWindowLongPtrW(FHandle, GWL_STYLE);
+    if (style & WS_MINIMIZE)
+        return; // the control keeps the place to which it will come back
+    if (style & WS_CHILD)
         MapWindowPoints(nullptr, GetAncestor(FHandle, GA_PARENT), reinterpret_cast<POINT*>(&place), 2);
     const TRect bounds = FromWin(place);
     if (bounds == GetBoundsRect())
@@ -405,9 +454,12 @@ void TWinControl::SizeFromWindow() {
     UpdateBoundsDirect(bounds.Left, bounds.Top, bounds.Width(), bounds.Height());
     if (FControlState.Contains(csCreating))
         return;
+    TLifeGuard alive(*this);
     RequestAlign();
-    if (sized)
-        Resize();
+    if (alive && sized)
+        Realign();
+    if (alive && sized)
+        Resize(); // whose handlers find the children where they belong
 }
 
 TRect TWinControl::GetClientRect() const {
@@ -463,11 +515,10 @@ void TWinControl::Refresh() {
 }
 
 void TWinControl::PaintTo(HDC dc, int x, int y) {
-    const int saved = SaveDC(dc);
+    const TSavedDC saved(dc);
     OffsetWindowOrgEx(dc, -x, -y, nullptr);
     SendMessageW(GetHandle(), WM_PRINT, reinterpret_cast<WPARAM>(dc),
                  PRF_NONCLIENT | PRF_CLIENT | PRF_ERASEBKGND | PRF_CHILDREN | PRF_OWNED);
-    RestoreDC(dc, saved);
 }
 
 void TWinControl::WMEraseBkgnd(TMessage& message) {
@@ -492,47 +543,53 @@ void TWinControl::WMPaint(TMessage& message) {
 
 void TWinControl::PaintHandler(TMessage& message) {
     const auto given = reinterpret_cast<HDC>(message.WParam);
+    TLifeGuard alive(*this);
     if (FDefWndProc != DefWindowProcW) {
         // A native control paints itself; what lies on it comes on top.
         DefaultHandler(message);
-        const TWindowDC dc(FHandle);
-        PaintControls(dc);
+        if (!alive || !FHandle || FGraphics.empty())
+            return;
+        if (given)
+            PaintControls(given);
+        else
+            PaintControls(TWindowDC(FHandle));
         return;
     }
-    PAINTSTRUCT paint{};
-    const HDC dc = given ? given : BeginPaint(FHandle, &paint);
-    try {
-        if (FDoubleBuffered && !given) {
-            const TBufferedPaint buffer(dc, GetClientRect());
-            const HDC memory = buffer;
-            Perform(WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), reinterpret_cast<LPARAM>(memory));
-            PaintWindow(memory);
-            PaintControls(memory);
-        } else {
-            PaintWindow(dc);
+    const auto paintAll = [&](HDC dc) {
+        PaintWindow(dc);
+        if (alive)
             PaintControls(dc);
-        }
-    } catch (...) {
-        if (!given)
-            EndPaint(FHandle, &paint);
-        throw;
+    };
+    if (given) {
+        paintAll(given);
+        return;
     }
-    if (!given)
-        EndPaint(FHandle, &paint);
+    const TPaintDC dc(FHandle);
+    if (!FDoubleBuffered) {
+        paintAll(dc);
+        return;
+    }
+    const TBufferedPaint buffer(dc, GetClientRect());
+    const HDC memory = buffer;
+    Perform(WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), reinterpret_cast<LPARAM>(memory));
+    if (alive)
+        paintAll(memory);
 }
 
 void TWinControl::PaintControls(HDC dc) {
-    for (TControl* child : FGraphics) {
+    TLifeGuard alive(*this);
+    // By index: what is painted may come and go in its handlers.
+    for (std::size_t i = 0; alive && i < FGraphics.size(); ++i) {
+        TControl* child = FGraphics[i];
         const RECT place = ToWin(child->GetBoundsRect());
         if (!(child->GetVisible() || IsDesigning()) || !RectVisible(dc, &place))
             continue;
-        const int saved = SaveDC(dc);
+        const TSavedDC saved(dc);
         POINT origin{};
         GetViewportOrgEx(dc, &origin);
         SetViewportOrgEx(dc, origin.x + child->GetLeft(), origin.y + child->GetTop(), nullptr);
         IntersectClipRect(dc, 0, 0, child->GetWidth(), child->GetHeight());
         child->Perform(WM_PAINT, reinterpret_cast<WPARAM>(dc));
-        RestoreDC(dc, saved);
     }
 }
 
