@@ -158,21 +158,20 @@ void TCustomForm::CreateParams(TCreateParams& params) {
 void TCustomForm::CreateWnd() {
     PlaceOnScreen();
     TWinControl::CreateWnd();
-    if (TheApplication().GetMainForm() == this) {
-        for (const TCustomForm* form : TheScreen().FForms) {
-            if (form != this && form->HandleAllocated() && !form->GetParent() && !GetWindow(form->FHandle, GW_OWNER))
-                SetWindowLongPtrW(form->FHandle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(FHandle));
-        }
+    for (HWND window : std::exchange(FOwnedWindows, {})) {
+        if (IsWindow(window) && !GetWindow(window, GW_OWNER))
+            SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(FHandle));
     }
     ScaleForMonitor();
 }
 
 void TCustomForm::DestroyHandle() {
-    // Windows destroys what a window owns along with it; the other forms live on and keep theirs.
+    // Windows destroys what a window owns along with it; the other forms live on, and lie above the next window again.
     for (const TCustomForm* form : TheScreen().FForms) {
-        if (HandleAllocated() && form != this && form->HandleAllocated() &&
-            GetWindow(form->FHandle, GW_OWNER) == FHandle)
+        if (HandleAllocated() && form->HandleAllocated() && GetWindow(form->FHandle, GW_OWNER) == FHandle) {
             SetWindowLongPtrW(form->FHandle, GWLP_HWNDPARENT, 0);
+            FOwnedWindows.push_back(form->FHandle);
+        }
     }
     TWinControl::DestroyHandle();
 }

@@ -173,9 +173,10 @@ private:
     std::unique_ptr<TCanvas> FCanvas;
     TWinControl* FActiveControl = nullptr;
     TWinControl* FFocusedControl = nullptr;
-    TSize FPendingClient;   // client size from a text form, until the border is known
-    TSize FRestoredClient;  // client size to which a minimised form comes back
-    int FFocusMessages = 0; // counts focus changes, so that one can see that another came in between
+    std::vector<HWND> FOwnedWindows; // of forms above this one, while its window is made anew
+    TSize FPendingClient;            // client size from a text form, until the border is known
+    TSize FRestoredClient;           // client size to which a minimised form comes back
+    int FFocusMessages = 0;          // counts focus changes, so that one can see that another came in between
     int FFocusSuspended = 0;
     int FPixelsPerInch;
     int FDesignPixelsPerInch = 0; // the resolution that the text form being loaded was designed at

@@ -142,7 +142,9 @@ TEST_F(Handlers, FormsReleasedWhileADialogIsOpenGoAtOnce) {
     doomed->OnDestroy = [&](TObject*) { destroyed = true; };
     TForm dialog(nullptr);
     TTimer timer(nullptr);
+    timer.Enabled = false;
     timer.Interval = 10;
+    dialog.OnShow = [&](TObject*) { timer.Enabled = true; };
     int ticks = 0;
     timer.OnTimer = [&](TObject*) {
         if (++ticks == 1)
