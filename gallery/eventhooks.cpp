@@ -44,13 +44,26 @@ String ArgumentText(TCloseAction&) {
     return {};
 }
 
-void Append(String& text, const String& argument) {
-    if (argument.empty())
-        return;
-    if (!text.empty())
-        text += u' ';
-    text += argument;
-}
+/// The arguments of one call, joined by blanks; the numbers of a place by a comma.
+class TArgumentList {
+public:
+    template <class TArgument>
+    void Add(TArgument&& argument) {
+        const String text = ArgumentText(argument);
+        if (text.empty())
+            return;
+        constexpr bool isNumber = std::is_same_v<std::remove_cvref_t<TArgument>, int>;
+        if (!FText.empty())
+            FText += isNumber && FEndsInNumber ? u',' : u' ';
+        FText += text;
+        FEndsInNumber = isNumber;
+    }
+    const String& Text() const { return FText; }
+
+private:
+    String FText;
+    bool FEndsInNumber = false;
+};
 
 template <class TFunction>
 class THookOf;
@@ -79,9 +92,9 @@ public:
 private:
     static void Invoke(TObject* instance, TArguments... arguments) {
         auto* hook = static_cast<THookOf*>(instance);
-        String text;
-        (Append(text, ArgumentText(arguments)), ...);
-        hook->FHooks.Report(hook->FComponent, hook->FEvent.Name, text);
+        TArgumentList list;
+        (list.Add(arguments), ...);
+        hook->FHooks.Report(hook->FComponent, hook->FEvent.Name, list.Text());
         // The handler may assign the event anew, or end this hook.
         const TFunction previous = hook->FPrevious;
         if (previous)
@@ -91,25 +104,37 @@ private:
     TFunction FPrevious;
 };
 
-using THookFactory = std::unique_ptr<TEventHook> (*)(TEventHooks&, TComponent&, const TPropInfo&);
+/// What the table of signatures knows of one.
+struct TSignature {
+    std::unique_ptr<TEventHook> (*MakeHook)(TEventHooks&, TComponent&, const TPropInfo&);
+    void (*Ignore)();
+};
 
 template <class TFunction>
-std::pair<const std::type_index, THookFactory> FactoryOf() {
+struct TIgnore;
+template <class... TArguments>
+struct TIgnore<std::function<void(TArguments...)>> {
+    static void Invoke(TObject*, TArguments...) {}
+};
+
+template <class TFunction>
+std::pair<const std::type_index, TSignature> SignatureOf() {
     return {typeid(TFunction),
-            [](TEventHooks& hooks, TComponent& component, const TPropInfo& event) -> std::unique_ptr<TEventHook> {
-                return std::make_unique<THookOf<TFunction>>(hooks, component, event);
-            }};
+            {[](TEventHooks& hooks, TComponent& component, const TPropInfo& event) -> std::unique_ptr<TEventHook> {
+                 return std::make_unique<THookOf<TFunction>>(hooks, component, event);
+             },
+             reinterpret_cast<void (*)()>(&TIgnore<TFunction>::Invoke)}};
 }
 
 /// Null for a signature that nobody has listed here yet.
-THookFactory FindFactory(std::type_index signature) {
-    static const std::map<std::type_index, THookFactory> factories{
-        FactoryOf<TNotifyEvent>(), FactoryOf<TKeyEvent>(),        FactoryOf<TKeyPressEvent>(),
-        FactoryOf<TMouseEvent>(),  FactoryOf<TMouseMoveEvent>(),  FactoryOf<TMouseWheelEvent>(),
-        FactoryOf<TCloseEvent>(),  FactoryOf<TCloseQueryEvent>(),
+const TSignature* FindSignature(std::type_index signature) {
+    static const std::map<std::type_index, TSignature> signatures{
+        SignatureOf<TNotifyEvent>(), SignatureOf<TKeyEvent>(),        SignatureOf<TKeyPressEvent>(),
+        SignatureOf<TMouseEvent>(),  SignatureOf<TMouseMoveEvent>(),  SignatureOf<TMouseWheelEvent>(),
+        SignatureOf<TCloseEvent>(),  SignatureOf<TCloseQueryEvent>(),
     };
-    const auto found = factories.find(signature);
-    return found == factories.end() ? nullptr : found->second;
+    const auto found = signatures.find(signature);
+    return found == signatures.end() ? nullptr : &found->second;
 }
 
 } // namespace
@@ -145,12 +170,12 @@ void TEventHooks::HookEvents(TComponent& component) {
     for (const TPropInfo& property : component.ClassInfo().Properties()) {
         if (property.Kind != tkMethod)
             continue;
-        const THookFactory factory = FindFactory(property.Signature);
-        if (!factory) {
+        const TSignature* signature = FindSignature(property.Signature);
+        if (!signature) {
             Report(component, property.Name, u"cannot be watched: its signature is new to the log");
             continue;
         }
-        FHooks.push_back(factory(*this, component, property));
+        FHooks.push_back(signature->MakeHook(*this, component, property));
         FHooks.back()->Install();
     }
 }
@@ -177,6 +202,11 @@ void TEventHooks::Notification(TComponent* component, TOperation operation) {
 void TEventHooks::Report(const TComponent& component, const String& event, const String& arguments) const {
     if (FReport)
         FReport(component.GetName().empty() ? component.ClassName() : component.GetName(), event, arguments);
+}
+
+void (*EmptyHandler(std::type_index signature))() {
+    const TSignature* known = FindSignature(signature);
+    return known ? known->Ignore : nullptr;
 }
 
 } // namespace gallery

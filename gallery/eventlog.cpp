@@ -33,10 +33,12 @@ TEventLog::TEventLog(TComponent* owner) : TRowList(owner) {
 }
 
 void TEventLog::Add(const String& component, const String& event, const String& arguments) {
+    // A pointer on its way across a control fills one line, not a hundred.
     const bool repeats = !FLines.empty() && FLines.back().Component == component && FLines.back().Event == event &&
-                         FLines.back().Arguments == arguments;
+                         (FLines.back().Arguments == arguments || event == u"OnMouseMove");
     if (repeats) {
         ++FLines.back().Times;
+        FLines.back().Arguments = arguments;
     } else {
         if (FLines.size() == kMostLines)
             FLines.pop_front();

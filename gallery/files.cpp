@@ -3,6 +3,7 @@
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/system/strings.h"
+#include "gallery/standinform.h"
 
 namespace gallery {
 
@@ -42,7 +43,7 @@ std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName) {
     const TClassInfo* info = GetClass(root.ClassName());
     std::unique_ptr<TCustomForm> form;
     if (!info)
-        form = std::make_unique<TForm>(nullptr);
+        form = std::make_unique<TStandInForm>(root);
     else if (info->InheritsFrom(TCustomForm::StaticClass()))
         form.reset(static_cast<TCustomForm*>(info->Create(nullptr)));
     else

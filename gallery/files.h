@@ -10,8 +10,8 @@ std::string ReadFile(const String& fileName);
 /// The folder of the program's file, with a separator at its end.
 String ProgramFolder();
 
-/// A form from a text form. Its root is of the class that the file names, if that is registered and a form, and a plain
-/// TForm otherwise, so that any designer's form can be looked at; the events of such a root stay unassigned.
+/// A form from a text form. Its root is of the class that the file names, if that is registered, and a stand-in for it
+/// otherwise.
 /// Raises EFormSyntax and what the loader raises; the messages tell file, line and column.
 std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName);
 

@@ -136,11 +136,16 @@ void TInspector::TreeChanged() {
     Scrolled();
 }
 
+void TInspector::RefreshTree() {
+    if (!FTree.Rebuild() && !FTreeChanged)
+        return;
+    FTreeChanged = false;
+    EndEdit(false);
+    TreeChanged();
+}
+
 void TInspector::RefreshValues() {
-    if (FTree.Rebuild()) {
-        EndEdit(false);
-        TreeChanged();
-    }
+    RefreshTree();
     std::vector<String> values;
     const int end = std::min(GetCount(), GetTopIndex() + RowsInView() + 1);
     for (int row = GetTopIndex(); row < end; ++row)
@@ -149,6 +154,11 @@ void TInspector::RefreshValues() {
         return;
     FShown = std::move(values);
     Invalidate();
+}
+
+const TInspectorRow* TInspector::SelectedRow() const {
+    const int row = GetItemIndex();
+    return row >= 0 && row < GetCount() ? &Row(row) : nullptr;
 }
 
 String TInspector::GetSelectedText() const {
@@ -190,6 +200,7 @@ void TInspector::SetProblem(const String& problem) {
 }
 
 void TInspector::Write(const String& text) {
+    RefreshTree();
     const TInspectorRow* selected = SelectedRow();
     if (!selected)
         return;
@@ -213,6 +224,7 @@ void TInspector::Write(const String& text) {
 }
 
 void TInspector::BeginChange() {
+    RefreshTree();
     const TInspectorRow* row = SelectedRow();
     if (!row)
         return;
@@ -246,6 +258,8 @@ void TInspector::EndEdit(bool write) {
         return;
     const bool focused = FEdit->Focused();
     const String text = FEdit->GetText();
+    FTreeChanged = FTree.Rebuild() || FTreeChanged;
+    write = write && !FTreeChanged; // the text was for a row that may be gone
     FEdit->SetVisible(false);
     FChoices->Close();
     if (focused)
@@ -301,6 +315,7 @@ void TInspector::Dispatch(TMessage& message) {
 }
 
 void TInspector::KeyDown(WORD& key, TShiftState shift) {
+    RefreshTree();
     bool handled = true;
     if (!HandleChoiceKey(key) && !HandleCommonKey(key, shift)) {
         switch (key) {
@@ -327,6 +342,7 @@ void TInspector::KeyDown(WORD& key, TShiftState shift) {
 }
 
 void TInspector::KeyPress(char16_t& key) {
+    RefreshTree();
     const TInspectorRow* row = SelectedRow();
     if (key > u' ' && row) {
         const TRowEditor editor = RowEditor(*row);
@@ -356,6 +372,7 @@ void TInspector::DoExit() {
 // Mouse
 
 void TInspector::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
+    RefreshTree();
     if (button == mbLeft && std::abs(x - DividerX()) <= kDividerGrip && RowAt(y) >= 0) {
         FDragging = true;
         return;
@@ -442,6 +459,7 @@ void TInspector::Scrolled() {
 }
 
 std::optional<TRect> TInspector::FindSpot(const std::vector<String>& words) {
+    RefreshTree();
     if (words.size() >= 2 && SameText(words[0], u"choice")) {
         auto place = FChoices->IsOpen() ? FChoices->FindSpot({u"row", words[1]}) : std::nullopt;
         if (!place)
@@ -483,6 +501,11 @@ std::optional<TRect> TInspector::FindSpot(const std::vector<String>& words) {
 
 bool TInspector::IsActive() const {
     return Focused() || FEdit->Focused();
+}
+
+void TInspector::Paint() {
+    FTreeChanged = FTree.Rebuild() || FTreeChanged;
+    TRowList::Paint();
 }
 
 void TInspector::PaintRow(TCanvas& canvas, int row, const TRect& rect, bool selected) {

@@ -48,6 +48,7 @@ public:
     std::optional<TRect> FindSpot(const std::vector<String>& words) override;
 
 protected:
+    void Paint() override;
     void PaintRow(TCanvas& canvas, int row, const TRect& rect, bool selected) override;
     String RowText(int row) const override { return Row(row).Path; }
     TColor RowBackground(int, bool) const override { return GetColor(); }
@@ -66,7 +67,8 @@ private:
     friend class TInspectorEdit;
 
     const TInspectorRow& Row(int row) const { return FTree.Rows()[static_cast<std::size_t>(row)]; }
-    const TInspectorRow* SelectedRow() const { return GetItemIndex() < 0 ? nullptr : &Row(GetItemIndex()); }
+    /// Null when no row is selected.
+    const TInspectorRow* SelectedRow() const;
     bool IsActive() const;
     bool HasButton(int row) const;
     int DividerX() const;
@@ -77,6 +79,8 @@ private:
     void PaintValue(TCanvas& canvas, const TInspectorRow& row, TRect rect);
     void PaintSign(TCanvas& canvas, const TInspectorRow& row, const TRect& rect);
 
+    /// Brings the rows up to date: what they refer to may have gone. Ends an edit when they are others now.
+    void RefreshTree();
     void TreeChanged();
     void Toggle(int row);
     void Expand(bool expanded);
@@ -102,6 +106,7 @@ private:
     int FDividerPerMille = 460; // place of the line between names and values
     bool FDragging = false;     // the user moves that line
     bool FRebuilding = false;
+    bool FTreeChanged = false; // painted with other rows, of which nobody has been told yet
 };
 
 } // namespace gallery

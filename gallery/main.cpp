@@ -8,6 +8,7 @@
 #include "gallery/eventlog.h"
 #include "gallery/files.h"
 #include "gallery/inspector.h"
+#include "gallery/pagearea.h"
 #include "gallery/pagelist.h"
 #include "gallery/player.h"
 #include "gallery/report.h"
@@ -89,8 +90,8 @@ int Refuse(const String& problem, bool quiet) {
 void RegisterAll() {
     RegisterStandardControls();
     ZOR::RegisterPackage();
-    RegisterClasses({&TGalleryForm::StaticClass(), &TPageList::StaticClass(), &TInspector::StaticClass(),
-                     &TEventLog::StaticClass(), &TEntryPage::StaticClass()});
+    RegisterClasses({&TGalleryForm::StaticClass(), &TPageArea::StaticClass(), &TPageList::StaticClass(),
+                     &TInspector::StaticClass(), &TEventLog::StaticClass(), &TEntryPage::StaticClass()});
 }
 
 std::unique_ptr<TGalleryForm> MakeGallery(const TOptions& options) {

@@ -6,6 +6,7 @@
 #include "gallery/eventlog.h"
 #include "gallery/files.h"
 #include "gallery/inspector.h"
+#include "gallery/pagearea.h"
 #include "gallery/pagelist.h"
 
 namespace gallery {
@@ -53,9 +54,9 @@ void TGalleryForm::Loaded() {
     FPageList = As<TPageList>(FindComponent(u"PageList"));
     FInspector = As<TInspector>(FindComponent(u"Inspector"));
     FLog = As<TEventLog>(FindComponent(u"Log"));
-    FPagePanel = As<TWinControl>(FindComponent(u"PagePanel"));
-    if (!FPageList || !FInspector || !FLog || !FPagePanel)
-        throw EComponentError(u"The main form lacks PageList, Inspector, Log or PagePanel");
+    FPageArea = As<TPageArea>(FindComponent(u"PageArea"));
+    if (!FPageList || !FInspector || !FLog || !FPageArea)
+        throw EComponentError(u"The main form lacks PageList, Inspector, Log or PageArea");
     TheScreen().OnActiveControlChange = [this](TObject* sender) { ActiveControlChanged(sender); };
     TheApplication().OnMessage = [this](MSG& message, bool& handled) { InspectUnderMouse(message, handled); };
 }
@@ -87,10 +88,7 @@ void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     FHooks.Watch(nullptr);
     Inspect(nullptr);
     FPage = std::move(page);
-    FPage->SetBorderStyle(framework::bsNone);
-    FPage->SetParent(FPagePanel);
-    FPage->SetAlign(alClient);
-    FPage->SetVisible(true);
+    FPageArea->ShowPage(FPage.get());
     FHooks.Watch(FPage.get());
     Inspect(FPage.get());
     if (TWinControl* first = FPage->FindNextControl(nullptr, true, true, false))
@@ -114,8 +112,10 @@ TComponent* TGalleryForm::FindByName(StringView name) const {
 
 void TGalleryForm::ActiveControlChanged(TObject*) {
     TWinControl* control = TheScreen().GetActiveControl();
-    if (control && FPage && control != FPage.get() && FPage->ContainsControl(control))
-        Inspect(control);
+    if (!control || !FPage || control == FPage.get() || !FPage->ContainsControl(control))
+        return;
+    Inspect(control);
+    FPageArea->ScrollIntoView(*control);
 }
 
 void TGalleryForm::InspectUnderMouse(MSG& message, bool& handled) {

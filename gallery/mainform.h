@@ -9,6 +9,7 @@ namespace gallery {
 
 class TEventLog;
 class TInspector;
+class TPageArea;
 class TPageList;
 
 class TGalleryForm : public TForm {
@@ -47,7 +48,7 @@ private:
     TPageList* FPageList = nullptr;
     TInspector* FInspector = nullptr;
     TEventLog* FLog = nullptr;
-    TWinControl* FPagePanel = nullptr;
+    TPageArea* FPageArea = nullptr;
     TEventHooks FHooks;
     std::unique_ptr<TCustomForm> FPage;
 };

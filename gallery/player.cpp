@@ -83,6 +83,8 @@ bool Compare(const String& actual, TScriptComparison comparison, const String& w
         return actual != wanted;
     case TScriptComparison::Contains:
         return Pos(wanted, actual) > 0;
+    case TScriptComparison::Shows:
+        break;
     }
     return false;
 }
@@ -177,18 +179,21 @@ bool TPlayer::Execute(const TScriptCommand& command) {
             Queue(KeyInputs(command.Key));
         return true;
     case TScriptAction::Hold:
-        FPending.push_back([this, keys = command.Held] { return InPosition(FLastPoint, keys); });
+        FHeld = command.Held;
+        QueuePosition(FLastPoint, FHeld);
         return true;
     case TScriptAction::Release:
+        FHeld.clear();
         Queue(KeyUpInputs(command.Held));
         return true;
     case TScriptAction::MouseMove:
     case TScriptAction::MouseDown:
-        QueuePosition(FindPoint(command.Target), {});
+        QueuePosition(FindPoint(command.Target), FHeld);
         if (command.Action == TScriptAction::MouseDown)
             Queue(MouseButtonInputs(command.Button, true));
         return true;
     case TScriptAction::MouseUp:
+        QueuePosition(FLastPoint, FHeld);
         Queue(MouseButtonInputs(command.Button, false));
         return true;
     case TScriptAction::Wheel:
@@ -248,25 +253,42 @@ bool TPlayer::TimeIsUp(int milliseconds) {
 }
 
 void TPlayer::QueueClick(const TScriptCommand& command) {
-    // The buttons one after the other: handlers may ask for the state of a key while they run.
     const TPoint point = FindPoint(command.Target);
-    for (int i = 0; i < (command.Double ? 4 : 2); ++i) {
+    QueuePosition(point, command.Held);
+    if (command.Double) {
+        // At once, so that it stays a double click however slow the machine is.
+        TInputs inputs;
+        for (const bool down : {true, false, true, false}) {
+            const TInputs button = MouseButtonInputs(command.Button, down);
+            inputs.insert(inputs.end(), button.begin(), button.end());
+        }
+        Queue(std::move(inputs));
+    } else {
+        // One after the other: what the press brings about may take time and may ask for the state of a key.
+        Queue(MouseButtonInputs(command.Button, true));
         QueuePosition(point, command.Held);
-        Queue(MouseButtonInputs(command.Button, i % 2 == 0));
+        Queue(MouseButtonInputs(command.Button, false));
     }
     if (!command.Held.empty())
         Queue(KeyUpInputs(command.Held));
 }
 
 bool TPlayer::Holds(const TScriptCommand& command, int milliseconds) {
-    const String actual = RowText(FindProperty(command.Path));
-    if (Compare(actual, command.Comparison, command.Text))
+    const bool shows = command.Comparison == TScriptComparison::Shows;
+    const String actual = shows ? String() : RowText(FindProperty(command.Path));
+    if (shows ? Shows(command.Path) : Compare(actual, command.Comparison, command.Text))
         return true;
     if (!TimeIsUp(milliseconds))
         return false;
-    Fail(u"expected " + command.Path + u" " + ComparisonText(command.Comparison) + u" \"" + command.Text +
-         u"\", found \"" + actual + u"\"");
+    Fail(shows ? command.Path + u" does not show"
+               : u"expected " + command.Path + u" " + ComparisonText(command.Comparison) + u" \"" + command.Text +
+                     u"\", found \"" + actual + u"\"");
     return false;
+}
+
+bool TPlayer::Shows(StringView name) const {
+    const auto* control = As<TWinControl>(FindNamed(name));
+    return control && control->HandleAllocated() && IsWindowVisible(control->GetHandle());
 }
 
 void TPlayer::Set(const TScriptCommand& command) {
@@ -285,10 +307,16 @@ void TPlayer::Shoot(const String& name) {
 
 // Names
 
+TPersistent* TPlayer::FindNamed(StringView name) const {
+    if (SameText(name, u"Popup"))
+        return FindPopup();
+    if (SameText(name, u"Hint"))
+        return FindControl(FindWindowW(L"THintWindow", nullptr));
+    return FGallery.FindByName(name);
+}
+
 TPersistent& TPlayer::FindObject(StringView name) const {
-    TPersistent* object = SameText(name, u"Popup") ? FindPopup() : nullptr;
-    if (!object)
-        object = FGallery.FindByName(name);
+    TPersistent* object = FindNamed(name);
     if (!object)
         throw EComponentError(u"there is no " + String(name) + u" on the page or in the gallery");
     return *object;

@@ -37,11 +37,14 @@ private:
     bool InPosition(TPoint point, const std::vector<std::uint16_t>& held);
     /// True when the time since the first such call for the command is over.
     bool TimeIsUp(int milliseconds);
+    bool Shows(StringView name) const;
     bool Holds(const TScriptCommand& command, int milliseconds);
     void Set(const TScriptCommand& command);
     void Shoot(const String& name);
     void Finish();
 
+    /// Null when there is none. "Popup" and "Hint" are the ones on the screen.
+    TPersistent* FindNamed(StringView name) const;
     TPersistent& FindObject(StringView name) const;
     TInspectorRow FindProperty(StringView path) const;
     /// The place of a target on the screen, in pixels.
@@ -56,8 +59,9 @@ private:
     // What still belongs to the last command, one step a tick; a step that answers false is tried again.
     std::deque<std::function<bool()>> FPending;
     TTimer FTimer;
-    ULONGLONG FWaitingSince = 0; // 0: not waiting
-    TPoint FLastPoint;
+    ULONGLONG FWaitingSince = 0;      // 0: not waiting
+    TPoint FLastPoint;                // of the pointer
+    std::vector<std::uint16_t> FHeld; // keys between hold and release
     int FShots = 0;
     bool FStarted = false;
     bool FTicking = false;

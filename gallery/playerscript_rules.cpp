@@ -274,7 +274,12 @@ TScriptCommand ReadCommand(TLineReader& line) {
         ReadSet(line, command);
     } else if (line.Accept(u"wait")) {
         command.Action = TScriptAction::Wait;
-        ReadComparison(line, command);
+        if (line.Accept(u"for")) {
+            command.Path = line.Next(u"the name of a control");
+            command.Comparison = TScriptComparison::Shows;
+        } else {
+            ReadComparison(line, command);
+        }
         if (line.Accept(u"within"))
             command.Milliseconds = line.Number(u"milliseconds");
     } else if (line.Accept(u"expect")) {

@@ -14,6 +14,7 @@
 //     wheel Inspector -3                     notches, away from the person when positive
 //     set MainForm.Width = 1000
 //     wait NameEdit.Text = "Jan" within 5000 milliseconds; 3000 when not said
+//     wait for Popup                         until it shows
 //     expect NameEdit.Text = "Jan"           also: <> and contains
 //     shot filled                            a picture
 //
@@ -50,7 +51,7 @@ enum class TScriptAction {
     Shot
 };
 enum class TScriptButton { Left, Right, Middle };
-enum class TScriptComparison { Equal, Different, Contains };
+enum class TScriptComparison { Equal, Different, Contains, Shows };
 
 /// A key by its virtual key number, with the keys held down meanwhile.
 struct TScriptKey {
@@ -77,7 +78,7 @@ struct TScriptCommand {
     std::vector<std::uint16_t> Held; ///< keys held down during a Click, or from Hold to Release
     TScriptKey Key;                  ///< Key
     int Count = 1;                   ///< times of a Key, notches of a Wheel
-    String Path;                     ///< "Name.Property" of Set, Wait and Expect
+    String Path;                     ///< "Name.Property" of Set, Wait and Expect, "Name" of what Shows
     TScriptComparison Comparison = TScriptComparison::Equal;
     String Text;                               ///< what to type, the value, the name of a Shot
     int Milliseconds = ScriptWaitMilliseconds; ///< Wait

@@ -212,14 +212,12 @@ object MainForm: TGalleryForm
         TabOrder = 1
       end
     end
-    object PagePanel: TPanel
+    object PageArea: TPageArea
       Left = 0
       Top = 0
       Width = 780
       Height = 600
       Align = alClient
-      BevelOuter = bvNone
-      ShowCaption = False
       TabOrder = 0
     end
   end

@@ -50,6 +50,7 @@ TEST(PlayerScript, ReadsConditions) {
     EXPECT_EQ(wait.Text, u"8");
     EXPECT_EQ(wait.Milliseconds, 50);
     EXPECT_EQ(Only("expect A.B contains \"\"").Comparison, TScriptComparison::Contains);
+    EXPECT_EQ(Only("wait for Popup within 9").Comparison, TScriptComparison::Shows);
     EXPECT_EQ(Only("EXPECT A.B = x").Milliseconds, ScriptWaitMilliseconds);
     EXPECT_EQ(Only("set A.B = \"two words\"").Text, u"two words");
 }

@@ -119,17 +119,23 @@ TEST_F(Gallery, RefusesWhatItDoesNotUnderstand) {
 }
 
 TEST_F(Gallery, PlaysFormsOfOthers) {
-    const files::path form = WriteFile("own.dfm", "object Form1: TForm\n"
+    // The class of the form and its methods belong to a program that is not here.
+    const files::path form = WriteFile("own.dfm", "object Form1: TForm1\n"
                                                   "  Caption = 'Own'\n"
                                                   "  object NameEdit: TZOREdit\n"
                                                   "    Left = 8\n"
                                                   "    Top = 40\n"
+                                                  "    OnKeyDown = NameEditKeyDown\n"
                                                   "    Wymagany = wRequired\n"
                                                   "  end\n"
                                                   "end\n");
     const files::path good = WriteFile("good.txt", "click NameEdit\n"
                                                    "type \"Ala\"\n"
                                                    "expect NameEdit.Text = \"Ala\"\n"
+                                                   "expect NameEdit.OnKeyDown = NameEditKeyDown\n"
+                                                   "expect InspectedLabel.Caption = \"NameEdit: TZOREdit\"\n"
+                                                   "click Form1 at 300,150 with Ctrl\n"
+                                                   "expect InspectedLabel.Caption = \"Form1: TForm1\"\n"
                                                    "expect Log.RecentLines contains \"NameEdit.OnChange\"\n");
     const std::wstring own = L"\"" + form.wstring() + L"\" --play ";
     const TOutcome outcome = Run(own + L"\"" + good.wstring() + L"\"");

@@ -1,0 +1,36 @@
+#include "gallery/standinform.h"
+
+#include "gallery/eventhooks.h"
+
+namespace gallery {
+
+namespace {
+
+/// The handlers that a form assigns to events, as methods that do nothing. What a class does not publish is left to the
+/// loader, which says so.
+void CollectMethods(const TFormObject& object, const TClassInfo* info, std::vector<TMethodInfo>& methods) {
+    for (const TFormProperty property : object.Properties()) {
+        const TPropInfo* event = info ? info->FindProperty(property.Name()) : nullptr;
+        if (!event || event->Kind != tkMethod || property.Value().Kind() != TFormValueKind::Identifier)
+            continue;
+        TMethodInfo method;
+        method.Name = property.Value().Text();
+        method.Signature = event->Signature;
+        method.Invoker = EmptyHandler(event->Signature);
+        if (method.Invoker)
+            methods.push_back(method);
+    }
+    for (const TFormObject child : object.Children())
+        CollectMethods(child, GetClass(child.ClassName()), methods);
+}
+
+} // namespace
+
+TStandInForm::TStandInForm(const TFormObject& form) : TForm(nullptr) {
+    std::vector<TMethodInfo> methods;
+    CollectMethods(form, &TForm::StaticClass(), methods);
+    Info = std::make_unique<TClassInfo>(form.ClassName(), &TForm::StaticClass(), std::vector<TPropInfo>(),
+                                        std::move(methods), nullptr);
+}
+
+} // namespace gallery
