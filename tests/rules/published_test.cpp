@@ -282,6 +282,9 @@ TEST(Published, BindsEventsToMethodsAndKnowsTheirNames) {
     figure.OnClick = [](TObject*) {}; // a handler without a name cannot be stored
     EXPECT_EQ(GetMethodProp(figure, u"OnClick"), u"");
     EXPECT_TRUE(click.IsAssigned(figure));
+    EXPECT_EQ(&EventHandler<TNotifyEvent>(figure, click), &figure.OnClick);
+    EXPECT_EQ(Problem([&] { EventHandler<TNotifyEvent>(figure, GetPropInfo(figure, u"OnMeasure")); }),
+              "TFigure.OnMeasure: the property is not an event of this signature");
     EXPECT_FALSE(IsStoredProp(figure, click));
     SetMethodProp(figure, u"OnClick", nullptr, u"");
     EXPECT_FALSE(figure.OnClick);

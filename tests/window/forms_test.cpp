@@ -137,9 +137,41 @@ TEST_F(Forms, AnchorsAndAlignmentFollowTheForm) {
     EXPECT_EQ(right->Width, 160);
     EXPECT_EQ(corner->BoundsRect, Bounds(260, 180, 75, 25));
     EXPECT_EQ(bar->Width, client.Right + 60);
+    Form->ClientWidth = client.Right;
+    Form->ClientHeight = client.Bottom;
+    EXPECT_EQ(right->Width, 100) << "back where it was designed";
+    EXPECT_EQ(corner->BoundsRect, Bounds(200, 200, 75, 25));
     Form->Constraints->MinWidth = 300;
     Form->Width = 100;
     EXPECT_EQ(Form->Width, 300);
+}
+
+TEST_F(Forms, AFormOnAFormIsOneOfItsControls) {
+    auto* outside = Add<TEdit>(Form.get(), Bounds(10, 250, 80, 21), u"A");
+    TForm inner(nullptr);
+    inner.BorderStyle = framework::bsNone;
+    inner.ClientWidth = 200;
+    inner.ClientHeight = 100;
+    auto* bar = Add<TPanel>(&inner, Bounds(0, 0, 50, 20), u"P");
+    bar->Align = alBottom;
+    auto* inside = Add<TEdit>(&inner, Bounds(10, 10, 80, 21), u"B");
+    inside->Anchors = {akTop, akRight};
+    // It is laid out as it gets its new size, long before it has a window.
+    inner.SetBounds(0, 0, 300, 140);
+    EXPECT_EQ(bar->BoundsRect, Bounds(0, 120, 300, 20));
+    EXPECT_EQ(inside->Left, 110);
+    inner.Parent = Form.get();
+    inner.Visible = true;
+
+    EXPECT_EQ(GetParentForm(inside), Form.get());
+    outside->SetFocus();
+    TakeLog();
+    inside->SetFocus();
+    EXPECT_EQ(Form->ActiveControl, inside);
+    EXPECT_EQ(Screen->ActiveForm, Form.get());
+    outside->SetFocus();
+    EXPECT_EQ(TakeLog(), u"-A+B-B+A") << "who leaves the inner form leaves its control";
+    inner.Parent = nullptr;
 }
 
 TEST_F(Forms, ScalesToItsMonitor) {
