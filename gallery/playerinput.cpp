@@ -93,7 +93,8 @@ TInputs WheelInputs(int notches) {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-    input.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+    const int distance = notches * WHEEL_DELTA;
+    input.mi.mouseData = static_cast<DWORD>(distance);
     return {input};
 }
 
