@@ -29,7 +29,6 @@ const TClassInfo& TGalleryForm::StaticClass() {
         DescribeClass<TGalleryForm>(u"TGalleryForm", TForm::StaticClass(), {},
                                     {Method<&TGalleryForm::PageListSelect>(u"PageListSelect"),
                                      Method<&TGalleryForm::ClearLogClick>(u"ClearLogClick"),
-                                     Method<&TGalleryForm::RefreshTimerTick>(u"RefreshTimerTick"),
                                      Method<&TGalleryForm::InspectorWritten>(u"InspectorWritten"),
                                      Method<&TGalleryForm::InspectorProblem>(u"InspectorProblem")});
     return info;
@@ -45,6 +44,7 @@ TGalleryForm::TGalleryForm(TComponent* owner)
 TGalleryForm::~TGalleryForm() {
     TheScreen().OnActiveControlChange = nullptr;
     TheApplication().OnMessage = nullptr;
+    TheApplication().OnIdle = nullptr;
     FHooks.Watch(nullptr);
     FPage.reset();
 }
@@ -59,6 +59,7 @@ void TGalleryForm::Loaded() {
         throw EComponentError(u"The main form lacks PageList, Inspector, Log or PageArea");
     TheScreen().OnActiveControlChange = [this](TObject* sender) { ActiveControlChanged(sender); };
     TheApplication().OnMessage = [this](MSG& message, bool& handled) { InspectUnderMouse(message, handled); };
+    TheApplication().OnIdle = [this](TObject*, bool&) { FInspector->RefreshValues(); };
 }
 
 // Pages
@@ -150,10 +151,6 @@ void TGalleryForm::InspectorProblem(TObject*) {
         return;
     label->SetText(FInspector->GetProblem());
     label->GetParent()->SetVisible(!FInspector->GetProblem().empty());
-}
-
-void TGalleryForm::RefreshTimerTick(TObject*) {
-    FInspector->RefreshValues();
 }
 
 void TGalleryForm::ClearLogClick(TObject*) {

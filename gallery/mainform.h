@@ -35,7 +35,6 @@ private:
     // What forms/main.dfm names.
     void PageListSelect(TObject* sender);
     void ClearLogClick(TObject* sender);
-    void RefreshTimerTick(TObject* sender);
     void InspectorWritten(TObject* sender);
     void InspectorProblem(TObject* sender);
 

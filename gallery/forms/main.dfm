@@ -221,10 +221,4 @@ object MainForm: TGalleryForm
       TabOrder = 0
     end
   end
-  object RefreshTimer: TTimer
-    Interval = 100
-    OnTimer = RefreshTimerTick
-    Left = 32
-    Top = 720
-  end
 end

@@ -15,6 +15,7 @@ using namespace framework;
 namespace files = std::filesystem;
 
 constexpr DWORD kPlayMilliseconds = 120000;
+constexpr DWORD kBoxMilliseconds = 20000;
 
 files::path GalleryProgram() {
     wchar_t path[MAX_PATH]{};
@@ -48,31 +49,40 @@ protected:
         return Folder / name;
     }
 
+    /// Starts the gallery; null for `output` gives it neither output nor errors to write to.
+    static TUniqueKernelHandle Start(const std::wstring& arguments, HANDLE output) {
+        STARTUPINFOW start{};
+        start.cb = sizeof(start);
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = start.hStdError = output;
+        std::wstring command = L"\"" + GalleryProgram().wstring() + L"\" " + arguments;
+        PROCESS_INFORMATION made{};
+        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, DETACHED_PROCESS, nullptr, nullptr, &start,
+                            &made)) {
+            ADD_FAILURE() << "the gallery could not be started: " << GetLastError();
+            return {};
+        }
+        CloseHandle(made.hThread);
+        return TUniqueKernelHandle(made.hProcess);
+    }
+
+    static DWORD WaitForEnd(const TUniqueKernelHandle& process) {
+        if (WaitForSingleObject(process.Get(), kPlayMilliseconds) != WAIT_OBJECT_0) {
+            ADD_FAILURE() << "the gallery did not end by itself";
+            TerminateProcess(process.Get(), 99);
+        }
+        DWORD exitCode = 0;
+        GetExitCodeProcess(process.Get(), &exitCode);
+        return exitCode;
+    }
+
     TOutcome Run(const std::wstring& arguments) const {
         SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
         const files::path log = Folder / "output.txt";
         const TUniqueKernelHandle output(CreateFileW(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
                                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-        STARTUPINFOW start{};
-        start.cb = sizeof(start);
-        start.dwFlags = STARTF_USESTDHANDLES;
-        start.hStdOutput = start.hStdError = output.Get();
-        std::wstring command = L"\"" + GalleryProgram().wstring() + L"\" " + arguments;
-        PROCESS_INFORMATION made{};
-        TOutcome outcome;
-        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made)) {
-            ADD_FAILURE() << "the gallery could not be started: " << GetLastError();
-            return outcome;
-        }
-        const TUniqueKernelHandle process(made.hProcess);
-        const TUniqueKernelHandle thread(made.hThread);
-        if (WaitForSingleObject(process.Get(), kPlayMilliseconds) != WAIT_OBJECT_0) {
-            ADD_FAILURE() << "the gallery did not end by itself";
-            TerminateProcess(process.Get(), 99);
-        }
-        GetExitCodeProcess(process.Get(), &outcome.ExitCode);
-        outcome.Output = ReadAll(log);
-        return outcome;
+        const TUniqueKernelHandle process = Start(arguments, output.Get());
+        return {WaitForEnd(process), ReadAll(log)};
     }
 
     files::path Folder;
@@ -116,6 +126,37 @@ TEST_F(Gallery, RefusesWhatItDoesNotUnderstand) {
     const TOutcome command = Run(L"--play \"" + script.wstring() + L"\"");
     EXPECT_EQ(command.ExitCode, 2u);
     EXPECT_NE(command.Output.find("bad.txt(2): \"Nothing\" is not a key"), std::string::npos) << command.Output;
+}
+
+/// The message box of a process; null while there is none.
+HWND FindMessageBox(DWORD process) {
+    for (HWND box = nullptr; (box = FindWindowExW(nullptr, box, L"#32770", L"ZOR Gallery")) != nullptr;) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(box, &owner);
+        if (owner == process && IsWindowVisible(box))
+            return box;
+    }
+    return nullptr;
+}
+
+TEST_F(Gallery, TellsAPersonInAMessageBox) {
+    const std::wstring form = L"\"" + WriteFile("torn.dfm", "object Form1: TForm\n").wstring() + L"\"";
+    const TUniqueKernelHandle process = Start(form, nullptr);
+    const DWORD id = GetProcessId(process.Get());
+    HWND box = nullptr;
+    const ULONGLONG end = GetTickCount64() + kBoxMilliseconds;
+    while (!(box = FindMessageBox(id)) && GetTickCount64() < end &&
+           WaitForSingleObject(process.Get(), 10) == WAIT_TIMEOUT) {
+    }
+    ASSERT_TRUE(box) << "no message box";
+    wchar_t text[500]{};
+    GetDlgItemTextW(box, 0xFFFF, text, 500);
+    EXPECT_NE(std::wstring(text).find(L"torn.dfm(2,1)"), std::wstring::npos) << Utf8Encode(FromWide(text));
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(WaitForEnd(process), 2u);
+
+    const TUniqueKernelHandle quiet = Start(form + L" --quiet", nullptr);
+    EXPECT_EQ(WaitForEnd(quiet), 2u) << "nobody was asked";
 }
 
 TEST_F(Gallery, PlaysFormsOfOthers) {
