@@ -161,8 +161,6 @@ void TEventHooks::Watch(TComponent* root) {
     if (!root)
         return;
     HookEvents(*root);
-    for (int i = 0; i < root->GetComponentCount(); ++i)
-        HookEvents(*root->GetComponent(i));
 }
 
 void TEventHooks::HookEvents(TComponent& component) {
@@ -178,6 +176,8 @@ void TEventHooks::HookEvents(TComponent& component) {
         FHooks.push_back(signature->MakeHook(*this, component, property));
         FHooks.back()->Install();
     }
+    for (int i = 0; i < component.GetComponentCount(); ++i)
+        HookEvents(*component.GetComponent(i));
 }
 
 void TEventHooks::Refresh() {

@@ -92,7 +92,9 @@ void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     FPageArea->ShowPage(FPage.get());
     FHooks.Watch(FPage.get());
     Inspect(FPage.get());
-    if (TWinControl* first = FPage->FindNextControl(nullptr, true, true, false))
+    // Who walks through the list with the keyboard stays there.
+    TWinControl* first = FPage->FindNextControl(nullptr, true, true, false);
+    if (first && !FPageList->Focused())
         FocusControl(first);
     SetText(FPage->GetText().empty() ? u"ZOR Gallery" : FPage->GetText() + u" \u2013 ZOR Gallery");
 }

@@ -451,6 +451,9 @@ object EntryPage: TEntryPage
         Top = 8
         Width = 194
         Height = 17
+        Hint =
+          'Klient zgadza si'#281' na przetwarzanie swoich danych osobowych w cel' +
+          'u wykonania umowy i mo'#380'e t'#281' zgod'#281' w ka'#380'dej chwili cofn'#261#263'.'
         Caption = '&Zgoda na przetwarzanie danych'
         Checked = True
         State = cbChecked

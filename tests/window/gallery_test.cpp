@@ -200,6 +200,25 @@ TEST_F(Gallery, PlaysFormsOfOthers) {
     }
 }
 
+TEST_F(Gallery, AssignsHandlersInTheInspectorAndGoesOnHearingOfThem) {
+    const files::path script = WriteFile("events.txt", "click CompanyEdit\n"
+                                                       "type \"x\"\n"
+                                                       "expect StatusLabel.Caption contains \"brakuje\"\n"
+                                                       "click Inspector row \"(Events)\" double\n"
+                                                       "click Inspector row OnChange value\n"
+                                                       "key F4\n"
+                                                       "click Inspector choice ClearClick\n"
+                                                       "expect CompanyEdit.OnChange = ClearClick\n"
+                                                       "click ClearLogButton\n"
+                                                       "click CompanyEdit\n"
+                                                       "key End\n"
+                                                       "type \"y\"\n"
+                                                       "expect CompanyEdit.Text = \"\"\n"
+                                                       "expect Log.RecentLines contains \"CompanyEdit.OnChange\"\n");
+    const TOutcome outcome = Run(L"--play \"" + script.wstring() + L"\"");
+    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
+}
+
 TEST_F(Gallery, PlaysTheTour) {
     const TOutcome outcome =
         Run(L"--play gallery\\scripts\\tour.txt --shots \"" + (Folder / "shots").wstring() + L"\"");
