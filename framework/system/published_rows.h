@@ -3,6 +3,7 @@
 // How rows of published tables are made from accessors: the templates behind Property, Event, Method and DescribeClass.
 // A part of published.h, which includes it at its end; nobody else does.
 
+#include <initializer_list>
 #include <limits>
 #include <memory>
 #include <string>
@@ -305,15 +306,32 @@ TPropInfo TPropInfo::StoredWhen() const {
     return row;
 }
 
+/// The rows of one class in published order: single ones, and groups that several classes share.
+class TPropRows {
+public:
+    TPropRows() = default;
+    TPropRows(TPropInfo row) { FRows.push_back(std::move(row)); }
+    TPropRows(std::vector<TPropInfo> rows) : FRows(std::move(rows)) {}
+    TPropRows(std::initializer_list<TPropRows> parts) {
+        for (const TPropRows& part : parts)
+            FRows.insert(FRows.end(), part.FRows.begin(), part.FRows.end());
+    }
+
+    std::vector<TPropInfo> Take() && { return std::move(FRows); }
+
+private:
+    std::vector<TPropInfo> FRows;
+};
+
 /// The description of class T; components that can be built from an owner alone can then be created by name.
 template <class T>
-TClassInfo DescribeClass(StringView name, const TClassInfo& parent, std::vector<TPropInfo> properties = {},
+TClassInfo DescribeClass(StringView name, const TClassInfo& parent, TPropRows properties = {},
                          std::vector<TMethodInfo> methods = {}) {
     TClassInfo::TFactory factory = nullptr;
     if constexpr (!std::is_abstract_v<T> && std::is_convertible_v<T*, TComponent*> &&
                   std::is_constructible_v<T, TComponent*>)
         factory = [](TComponent* owner) -> TComponent* { return new T(owner); };
-    return TClassInfo(name, &parent, std::move(properties), std::move(methods), factory);
+    return TClassInfo(name, &parent, std::move(properties).Take(), std::move(methods), factory);
 }
 
 } // namespace framework

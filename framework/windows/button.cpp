@@ -72,16 +72,9 @@ const TClassInfo& TButton::StaticClass() {
          row::Visible(),
          WordWrapRow(),
          row::OnClick(),
-         row::OnEnter(),
-         row::OnExit(),
-         row::OnKeyDown(),
-         row::OnKeyPress(),
-         row::OnKeyUp(),
-         row::OnMouseDown(),
-         row::OnMouseEnter(),
-         row::OnMouseLeave(),
-         row::OnMouseMove(),
-         row::OnMouseUp()});
+         row::FocusEvents(),
+         row::KeyEvents(),
+         row::MouseEvents()});
     return info;
 }
 
@@ -114,16 +107,9 @@ const TClassInfo& TCheckBox::StaticClass() {
          row::Visible(),
          WordWrapRow(),
          row::OnClick(),
-         row::OnEnter(),
-         row::OnExit(),
-         row::OnKeyDown(),
-         row::OnKeyPress(),
-         row::OnKeyUp(),
-         row::OnMouseDown(),
-         row::OnMouseEnter(),
-         row::OnMouseLeave(),
-         row::OnMouseMove(),
-         row::OnMouseUp()});
+         row::FocusEvents(),
+         row::KeyEvents(),
+         row::MouseEvents()});
     return info;
 }
 

@@ -375,6 +375,8 @@ TPropInfo OnMouseMove();
 TPropInfo OnMouseUp();
 TPropInfo OnMouseWheel();
 TPropInfo OnResize();
+/// OnMouseDown, OnMouseEnter, OnMouseLeave, OnMouseMove and OnMouseUp.
+TPropRows MouseEvents();
 } // namespace controlrows
 
 /// A control without a window: it paints itself on its parent and hears the mouse through it. Light: a form can hold

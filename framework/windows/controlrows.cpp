@@ -202,6 +202,18 @@ TPropInfo OnKeyUp() {
     return Event<&TWinControl::OnKeyUp>(u"OnKeyUp");
 }
 
+TPropRows MouseEvents() {
+    return {OnMouseDown(), OnMouseEnter(), OnMouseLeave(), OnMouseMove(), OnMouseUp()};
+}
+
+TPropRows FocusEvents() {
+    return {OnEnter(), OnExit()};
+}
+
+TPropRows KeyEvents() {
+    return {OnKeyDown(), OnKeyPress(), OnKeyUp()};
+}
+
 } // namespace controlrows
 
 } // namespace framework

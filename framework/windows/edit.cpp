@@ -73,16 +73,9 @@ const TClassInfo& TEdit::StaticClass() {
          Event<&TCustomEdit::OnChange>(u"OnChange"),
          row::OnClick(),
          row::OnDblClick(),
-         row::OnEnter(),
-         row::OnExit(),
-         row::OnKeyDown(),
-         row::OnKeyPress(),
-         row::OnKeyUp(),
-         row::OnMouseDown(),
-         row::OnMouseEnter(),
-         row::OnMouseLeave(),
-         row::OnMouseMove(),
-         row::OnMouseUp()});
+         row::FocusEvents(),
+         row::KeyEvents(),
+         row::MouseEvents()});
     return info;
 }
 

@@ -64,11 +64,7 @@ const TClassInfo& TLabel::StaticClass() {
          Property<&TCustomLabel::GetWordWrap, &TCustomLabel::SetWordWrap>(u"WordWrap", false),
          row::OnClick(),
          row::OnDblClick(),
-         row::OnMouseDown(),
-         row::OnMouseEnter(),
-         row::OnMouseLeave(),
-         row::OnMouseMove(),
-         row::OnMouseUp()});
+         row::MouseEvents()});
     return info;
 }
 

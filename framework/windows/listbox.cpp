@@ -132,17 +132,10 @@ const TClassInfo& TListBox::StaticClass() {
          row::OnClick(),
          row::OnDblClick(),
          Event<&L::OnDrawItem>(u"OnDrawItem"),
-         row::OnEnter(),
-         row::OnExit(),
-         row::OnKeyDown(),
-         row::OnKeyPress(),
-         row::OnKeyUp(),
+         row::FocusEvents(),
+         row::KeyEvents(),
          Event<&L::OnMeasureItem>(u"OnMeasureItem"),
-         row::OnMouseDown(),
-         row::OnMouseEnter(),
-         row::OnMouseLeave(),
-         row::OnMouseMove(),
-         row::OnMouseUp()});
+         row::MouseEvents()});
     return info;
 }
 

@@ -64,13 +64,8 @@ const TClassInfo& TPanel::StaticClass() {
          row::Visible(),
          row::OnClick(),
          row::OnDblClick(),
-         row::OnEnter(),
-         row::OnExit(),
-         row::OnMouseDown(),
-         row::OnMouseEnter(),
-         row::OnMouseLeave(),
-         row::OnMouseMove(),
-         row::OnMouseUp(),
+         row::FocusEvents(),
+         row::MouseEvents(),
          row::OnResize()});
     return info;
 }
@@ -84,13 +79,11 @@ const TClassInfo& TGroupBox::StaticClass() {
     namespace row = controlrows;
     static const TClassInfo info = DescribeClass<TGroupBox>(
         u"TGroupBox", TCustomGroupBox::StaticClass(),
-        {row::Align(),         row::Anchors(),      row::BiDiMode(),       row::Caption(),
-         row::Color(clWindow), row::Constraints(),  row::Ctl3D(),          row::DoubleBuffered(),
-         row::Enabled(),       row::Font(),         row::ParentBiDiMode(), row::ParentColor(true),
-         row::ParentCtl3D(),   row::ParentFont(),   row::ParentShowHint(), row::ShowHint(),
-         row::TabOrder(),      row::TabStop(false), row::Visible(),        row::OnClick(),
-         row::OnDblClick(),    row::OnEnter(),      row::OnExit(),         row::OnMouseDown(),
-         row::OnMouseEnter(),  row::OnMouseLeave(), row::OnMouseMove(),    row::OnMouseUp()});
+        {row::Align(),          row::Anchors(),         row::BiDiMode(),       row::Caption(),    row::Color(clWindow),
+         row::Constraints(),    row::Ctl3D(),           row::DoubleBuffered(), row::Enabled(),    row::Font(),
+         row::ParentBiDiMode(), row::ParentColor(true), row::ParentCtl3D(),    row::ParentFont(), row::ParentShowHint(),
+         row::ShowHint(),       row::TabOrder(),        row::TabStop(false),   row::Visible(),    row::OnClick(),
+         row::OnDblClick(),     row::FocusEvents(),     row::MouseEvents()});
     return info;
 }
 

@@ -238,6 +238,10 @@ TPropInfo OnExit();
 TPropInfo OnKeyDown();
 TPropInfo OnKeyPress();
 TPropInfo OnKeyUp();
+/// OnEnter and OnExit.
+TPropRows FocusEvents();
+/// OnKeyDown, OnKeyPress and OnKeyUp.
+TPropRows KeyEvents();
 } // namespace controlrows
 
 /// True while the native procedure of any control runs: a window that died meanwhile must not be freed yet.

@@ -28,11 +28,10 @@ private:
 };
 
 const TClassInfo& TZORCodeEdit::StaticClass() {
-    static const TClassInfo info = [] {
-        std::vector<TPropInfo> rows = framedrows::All<TZORCodeEdit>();
-        rows.push_back(Property<&TZORCodeEdit::GetCheckDigit, &TZORCodeEdit::SetCheckDigit>(u"CheckDigit", false));
-        return DescribeClass<TZORCodeEdit>(u"TZORCodeEdit", TEdit::StaticClass(), std::move(rows));
-    }();
+    static const TClassInfo info = DescribeClass<TZORCodeEdit>(
+        u"TZORCodeEdit", TEdit::StaticClass(),
+        {framedrows::All<TZORCodeEdit>(),
+         Property<&TZORCodeEdit::GetCheckDigit, &TZORCodeEdit::SetCheckDigit>(u"CheckDigit", false)});
     return info;
 }
 
