@@ -24,14 +24,24 @@ bool IsLetter(char16_t unit) {
         char16_t First;
         char16_t Last;
     } signs[] = {
-        {0xD7, 0xD7},                       // multiplication
-        {0xF7, 0xF7},                       // division
-        {0x02C2, 0x036F},                   // marks on letters
-        {0x2000, 0x2BFF},                   // punctuation, currency, arrows, mathematics, boxes
-        {0x2E00, 0x2E7F},                   // more punctuation
-        {0x3000, 0x3004},                   // ideographic punctuation
-        {0x3008, 0x3030}, {0xD800, 0xF8FF}, // halves of surrogate pairs, private use
-        {0xFE10, 0xFE6F}, {0xFEFF, 0xFF20}, {0xFF3B, 0xFF40}, {0xFF5B, 0xFF65}, {0xFFE0, 0xFFFF},
+        {0xD7, 0xD7},     // multiplication
+        {0xF7, 0xF7},     // division
+        {0x02C2, 0x036F}, // marks on letters
+        {0x0590, 0x05CF}, // Hebrew points
+        {0x0600, 0x061F}, // Arabic signs and punctuation
+        {0x0660, 0x066D}, // Arabic digits
+        {0x06F0, 0x06F9}, // more of them
+        {0x0964, 0x096F}, // Indian punctuation and digits
+        {0x2000, 0x2BFF}, // punctuation, currency, arrows, mathematics, boxes
+        {0x2E00, 0x2E7F}, // more punctuation
+        {0x3000, 0x3004}, // ideographic punctuation
+        {0x3008, 0x3030}, // brackets and marks
+        {0xD800, 0xF8FF}, // halves of surrogate pairs, private use
+        {0xFE10, 0xFE6F}, // marks and forms of punctuation
+        {0xFEFF, 0xFF20}, // fullwidth signs and digits
+        {0xFF3B, 0xFF40}, // more of them
+        {0xFF5B, 0xFF65}, // more of them
+        {0xFFE0, 0xFFFF}, // fullwidth currency, specials
     };
     return std::none_of(std::begin(signs), std::end(signs),
                         [unit](const auto& block) { return unit >= block.First && unit <= block.Last; });
