@@ -17,3 +17,4 @@
 #include "framework/windows/panel.h"
 #include "framework/windows/standardcontrols.h"
 #include "framework/windows/timer.h"
+#include "framework/windows/updown.h"

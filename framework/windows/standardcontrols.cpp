@@ -7,13 +7,15 @@
 #include "framework/windows/listbox.h"
 #include "framework/windows/panel.h"
 #include "framework/windows/timer.h"
+#include "framework/windows/updown.h"
 
 namespace framework {
 
 void RegisterStandardControls() {
     RegisterClasses({&TForm::StaticClass(), &TLabel::StaticClass(), &TEdit::StaticClass(), &TButton::StaticClass(),
                      &TCheckBox::StaticClass(), &TListBox::StaticClass(), &TPanel::StaticClass(),
-                     &TGroupBox::StaticClass(), &TTimer::StaticClass()});
+                     &TGroupBox::StaticClass(), &TTimer::StaticClass(),
+                     &TUpDown::StaticClass()});
 }
 
 } // namespace framework
