@@ -7,17 +7,16 @@ namespace ZOR {
 void RepaintFrame(TWinControl& control, TFrameRepaint how) {
     if (!control.HandleAllocated())
         return;
-    switch (how) {
-    case TFrameRepaint::NonClient:
+    if (how == TFrameRepaint::NonClient) {
         SendMessageW(control.GetHandle(), WM_NCPAINT, 0, 0);
-        break;
-    case TFrameRepaint::Repaint:
-        control.Repaint();
-        break;
-    case TFrameRepaint::Invalidate:
-        control.Invalidate();
-        break;
+        return;
     }
+    // The frame lies outside of what a control invalidates itself.
+    RedrawWindow(control.GetHandle(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    if (how == TFrameRepaint::Repaint)
+        control.Repaint();
+    else
+        control.Invalidate();
 }
 
 namespace {

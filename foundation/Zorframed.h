@@ -14,8 +14,8 @@ namespace ZOR {
 /// How a control shows a changed state.
 enum class TFrameRepaint {
     NonClient, ///< WM_NCPAINT at once: only the frame
-    Repaint,   ///< the whole control at once
-    Invalidate ///< the whole control when its turn comes
+    Repaint,   ///< the whole control with its frame at once
+    Invalidate ///< the same when its turn comes
 };
 
 /// Where framed controls differ. The defaults are the framed edit's behaviour.

@@ -1,6 +1,8 @@
 // A control that a newcomer adds: the framing comes from the library, the table from a few rows, and nothing is copied.
 
 #include "controls/Zorscreenkeyboard.h"
+#include "framework/graphics/handles.h"
+#include "framework/windows/application.h"
 #include "framework/windows/edit.h"
 #include "tests/support/input.h"
 
@@ -78,9 +80,23 @@ TEST(NewControl, MayDifferByItsFraming) {
     box.Wymagany = wError;
     box.SetFocus();
     TEdit other(form.get());
+    other.Top = 60;
     other.Parent = form.get();
     other.SetFocus();
     EXPECT_EQ(box.Wymagany, wError) << "here only the program ends an error";
+    const auto framePixel = [&] {
+        const TWindowDC dc(box.Handle, TWindowDC::Whole);
+        return GetPixel(dc, 0, 0);
+    };
+    EXPECT_EQ(framePixel(), 0x0000FFu) << "repainting a control takes its frame along";
+    box.Wymagany = wRequired;
+    EXPECT_EQ(framePixel(), 0xDD9746u);
+    box.Enabled = false;
+    Application->ProcessMessages();
+    EXPECT_NE(framePixel(), 0xDD9746u);
+    box.Enabled = true;
+    Application->ProcessMessages();
+    EXPECT_EQ(framePixel(), 0xDD9746u);
 }
 
 } // namespace
