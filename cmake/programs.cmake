@@ -1,4 +1,4 @@
-# The gallery, with the forms it loads copied to the folder "forms" beside it.
+# The gallery, with the forms it loads and the scripts it plays in folders beside it.
 
 file(GLOB_RECURSE gallerySources CONFIGURE_DEPENDS
     "${PROJECT_SOURCE_DIR}/gallery/*.cpp" "${PROJECT_SOURCE_DIR}/gallery/*.rc")
@@ -11,15 +11,24 @@ if(ZOR_BUILD_GALLERY AND gallerySources)
     endif()
     set_target_properties(gallery PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/gallery)
 
-    file(GLOB galleryForms CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/gallery/forms/*.dfm")
-    set(copiedForms)
-    foreach(form IN LISTS galleryForms)
-        get_filename_component(name ${form} NAME)
-        set(copy ${PROJECT_BINARY_DIR}/gallery/forms/${name})
-        add_custom_command(OUTPUT ${copy} DEPENDS ${form}
-            COMMAND ${CMAKE_COMMAND} -E copy ${form} ${copy})
-        list(APPEND copiedForms ${copy})
+    set(copies)
+    foreach(folder IN ITEMS forms scripts)
+        set(target ${PROJECT_BINARY_DIR}/gallery/${folder})
+        file(GLOB names CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/gallery/${folder}"
+            "${PROJECT_SOURCE_DIR}/gallery/${folder}/*.*")
+        # The gallery shows what it finds, so what is gone from the sources must not stay behind.
+        file(GLOB left RELATIVE "${target}" "${target}/*")
+        list(REMOVE_ITEM left ${names})
+        foreach(name IN LISTS left)
+            file(REMOVE "${target}/${name}")
+        endforeach()
+        foreach(name IN LISTS names)
+            set(source ${PROJECT_SOURCE_DIR}/gallery/${folder}/${name})
+            add_custom_command(OUTPUT ${target}/${name} DEPENDS ${source}
+                COMMAND ${CMAKE_COMMAND} -E copy ${source} ${target}/${name})
+            list(APPEND copies ${target}/${name})
+        endforeach()
     endforeach()
-    add_custom_target(gallery_forms DEPENDS ${copiedForms})
-    add_dependencies(gallery gallery_forms)
+    add_custom_target(gallery_files DEPENDS ${copies})
+    add_dependencies(gallery gallery_files)
 endif()

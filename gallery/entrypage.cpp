@@ -6,6 +6,7 @@
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "gallery/entrychecks_rules.h"
+#include "gallery/pages.h"
 
 namespace gallery {
 
@@ -24,6 +25,8 @@ const TClassInfo& TEntryPage::StaticClass() {
 }
 
 namespace {
+
+const TPageClass registered(&TEntryPage::StaticClass);
 
 constexpr TColor kProblemColor = 0x0000C0;
 constexpr TColor kGoodColor = 0x2E7D32;

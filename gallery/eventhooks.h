@@ -65,7 +65,7 @@ private:
     std::vector<std::unique_ptr<TEventHook>> FHooks;
 };
 
-/// The invoker of a method of this signature that does nothing; null for a signature that nobody has listed.
+/// The invoker of a method of this signature that does nothing; null for a signature that nobody has contributed.
 void (*EmptyHandler(std::type_index signature))();
 
 } // namespace gallery

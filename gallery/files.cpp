@@ -34,11 +34,15 @@ String ProgramFolder() {
     return path.substr(0, path.find_last_of(u'\\') + 1);
 }
 
-std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName) {
+TFormDocument ParseFormFile(const String& fileName) {
     TParseOptions parsing;
     parsing.FileName = fileName;
     parsing.FallbackEncoding = TFallbackEncoding::Windows1250;
-    const TFormDocument document = ParseTextForm(ReadFile(fileName), parsing);
+    return ParseTextForm(ReadFile(fileName), parsing);
+}
+
+std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName) {
+    const TFormDocument document = ParseFormFile(fileName);
     const TFormObject root = document.Root();
     const TClassInfo* info = GetClass(root.ClassName());
     std::unique_ptr<TCustomForm> form;

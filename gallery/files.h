@@ -1,18 +1,23 @@
 #pragma once
 
+#include "framework/system/textform.h"
 #include "framework/windows/forms.h"
 
 namespace gallery {
 using namespace framework;
 
-/// The bytes of a file; EOSError, with the file's name in its message, when it cannot be read.
+/// The bytes of a file; an Exception that names the file when it cannot be read.
 std::string ReadFile(const String& fileName);
 /// The folder of the program's file, with a separator at its end.
 String ProgramFolder();
 
+/// A text form that designers wrote; without a sign of its encoding it is taken for Central European. Raises
+/// EFormSyntax, whose message tells file, line and column, and what ReadFile raises.
+TFormDocument ParseFormFile(const String& fileName);
+
 /// A form from a text form. Its root is of the class that the file names, if that is registered, and a stand-in for it
 /// otherwise.
-/// Raises EFormSyntax and what the loader raises; the messages tell file, line and column.
+/// Raises what ParseFormFile and the loader raise; the messages tell file, line and column.
 std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName);
 
 } // namespace gallery

@@ -4,7 +4,6 @@
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/standardcontrols.h"
-#include "gallery/entrypage.h"
 #include "gallery/eventlog.h"
 #include "gallery/files.h"
 #include "gallery/inspector.h"
@@ -20,19 +19,26 @@ namespace gallery {
 namespace {
 
 constexpr char16_t kUsage[] =
-    u"gallery [form.dfm] [--quiet] [--play script [--shots folder]]\n"
+    u"gallery [form.dfm | --page title] [--tour | --play script] [--shots folder] [--quiet]\n"
     u"  form.dfm         shows this form in place of the pages\n"
-    u"  --play script    plays an input script and ends: 0 when all went well, 1 when not\n"
-    u"  --shots folder   where the script's pictures go\n"
+    u"  --page title     begins with this page\n"
+    u"  --tour           plays the input script of every page, or of the one page, and ends: 0 when all went well, "
+    u"else 1\n"
+    u"  --play script    plays this input script instead\n"
+    u"  --shots folder   where the pictures of scripts go\n"
     u"  --quiet          no message box when a file cannot be used, only a line of error output and exit code 2";
 
 constexpr int kBadInput = 2;
 
 struct TOptions {
     String FormFile;
+    String Page;
+    bool Tour = false;
     String Script;
     String Shots;
     bool Quiet = false;
+
+    bool Plays() const { return Tour || !Script.empty(); }
 };
 
 class EUsage : public Exception {
@@ -49,7 +55,11 @@ TOptions ParseOptions(const std::vector<String>& arguments) {
                 throw EUsage(argument + u" needs a value\n" + kUsage);
             return arguments[++i];
         };
-        if (argument == u"--play")
+        if (argument == u"--page")
+            options.Page = value();
+        else if (argument == u"--tour")
+            options.Tour = true;
+        else if (argument == u"--play")
             options.Script = value();
         else if (argument == u"--shots")
             options.Shots = value();
@@ -60,6 +70,10 @@ TOptions ParseOptions(const std::vector<String>& arguments) {
         else
             options.FormFile = argument;
     }
+    if (!options.FormFile.empty() && (options.Tour || !options.Page.empty()))
+        throw EUsage(u"A form of one's own takes the place of the pages\n" + String(kUsage));
+    if (options.Tour && !options.Script.empty())
+        throw EUsage(u"The tour has scripts of its own\n" + String(kUsage));
     return options;
 }
 
@@ -91,7 +105,8 @@ void RegisterAll() {
     RegisterStandardControls();
     ZOR::RegisterPackage();
     RegisterClasses({&TGalleryForm::StaticClass(), &TPageArea::StaticClass(), &TPageList::StaticClass(),
-                     &TInspector::StaticClass(), &TEventLog::StaticClass(), &TEntryPage::StaticClass()});
+                     &TInspector::StaticClass(), &TEventLog::StaticClass()});
+    RegisterPageClasses();
 }
 
 std::unique_ptr<TGalleryForm> MakeGallery(const TOptions& options) {
@@ -100,22 +115,37 @@ std::unique_ptr<TGalleryForm> MakeGallery(const TOptions& options) {
         throw EComponentError(u"forms\\main.dfm does not hold a TGalleryForm");
     std::unique_ptr<TGalleryForm> gallery(static_cast<TGalleryForm*>(form.release()));
     if (options.FormFile.empty())
-        gallery->ShowPages();
+        gallery->ShowPages(options.Page);
     else
         gallery->ShowFile(options.FormFile);
     return gallery;
 }
 
+/// Null when nothing is to be played.
+std::unique_ptr<TPlayer> MakePlayer(TGalleryForm& gallery, const TOptions& options) {
+    if (!options.Plays())
+        return nullptr;
+    auto player = std::make_unique<TPlayer>(gallery, options.Shots);
+    if (!options.Tour) {
+        player->Add(options.Script, std::nullopt);
+        return player;
+    }
+    const std::vector<TPage>& pages = gallery.GetPages();
+    for (int page = 0; page < static_cast<int>(pages.size()); ++page) {
+        if (options.Page.empty() || page == gallery.GetPageIndex())
+            player->Add(pages[static_cast<std::size_t>(page)].ScriptFile, page);
+    }
+    return player;
+}
+
 int Run(const TOptions& options) {
     std::unique_ptr<TGalleryForm> gallery;
     std::unique_ptr<TPlayer> player;
-    const bool plays = !options.Script.empty();
     try {
         gallery = MakeGallery(options);
-        if (plays)
-            player = std::make_unique<TPlayer>(*gallery, options.Script, options.Shots);
+        player = MakePlayer(*gallery, options);
     } catch (const std::exception& error) {
-        return Refuse(Utf8Decode(error.what()), options.Quiet || plays);
+        return Refuse(Utf8Decode(error.what()), options.Quiet || options.Plays());
     }
     if (player) {
         // Nobody is there to answer a message box: an exception in a handler ends the play.

@@ -11,19 +11,6 @@
 
 namespace gallery {
 
-namespace {
-
-/// The pages, in the order of the list. A page is a text form in the folder forms.
-struct TPage {
-    const char16_t* Title;
-    const char16_t* FileName;
-};
-constexpr TPage kPages[] = {
-    {u"Entry", u"entry.dfm"},
-};
-
-} // namespace
-
 const TClassInfo& TGalleryForm::StaticClass() {
     static const TClassInfo info =
         DescribeClass<TGalleryForm>(u"TGalleryForm", TForm::StaticClass(), {},
@@ -64,16 +51,26 @@ void TGalleryForm::Loaded() {
 
 // Pages
 
-void TGalleryForm::ShowPages() {
-    for (const TPage& page : kPages)
+void TGalleryForm::ShowPages(StringView title) {
+    FPages = FindPages();
+    const std::size_t first = title.empty() ? 0 : FindPage(FPages, title);
+    for (const TPage& page : FPages)
         FPageList->Add(page.Title);
-    FPageList->SetItemIndex(0);
+    SetPageIndex(static_cast<int>(first));
+}
+
+int TGalleryForm::GetPageIndex() const {
+    return FPageList->GetItemIndex();
+}
+
+void TGalleryForm::SetPageIndex(int value) {
+    FPageList->SetItemIndex(value);
 }
 
 void TGalleryForm::PageListSelect(TObject*) {
-    const int index = FPageList->GetItemIndex();
+    const int index = GetPageIndex();
     if (index >= 0)
-        ShowPage(LoadFormFile(ProgramFolder() + u"forms\\" + kPages[index].FileName));
+        ShowPage(LoadFormFile(FPages[static_cast<std::size_t>(index)].FormFile));
 }
 
 void TGalleryForm::ShowFile(const String& fileName) {

@@ -4,6 +4,7 @@
 // event log below. All of it comes from forms/main.dfm.
 
 #include "gallery/eventhooks.h"
+#include "gallery/pages.h"
 
 namespace gallery {
 
@@ -19,8 +20,13 @@ public:
     explicit TGalleryForm(TComponent* owner);
     ~TGalleryForm() override;
 
-    /// Fills the list of pages and shows the first one.
-    void ShowPages();
+    /// Fills the list with the pages and shows the one with this title, the first when none is named. Raises what
+    /// FindPages and FindPage raise.
+    void ShowPages(StringView title);
+    /// The pages in the list; none while a form of the user's takes their place.
+    const std::vector<TPage>& GetPages() const { return FPages; }
+    int GetPageIndex() const;
+    void SetPageIndex(int value);
     /// Shows a form of the user's instead of the pages. Raises what LoadFormFile raises.
     void ShowFile(const String& fileName);
     /// The form in the middle; null while there is none.
@@ -49,6 +55,7 @@ private:
     TEventLog* FLog = nullptr;
     TPageArea* FPageArea = nullptr;
     TEventHooks FHooks;
+    std::vector<TPage> FPages;
     std::unique_ptr<TCustomForm> FPage;
 };
 

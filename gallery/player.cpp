@@ -1,14 +1,12 @@
 #include "gallery/player.h"
 
-#include "controls/Extrasigns.h"
-#include "foundation/Zorboundlabel.h"
 #include "framework/graphics/bitmaps.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "gallery/files.h"
 #include "gallery/report.h"
-#include "gallery/rowlist.h"
+#include "gallery/scriptparts.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,54 +19,6 @@ constexpr std::uint32_t kTickMilliseconds = 10;
 constexpr int kForegroundMilliseconds = 10000;
 // What input brings about may need a moment after its messages have been handled: posted messages, timers.
 constexpr int kExpectMilliseconds = 1000;
-
-TCustomForm* FindPopup() {
-    TCustomForm* hidden = nullptr;
-    for (int i = 0; i < TheScreen().GetFormCount(); ++i) {
-        TCustomForm* form = TheScreen().GetForm(i);
-        if (!form->InheritsFrom(ZOR::Textrasignsfrm::StaticClass()))
-            continue;
-        if (form->GetVisible())
-            return form;
-        hidden = form;
-    }
-    return hidden;
-}
-
-TRect ScreenRect(const TControl& control) {
-    if (const auto* window = As<TWinControl>(&control)) {
-        RECT rect{};
-        GetWindowRect(window->GetHandle(), &rect);
-        return FromWin(rect);
-    }
-    const TPoint origin = control.ClientToScreen({0, 0});
-    return Bounds(origin.X, origin.Y, control.GetWidth(), control.GetHeight());
-}
-
-TRect OnScreen(const TControl& control, const TRect& rect) {
-    const TPoint origin = control.ClientToScreen({0, 0});
-    return rect.Offset(origin.X, origin.Y);
-}
-
-/// Parts of controls that are no row lists: keys of the popup, and the caption label of a field.
-std::optional<TRect> FindPart(TControl& control, const std::vector<String>& words) {
-    if (auto* popup = As<ZOR::Textrasignsfrm>(&control); popup && words.size() == 2 && SameText(words[0], u"key")) {
-        const auto keys = popup->GetKeys();
-        const int number = StrToIntDef(words[1], 0);
-        if (number >= 1 && number <= static_cast<int>(keys.size()))
-            return OnScreen(control, keys[static_cast<std::size_t>(number - 1)].rect);
-    }
-    if (words.size() == 1 && SameText(words[0], u"label") && IsPublishedProp(control, u"BoundLabel")) {
-        const auto* label = As<ZOR::TZORBoundLabel>(GetObjectProp(control, u"BoundLabel"));
-        if (label && label->GetLabel())
-            return ScreenRect(*label->GetLabel());
-    }
-    if (auto* spots = dynamic_cast<TScriptSpots*>(&control)) {
-        if (const auto rect = spots->FindSpot(words))
-            return OnScreen(control, *rect);
-    }
-    return std::nullopt;
-}
 
 String ComparisonText(TScriptComparison comparison) {
     constexpr const char16_t* kTexts[] = {u"=", u"<>", u"contains"};
@@ -91,16 +41,18 @@ bool Compare(const String& actual, TScriptComparison comparison, const String& w
 
 } // namespace
 
-TPlayer::TPlayer(TGalleryForm& gallery, const String& scriptFile, const String& shotsFolder)
-    : FGallery(gallery), FScriptFile(scriptFile), FShotsFolder(shotsFolder),
-      FCommands(ParseScript(ReadFile(scriptFile), scriptFile)), FTimer(nullptr) {
+TPlayer::TPlayer(TGalleryForm& gallery, const String& shotsFolder)
+    : FGallery(gallery), FShotsFolder(shotsFolder), FTimer(nullptr) {
     FTimer.SetEnabled(false);
     FTimer.SetInterval(kTickMilliseconds);
     FTimer.OnTimer = [this](TObject*) { Tick(); };
 }
 
+void TPlayer::Add(const String& scriptFile, std::optional<int> page) {
+    FScripts.push_back({scriptFile, page, ParseScript(ReadFile(scriptFile), scriptFile)});
+}
+
 void TPlayer::Start() {
-    FWaitingSince = GetTickCount64();
     FTimer.SetEnabled(true);
 }
 
@@ -116,11 +68,13 @@ void TPlayer::Tick() {
                 FPending.pop_front();
                 FWaitingSince = 0;
             }
-        } else if (!FStarted) {
-            FStarted = IsForeground();
-        } else if (FNext == FCommands.size()) {
+        } else if (FScript == FScripts.size()) {
             Finish();
-        } else if (Execute(FCommands[FNext])) {
+        } else if (!FStarted) {
+            FStarted = Begin(FScripts[FScript]);
+        } else if (FNext == FScripts[FScript].Commands.size()) {
+            End(FScripts[FScript]);
+        } else if (Execute(FScripts[FScript].Commands[FNext])) {
             ++FNext;
             FWaitingSince = 0;
         }
@@ -130,16 +84,26 @@ void TPlayer::Tick() {
     FTicking = false;
 }
 
-bool TPlayer::IsForeground() {
+bool TPlayer::Begin(const TScript& script) {
     const HWND window = FGallery.GetHandle();
-    if (GetForegroundWindow() == window) {
-        FWaitingSince = 0;
-        return true;
+    if (GetForegroundWindow() != window) {
+        if (TimeIsUp(kForegroundMilliseconds))
+            throw EInvalidOperation(u"the gallery did not get into the foreground, where input goes");
+        SetForegroundWindow(window);
+        return false;
     }
-    if (GetTickCount64() - FWaitingSince > kForegroundMilliseconds)
-        throw EInvalidOperation(u"the gallery did not get into the foreground, where input goes");
-    SetForegroundWindow(window);
-    return false;
+    FWaitingSince = 0;
+    if (script.Page)
+        FGallery.SetPageIndex(*script.Page);
+    return true;
+}
+
+void TPlayer::End(const TScript& script) {
+    WriteOutput(script.FileName + u": " + IntToStr(script.Commands.size()) + u" commands played");
+    ++FScript;
+    FNext = 0;
+    FLine = 0;
+    FStarted = false;
 }
 
 void TPlayer::Fail(const String& problem) {
@@ -147,8 +111,7 @@ void TPlayer::Fail(const String& problem) {
         return;
     FFailed = true;
     FTimer.SetEnabled(false);
-    const int line = FNext < FCommands.size() ? FCommands[FNext].Line : 0;
-    WriteError(FScriptFile + u"(" + IntToStr(line) + u"): " + problem);
+    WriteError(Place() + problem);
     try {
         Shoot(u"failure");
     } catch (const std::exception& error) {
@@ -157,16 +120,22 @@ void TPlayer::Fail(const String& problem) {
     TheApplication().Terminate();
 }
 
+String TPlayer::Place() const {
+    if (FScript == FScripts.size())
+        return {};
+    return FScripts[FScript].FileName + (FLine > 0 ? u"(" + IntToStr(FLine) + u"): " : String(u": "));
+}
+
 void TPlayer::Finish() {
     FTimer.SetEnabled(false);
-    WriteOutput(FScriptFile + u": " + IntToStr(FCommands.size()) + u" commands played, " + IntToStr(FShots) +
-                u" pictures taken");
+    WriteOutput(IntToStr(FShots) + u" pictures taken");
     TheApplication().Terminate();
 }
 
 // Commands
 
 bool TPlayer::Execute(const TScriptCommand& command) {
+    FLine = command.Line;
     switch (command.Action) {
     case TScriptAction::Click:
         QueueClick(command);
@@ -306,6 +275,17 @@ void TPlayer::Shoot(const String& name) {
 }
 
 // Names
+
+TCustomForm* TPlayer::FindPopup() const {
+    TCustomForm* popup = nullptr;
+    for (int i = 0; i < TheScreen().GetFormCount(); ++i) {
+        TCustomForm* form = TheScreen().GetForm(i);
+        const bool ours = form == &FGallery || form == FGallery.GetPage();
+        if (!ours && (form->GetVisible() || !popup || !popup->GetVisible()))
+            popup = form;
+    }
+    return popup;
+}
 
 TPersistent* TPlayer::FindNamed(StringView name) const {
     if (SameText(name, u"Popup"))

@@ -14,9 +14,12 @@ namespace gallery {
 
 class TPlayer {
 public:
-    /// `shotsFolder` receives the pictures, numbered; without one none are taken. EScriptError for a bad script.
-    TPlayer(TGalleryForm& gallery, const String& scriptFile, const String& shotsFolder);
+    /// `shotsFolder` receives the pictures, numbered; without one none are taken.
+    TPlayer(TGalleryForm& gallery, const String& shotsFolder);
 
+    /// Adds a script to those that are played, after the page with this index was shown, if one is given. EScriptError
+    /// for a bad script.
+    void Add(const String& scriptFile, std::optional<int> page);
     /// Plays as soon as the gallery is in the foreground, and ends the program after the last command, or after the
     /// first that fails.
     void Start();
@@ -26,8 +29,16 @@ public:
     int ExitCode() const { return FFailed ? 1 : 0; }
 
 private:
+    struct TScript {
+        String FileName;
+        std::optional<int> Page;
+        std::vector<TScriptCommand> Commands;
+    };
+
     void Tick();
-    bool IsForeground();
+    /// True once the gallery is in the foreground and shows the page.
+    bool Begin(const TScript& script);
+    void End(const TScript& script);
     /// True once the command is done; false to be called again at the next tick.
     bool Execute(const TScriptCommand& command);
     void QueueClick(const TScriptCommand& command);
@@ -42,7 +53,11 @@ private:
     void Set(const TScriptCommand& command);
     void Shoot(const String& name);
     void Finish();
+    /// "file(line): " of the command that was begun last.
+    String Place() const;
 
+    /// The form beside the gallery and its page: the last one that shows or, failing that, the last one.
+    TCustomForm* FindPopup() const;
     /// Null when there is none. "Popup" and "Hint" are the ones on the screen.
     TPersistent* FindNamed(StringView name) const;
     TPersistent& FindObject(StringView name) const;
@@ -52,10 +67,11 @@ private:
     TPoint FindPoint(const TScriptTarget& target);
 
     TGalleryForm& FGallery;
-    String FScriptFile;
     String FShotsFolder;
-    std::vector<TScriptCommand> FCommands;
-    std::size_t FNext = 0;
+    std::vector<TScript> FScripts;
+    std::size_t FScript = 0; // the one that is played
+    std::size_t FNext = 0;   // of its commands
+    int FLine = 0;           // of the command that was begun last; what it brings about may come later
     // What still belongs to the last command, one step a tick; a step that answers false is tried again.
     std::deque<std::function<bool()>> FPending;
     TTimer FTimer;
@@ -63,7 +79,7 @@ private:
     TPoint FLastPoint;                // of the pointer
     std::vector<std::uint16_t> FHeld; // keys between hold and release
     int FShots = 0;
-    bool FStarted = false;
+    bool FStarted = false; // the script that is played
     bool FTicking = false;
     bool FFailed = false;
 };

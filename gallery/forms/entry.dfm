@@ -1,4 +1,5 @@
 object EntryPage: TEntryPage
+  Tag = 10
   Left = 0
   Top = 0
   Caption = 'Karta klienta'

@@ -119,6 +119,9 @@ TEST_F(Gallery, RefusesWhatItDoesNotUnderstand) {
     const TOutcome missing = Run(L"\"" + (Folder / "nowhere.dfm").wstring() + L"\"");
     EXPECT_EQ(missing.ExitCode, 2u);
     EXPECT_NE(missing.Output.find("nowhere.dfm"), std::string::npos) << missing.Output;
+    const TOutcome page = Run(L"--page Nowhere --quiet");
+    EXPECT_EQ(page.ExitCode, 2u);
+    EXPECT_NE(page.Output.find("no page Nowhere among Entry"), std::string::npos) << page.Output;
     const TOutcome option = Run(L"--loud");
     EXPECT_EQ(option.ExitCode, 2u);
     EXPECT_NE(option.Output.find("--loud"), std::string::npos) << option.Output;
@@ -219,16 +222,26 @@ TEST_F(Gallery, AssignsHandlersInTheInspectorAndGoesOnHearingOfThem) {
     EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
 }
 
-TEST_F(Gallery, PlaysTheTour) {
-    const TOutcome outcome =
-        Run(L"--play gallery\\scripts\\tour.txt --shots \"" + (Folder / "shots").wstring() + L"\"");
-    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
-    int pictures = 0;
-    for (const auto& entry : files::directory_iterator(Folder / "shots")) {
-        EXPECT_EQ(ReadAll(entry.path()).substr(1, 3), "PNG") << entry.path();
-        ++pictures;
-    }
-    EXPECT_GE(pictures, 12);
+/// The name of a page's form and script.
+class GalleryPage : public Gallery, public testing::WithParamInterface<std::string> {};
+
+std::vector<std::string> Pages() {
+    std::vector<std::string> pages;
+    for (const auto& entry : files::directory_iterator(GalleryProgram().parent_path() / "scripts"))
+        pages.push_back(entry.path().stem().string());
+    return pages;
 }
+
+TEST_P(GalleryPage, PlaysItsScript) {
+    const files::path shots = Folder / "shots";
+    const std::wstring page = files::path(GetParam()).wstring();
+    const TOutcome outcome = Run(L"--tour --page " + page + L" --shots \"" + shots.wstring() + L"\"");
+    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
+    ASSERT_TRUE(files::exists(shots)) << "no picture";
+    for (const auto& entry : files::directory_iterator(shots))
+        EXPECT_EQ(ReadAll(entry.path()).substr(1, 3), "PNG") << entry.path();
+}
+
+INSTANTIATE_TEST_SUITE_P(Gallery, GalleryPage, testing::ValuesIn(Pages()));
 
 } // namespace

@@ -1,0 +1,32 @@
+#pragma once
+
+// The pages of the gallery. A page is a text form in the folder "forms" beside the program, with the script that shows
+// it at work in the folder "scripts", both of the page's name: forms\numbers.dfm, scripts\numbers.txt. Pages stand in
+// the order of their forms' Tags. A page whose form has handlers contributes the class that publishes them.
+
+#include "framework/system/objects.h"
+#include "gallery/contributions.h"
+
+#include <vector>
+
+namespace gallery {
+using namespace framework;
+
+struct TPage {
+    String Title; ///< "Numbers"
+    String FormFile;
+    String ScriptFile;
+};
+
+/// Contributes a form class: `const TPageClass registered(&TNumbersPage::StaticClass);`
+using TPageClass = TContribution<const TClassInfo& (*)()>;
+
+/// Makes the contributed classes known to text forms. Call once, before the first form is loaded.
+void RegisterPageClasses();
+
+/// The pages of the folder "forms", in their order. Raises what ParseFormFile raises.
+std::vector<TPage> FindPages();
+/// The index of the page with this title, regardless of case; EListError, which names those there are, without one.
+std::size_t FindPage(const std::vector<TPage>& pages, StringView title);
+
+} // namespace gallery
