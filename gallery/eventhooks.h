@@ -1,7 +1,7 @@
 #pragma once
 
-// Listens to every published event of a form's components. The hooks come from the published tables: no class is named
-// here, only the signatures of events. A handler that was assigned before is called as ever.
+// Listens to every published event of a form's components. The hooks come from the published tables: no class is named,
+// only the signatures of events (eventsignatures.h). A handler that was assigned before is called as ever.
 
 #include "framework/windows/forms.h"
 
@@ -64,8 +64,5 @@ private:
     TReport FReport;
     std::vector<std::unique_ptr<TEventHook>> FHooks;
 };
-
-/// The invoker of a method of this signature that does nothing; null for a signature that nobody has contributed.
-void (*EmptyHandler(std::type_index signature))();
 
 } // namespace gallery

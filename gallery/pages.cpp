@@ -15,6 +15,8 @@ constexpr char16_t kMainForm[] = u"main.dfm";
 
 /// "Check list" of a page named "check-list".
 String TitleOf(const String& name) {
+    if (name.empty())
+        return name;
     return UpperCase(name.substr(0, 1)) + StringReplace(name.substr(1), u"-", u" ", {rfReplaceAll});
 }
 
@@ -55,9 +57,10 @@ std::vector<TPage> FindPages() {
 }
 
 std::size_t FindPage(const std::vector<TPage>& pages, StringView title) {
+    const String wanted = TitleOf(String(title));
     String titles;
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        if (SameText(pages[i].Title, title))
+        if (SameText(pages[i].Title, wanted))
             return i;
         titles += (titles.empty() ? u"" : u", ") + pages[i].Title;
     }

@@ -26,7 +26,8 @@ void RegisterPageClasses();
 
 /// The pages of the folder "forms", in their order. Raises what ParseFormFile raises.
 std::vector<TPage> FindPages();
-/// The index of the page with this title, regardless of case; EListError, which names those there are, without one.
+/// The index of the page with this title or name, regardless of case; EListError, which names those there are, without
+/// one.
 std::size_t FindPage(const std::vector<TPage>& pages, StringView title);
 
 } // namespace gallery

@@ -1,6 +1,6 @@
 #include "gallery/standinform.h"
 
-#include "gallery/eventhooks.h"
+#include "gallery/eventsignatures.h"
 
 namespace gallery {
 
@@ -13,12 +13,14 @@ void CollectMethods(const TFormObject& object, const TClassInfo* info, std::vect
         const TPropInfo* event = info ? info->FindProperty(property.Name()) : nullptr;
         if (!event || event->Kind != tkMethod || property.Value().Kind() != TFormValueKind::Identifier)
             continue;
+        const TSignature* signature = FindSignature(event->Signature);
+        if (!signature)
+            continue;
         TMethodInfo method;
         method.Name = property.Value().Text();
         method.Signature = event->Signature;
-        method.Invoker = EmptyHandler(event->Signature);
-        if (method.Invoker)
-            methods.push_back(method);
+        method.Invoker = signature->Ignore;
+        methods.push_back(method);
     }
     for (const TFormObject child : object.Children())
         CollectMethods(child, GetClass(child.ClassName()), methods);

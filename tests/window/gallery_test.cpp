@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -242,6 +243,10 @@ TEST_P(GalleryPage, PlaysItsScript) {
         EXPECT_EQ(ReadAll(entry.path()).substr(1, 3), "PNG") << entry.path();
 }
 
-INSTANTIATE_TEST_SUITE_P(Gallery, GalleryPage, testing::ValuesIn(Pages()));
+INSTANTIATE_TEST_SUITE_P(Gallery, GalleryPage, testing::ValuesIn(Pages()), [](const auto& page) {
+    std::string name = page.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
 
 } // namespace
