@@ -1,5 +1,6 @@
 #include "gallery/inspector_rules.h"
 
+#include "framework/system/dates.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 
@@ -39,6 +40,18 @@ String NamedInteger(const TPropInfo& property, std::int64_t value) {
             return *name;
     }
     return HoldsColor(property) ? u"$" + IntToHex(static_cast<std::int32_t>(value), 8) : IntToStr(value);
+}
+
+/// A number, or the date that it stands for; 0 is none.
+String FloatText(const TPropInfo& property, const Variant& value) {
+    const auto number = static_cast<TDateTime>(value.AsFloat());
+    if (property.FloatKind == TFloatKind::Number || (number != 0 && YearOf(number) == 0))
+        return VarToStr(value);
+    if (number == 0)
+        return {};
+    return property.FloatKind == TFloatKind::Date   ? DateToStr(number)
+           : property.FloatKind == TFloatKind::Time ? TimeToStr(number)
+                                                    : DateTimeToStr(number);
 }
 
 String LineCount(std::size_t count) {
@@ -108,6 +121,7 @@ String RowText(const TInspectorRow& row) {
         return c > 0 && c < u' ' ? u"#" + IntToStr(static_cast<int>(c)) : c == 0 ? String() : String(1, c);
     }
     case tkFloat:
+        return FloatText(property, property.GetValue(*row.Object));
     case tkString:
         return VarToStr(property.GetValue(*row.Object));
     case tkVariant: {

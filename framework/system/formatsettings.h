@@ -18,10 +18,11 @@ struct TFormatSettings {
     char16_t TimeSeparator = u':';
     char16_t ListSeparator = u',';
 
+    // In the letters of FormatDateTime.
     String ShortDateFormat = u"MM/dd/yyyy";
     String LongDateFormat = u"dddd, dd MMMM yyyy";
-    String ShortTimeFormat = u"HH:mm";
-    String LongTimeFormat = u"HH:mm:ss";
+    String ShortTimeFormat = u"hh:mm";
+    String LongTimeFormat = u"hh:mm:ss";
     String TimeAMString = u"AM";
     String TimePMString = u"PM";
 

@@ -35,6 +35,8 @@ Variant ConvertedValue(const TPersistent& object, const TPropInfo& property, con
     return ConvertedOrRefused(object, property, [&]() -> Variant {
         if (property.Kind == tkString)
             return value.AsString();
+        if (property.Kind == tkFloat && property.FloatKind != TFloatKind::Number && VarIsStr(value))
+            return value == u"" ? 0 : value.AsDate();
         if (property.Kind == tkFloat && VarType(value) != varCurrency && VarType(value) != varDate)
             return value.AsFloat();
         return value;
@@ -119,6 +121,12 @@ TPropInfo TPropInfo::NotStored() const {
 TPropInfo TPropInfo::Named(const TIdentifiers& names) const {
     TPropInfo row = *this;
     row.Names = &names;
+    return row;
+}
+
+TPropInfo TPropInfo::Dated(TFloatKind kind) const {
+    TPropInfo row = *this;
+    row.FloatKind = kind;
     return row;
 }
 

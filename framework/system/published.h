@@ -64,6 +64,9 @@ struct TIdentifiers {
     std::vector<String> (*Names)();
 };
 
+/// What the number of a tkFloat property means to a person.
+enum class TFloatKind { Number, Date, Time, DateTime };
+
 /// One row of a class's published table.
 struct TPropInfo {
     String Name;
@@ -71,6 +74,7 @@ struct TPropInfo {
 
     const TEnumInfo* Enum = nullptr;              ///< tkEnumeration and tkSet
     const TIdentifiers* Names = nullptr;          ///< tkInteger with named values
+    TFloatKind FloatKind = TFloatKind::Number;    ///< tkFloat
     std::int64_t MinValue = INT64_MIN;            ///< least integer that the accessor's type can hold
     std::int64_t MaxValue = INT64_MAX;            ///< greatest such integer
     const TClassInfo& (*ObjectClass)() = nullptr; ///< tkClass: the declared class
@@ -107,6 +111,9 @@ struct TPropInfo {
     TPropInfo NotStored() const;
     /// The row again with names for its integers.
     TPropInfo Named(const TIdentifiers& names) const;
+    /// The row of a TDateTime, which is a double to the compiler: texts are taken as dates too, the empty one as 0.
+    /// Text forms keep the number.
+    TPropInfo Dated(TFloatKind kind) const;
     bool ReadOnly() const;
 };
 

@@ -1,11 +1,11 @@
 #include "framework/system/variants.h"
 
+#include "framework/system/dates.h"
 #include "framework/system/exceptions.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -13,85 +13,15 @@ namespace framework {
 
 namespace {
 
-constexpr std::int64_t millisecondsPerDay = 86'400'000;
-constexpr std::chrono::sys_days dayZero = std::chrono::year{1899} / 12 / 30;
-
-/// The years that a written date can have.
-constexpr std::chrono::sys_days firstDay = std::chrono::year{1} / 1 / 1;
-constexpr std::chrono::sys_days lastDay = std::chrono::year{9999} / 12 / 31;
-
-String Padded(unsigned value, int digits) {
-    const String text = UIntToStr(value);
-    return StringOfChar(u'0', digits - static_cast<int>(text.size())) + text;
-}
-
-/// False outside the years 1 to 9999. Before the day 0 the fraction still counts forwards from midnight, so -1.25 is
-/// a quarter past the start of the day -1.
-bool TryWriteDate(TDateTime value, String& text) {
-    constexpr int reach = 4'000'000;
-    if (!(std::fabs(value) < reach))
-        return false;
-    const double whole = std::trunc(value);
-    auto day = dayZero + std::chrono::days(static_cast<int>(whole));
-    auto milliseconds = static_cast<std::int64_t>(std::round(std::fabs(value - whole) * millisecondsPerDay));
-    if (milliseconds == millisecondsPerDay) {
-        day += std::chrono::days(1);
-        milliseconds = 0;
-    }
-    if (day < firstDay || day > lastDay)
-        return false;
-    const std::chrono::year_month_day date(day);
-    text = Padded(static_cast<unsigned>(static_cast<int>(date.year())), 4) + u'-' +
-           Padded(static_cast<unsigned>(date.month()), 2) + u'-' + Padded(static_cast<unsigned>(date.day()), 2);
-    const auto seconds = static_cast<unsigned>(milliseconds / 1000);
-    if (seconds != 0)
-        text += u' ' + Padded(seconds / 3600, 2) + u':' + Padded(seconds / 60 % 60, 2) + u':' + Padded(seconds % 60, 2);
-    return true;
-}
-
-/// Takes `digits` digits at the front, and behind them the separator unless it is NUL.
-bool TakeNumber(StringView& text, std::size_t digits, char16_t separator, int& value) {
-    const std::size_t length = digits + (separator != u'\0' ? 1 : 0);
-    if (text.size() < length || (separator != u'\0' && text[digits] != separator))
-        return false;
-    value = 0;
-    for (const char16_t unit : text.substr(0, digits)) {
-        if (unit < u'0' || unit > u'9')
-            return false;
-        value = value * 10 + (unit - u'0');
-    }
-    text.remove_prefix(length);
-    return true;
-}
-
-/// Reads what TryWriteDate writes.
-bool TryReadDate(StringView text, TDateTime& value) {
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    if (!TakeNumber(text, 4, u'-', year) || !TakeNumber(text, 2, u'-', month) || !TakeNumber(text, 2, u'\0', day))
-        return false;
-    const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
-                                           std::chrono::day(static_cast<unsigned>(day))};
-    if (year == 0 || !date.ok())
-        return false;
-    int seconds = 0;
-    if (!text.empty()) {
-        int hour = 0;
-        int minute = 0;
-        int second = 0;
-        if (text.front() != u' ')
-            return false;
-        text.remove_prefix(1);
-        if (!TakeNumber(text, 2, u':', hour) || !TakeNumber(text, 2, u':', minute) ||
-            !TakeNumber(text, 2, u'\0', second) || !text.empty() || hour > 23 || minute > 59 || second > 59)
-            return false;
-        seconds = hour * 3600 + minute * 60 + second;
-    }
-    const auto days = static_cast<double>((std::chrono::sys_days(date) - dayZero).count());
-    const double fraction = seconds / 86400.0;
-    value = days < 0 ? days - fraction : days + fraction;
-    return true;
+/// Reads 2024-12-31 and 2024-12-31 23:59:59, as programs write dates to one another.
+bool TryReadProgramsDate(StringView text, TDateTime& value) {
+    static const TFormatSettings settings = [] {
+        TFormatSettings result;
+        result.DateSeparator = u'-';
+        result.ShortDateFormat = u"yyyy-MM-dd";
+        return result;
+    }();
+    return text.size() >= 10 && text[4] == u'-' && text[7] == u'-' && TryStrToDateTime(text, value, settings);
 }
 
 /// Rounds a half to the even neighbour; false beyond the range.
@@ -186,9 +116,8 @@ String Variant::AsString(const TFormatSettings& settings) const {
         return CurrToStr(*money, settings);
     if (const auto* truth = Get<bool>())
         return *truth ? u"True" : u"False";
-    String written;
-    if (const auto* date = Get<TDate>(); date && TryWriteDate(date->Value, written))
-        return written;
+    if (const auto* date = Get<TDate>(); date && YearOf(date->Value) != 0)
+        return DateTimeToStr(date->Value, settings);
     if (!VarIsEmpty(*this))
         RaiseConversion(u"a text");
     return {};
@@ -263,13 +192,12 @@ Currency Variant::AsCurrency(const TFormatSettings& settings) const {
 }
 
 bool Variant::TryToDate(TDateTime& value, const TFormatSettings& settings) const {
-    if (const auto* text = Get<TText>(); text && TryReadDate(Trim(**text), value))
+    if (Extended number = 0; TryToFloat(number, settings)) {
+        value = static_cast<TDateTime>(number);
         return true;
-    Extended number = 0;
-    if (!TryToFloat(number, settings))
-        return false;
-    value = static_cast<TDateTime>(number);
-    return true;
+    }
+    const auto* text = Get<TText>();
+    return text && (TryStrToDateTime(**text, value, settings) || TryReadProgramsDate(Trim(**text), value));
 }
 
 TDateTime Variant::AsDate(const TFormatSettings& settings) const {

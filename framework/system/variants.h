@@ -60,7 +60,7 @@ public:
     // Each conversion raises EVariantError for Null, for a list, and for a value that has no counterpart. Nothing
     // assigned counts as 0, False, the empty text and the day 0. True counts as -1.
 
-    /// Floats with up to 15 digits; dates as 2024-12-31 or 2024-12-31 23:59:59 whatever the settings say.
+    /// Floats with up to 15 digits; dates as DateTimeToStr writes them.
     String AsString(const TFormatSettings& settings = FormatSettings()) const;
     /// Fractions are rounded, a half to the even neighbour; texts may be written as for StrToInt64 or StrToFloat.
     std::int64_t AsInteger(const TFormatSettings& settings = FormatSettings()) const;
@@ -68,7 +68,7 @@ public:
     /// Whether a number is not zero; texts are True, False (in any case) or a number.
     bool AsBoolean(const TFormatSettings& settings = FormatSettings()) const;
     Currency AsCurrency(const TFormatSettings& settings = FormatSettings()) const;
-    /// Texts in the form that AsString writes, or a number of days.
+    /// Texts may be a number of days, written as for StrToDateTime, or 2024-12-31 with or without a time behind it.
     TDateTime AsDate(const TFormatSettings& settings = FormatSettings()) const;
 
     /// The elements of a list; 0 for every other kind.

@@ -1,6 +1,7 @@
 #include "framework/windows/locale.h"
 
 #include "framework/graphics/win32.h"
+#include "framework/system/dates.h"
 
 namespace framework {
 
@@ -25,6 +26,30 @@ int LocaleNumber(LCTYPE type, int fallback) {
                : fallback;
 }
 
+/// The first character of a system format that is neither one of its letters nor quoted.
+char16_t SeparatorIn(const String& systemFormat, StringView letters, char16_t fallback) {
+    bool isQuoted = false;
+    for (const char16_t unit : systemFormat) {
+        if (unit == u'\'')
+            isQuoted = !isQuoted;
+        else if (!isQuoted && letters.find(unit) == StringView::npos)
+            return unit;
+    }
+    return fallback;
+}
+
+void ReadDateFormats(TFormatSettings& settings) {
+    const String shortDate = LocaleText(LOCALE_SSHORTDATE, settings.ShortDateFormat);
+    settings.DateSeparator = SeparatorIn(shortDate, u"dMyg", settings.DateSeparator);
+    settings.ShortDateFormat = FromSystemFormat(shortDate);
+    settings.LongDateFormat = FromSystemFormat(LocaleText(LOCALE_SLONGDATE, settings.LongDateFormat));
+    const String longTime = LocaleText(LOCALE_STIMEFORMAT, settings.LongTimeFormat);
+    settings.TimeSeparator = SeparatorIn(longTime, u"hHmst", settings.TimeSeparator);
+    settings.LongTimeFormat = FromSystemFormat(longTime, settings.TimeSeparator);
+    settings.ShortTimeFormat =
+        FromSystemFormat(LocaleText(LOCALE_SSHORTTIME, settings.ShortTimeFormat), settings.TimeSeparator);
+}
+
 } // namespace
 
 TFormatSettings UserFormatSettings() {
@@ -32,23 +57,13 @@ TFormatSettings UserFormatSettings() {
     settings.DecimalSeparator = LocaleChar(LOCALE_SDECIMAL, settings.DecimalSeparator);
     settings.ThousandSeparator = LocaleChar(LOCALE_STHOUSAND, u'\0');
     settings.ListSeparator = LocaleChar(LOCALE_SLIST, settings.ListSeparator);
-    settings.ShortDateFormat = LocaleText(LOCALE_SSHORTDATE, settings.ShortDateFormat);
-    settings.LongDateFormat = LocaleText(LOCALE_SLONGDATE, settings.LongDateFormat);
-    settings.ShortTimeFormat = LocaleText(LOCALE_SSHORTTIME, settings.ShortTimeFormat);
-    settings.LongTimeFormat = LocaleText(LOCALE_STIMEFORMAT, settings.LongTimeFormat);
     settings.TimeAMString = LocaleText(LOCALE_S1159, settings.TimeAMString);
     settings.TimePMString = LocaleText(LOCALE_S2359, settings.TimePMString);
     settings.CurrencyString = LocaleText(LOCALE_SCURRENCY, settings.CurrencyString);
     settings.CurrencyFormat = static_cast<std::uint8_t>(LocaleNumber(LOCALE_ICURRENCY, settings.CurrencyFormat));
     settings.NegCurrFormat = static_cast<std::uint8_t>(LocaleNumber(LOCALE_INEGCURR, settings.NegCurrFormat));
     settings.CurrencyDecimals = static_cast<std::uint8_t>(LocaleNumber(LOCALE_ICURRDIGITS, settings.CurrencyDecimals));
-    // The date separator is the first character of the short date that is no date letter.
-    const std::size_t dateSeparator = settings.ShortDateFormat.find_first_not_of(u"dMyg");
-    settings.DateSeparator =
-        dateSeparator == String::npos ? settings.DateSeparator : settings.ShortDateFormat[dateSeparator];
-    const std::size_t timeSeparator = settings.LongTimeFormat.find_first_not_of(u"hHmst");
-    settings.TimeSeparator =
-        timeSeparator == String::npos ? settings.TimeSeparator : settings.LongTimeFormat[timeSeparator];
+    ReadDateFormats(settings);
     for (std::size_t i = 0; i < 12; ++i) {
         const auto month = static_cast<LCTYPE>(i);
         settings.ShortMonthNames[i] = LocaleText(LOCALE_SABBREVMONTHNAME1 + month, settings.ShortMonthNames[i]);

@@ -90,7 +90,7 @@ TEST(VariantConversions, FollowTheValue) {
         {"integer text", u" 12", u" 12", 12, 12, true, 12},
         {"float text", u"1.5e1", u"1.5e1", 15, 15, true, 15},
         {"zero text", u"0.0", u"0.0", 0, 0, false, 0},
-        {"day and a half", VarFromDateTime(1.5), u"1899-12-31 12:00:00", 2, 1.5L, true, Currency(1.5L)},
+        {"day and a half", VarFromDateTime(1.5), u"12/31/1899 12:00:00", 2, 1.5L, true, Currency(1.5L)},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Name);
@@ -138,29 +138,36 @@ TEST(VariantConversions, RefuseClearly) {
     EXPECT_THROW(VarToStr(list), EVariantError);
 }
 
-TEST(VariantDates, GoToTextAndBack) {
+TEST(VariantDates, GoToTextAndBackAsTheSettingsSay) {
+    TFormatSettings dayFirst = WithComma();
+    dayFirst.ShortDateFormat = u"dd.MM.yyyy";
+    dayFirst.DateSeparator = u'.';
     const struct {
         TDateTime Day;
         StringView Text;
+        StringView DayFirst;
+        StringView ForPrograms;
     } rows[] = {
-        {0, u"1899-12-30"},
-        {45657, u"2024-12-31"},
-        {45351.75, u"2024-02-29 18:00:00"},
-        {2958465, u"9999-12-31"},
-        {-693593, u"0001-01-01"},
-        {-1.25, u"1899-12-29 06:00:00"},
-        {1.0 / 86400, u"1899-12-30 00:00:01"},
+        {0, u"12/30/1899", u"30.12.1899", u"1899-12-30"},
+        {45351.75, u"02/29/2024 18:00:00", u"29.02.2024 18:00:00", u"2024-02-29 18:00:00"},
+        {2958465, u"12/31/9999", u"31.12.9999", u"9999-12-31"},
+        {-693593, u"01/01/0001", u"01.01.0001", u"0001-01-01"},
+        {-1.25, u"12/29/1899 06:00:00", u"29.12.1899 06:00:00", u" 1899-12-29 06:00 "},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(Utf8Encode(row.Text));
         EXPECT_TRUE(VarFromDateTime(row.Day).AsString() == row.Text);
+        EXPECT_TRUE(VarFromDateTime(row.Day).AsString(dayFirst) == row.DayFirst);
         EXPECT_EQ(Variant(row.Text).AsDate(), row.Day);
+        EXPECT_EQ(Variant(row.DayFirst).AsDate(dayFirst), row.Day);
+        EXPECT_EQ(Variant(row.ForPrograms).AsDate(), row.Day);
     }
-    EXPECT_TRUE(VarFromDateTime(45656.9999999999).AsString() == u"2024-12-31") << "rounded into the next day";
+    EXPECT_TRUE(VarFromDateTime(45656.9999999999).AsString() == u"12/31/2024") << "rounded into the next day";
     EXPECT_EQ(Variant(u" 45657,5 ").AsDate(WithComma()), 45657.5);
+    EXPECT_EQ(Variant(u"12").AsDate(), 12) << "days, not hours";
     EXPECT_EQ(Variant(45657).AsDate(), 45657);
-    for (const StringView text : {u"2023-02-29", u"2024-13-01", u"0000-01-01", u"2024-1-1", u"2024-01-01 24:00:00",
-                                  u"2024-01-01 10:00", u"2024-01-01x", u"2024-01-01 10:00:00x", u"2024/01/01"})
+    for (const StringView text : {u"2023-02-29", u"2024-13-01", u"0000-01-01", u"24-01-01", u"2024-01-01 24:00:00",
+                                  u"2024-01-01x", u"2024-01-01 10:00:00x", u"31/12/2024"})
         EXPECT_THROW(Variant(text).AsDate(), EVariantError) << Utf8Encode(text);
 }
 
@@ -177,7 +184,7 @@ TEST(VariantOrder, ComparesByValueAcrossKinds) {
         {5, u"7.5", 10, 20, u"text"},
         {10, u"$F", 20},
         {true, u"False"},
-        {u"2024-12-30", VarFromDateTime(45657), u"2025-01-01"},
+        {u"12/30/2024", VarFromDateTime(45657), u"2025-01-01"},
         {u"0.1", Currency(0.25L), u"0.3"},
         {VarArrayOf({1}), VarArrayOf({1, 2}), VarArrayOf({1, 2, Null()}), VarArrayOf({1, u"a"}), VarArrayOf({2})},
     };
