@@ -10,6 +10,7 @@
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/button.h"
+#include "framework/windows/combobox.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/hints.h"
 #include "framework/windows/label.h"

@@ -58,9 +58,10 @@ void TCustomForm::TakeWindowFocus() {
         FActiveControl = FindNextControl(nullptr, true, true, false);
     }
     // A form without a control to focus keeps the focus itself, so that it hears keys.
-    const HWND window = FActiveControl ? FActiveControl->GetHandle() : FHandle;
-    if (::GetFocus() != window)
-        ::SetFocus(window);
+    if (!FActiveControl)
+        ::SetFocus(FHandle);
+    else if (!FActiveControl->Focused())
+        ::SetFocus(FActiveControl->GetHandle());
 }
 
 bool TCustomForm::SetFocusedControl(TWinControl* control) {

@@ -1,9 +1,9 @@
 #include "framework/windows/listbox.h"
 
 #include "framework/graphics/canvas.h"
-#include "framework/graphics/handles.h"
 #include "framework/system/numbers.h"
 #include "framework/system/updates.h"
+#include "framework/windows/controlstrings.h"
 
 #include <algorithm>
 #include <commctrl.h>
@@ -16,62 +16,11 @@ constexpr TSize kInitialSize{121, 97};
 
 } // namespace
 
-/// The items. They live here, sorted or not; the window shows a copy of their texts.
-class TListBoxStrings : public TStrings {
+class TListBoxStrings : public TControlStrings {
 public:
-    explicit TListBoxStrings(TCustomListBox& owner) : FOwner(owner) { FList.Duplicates = dupAccept; }
+    explicit TListBoxStrings(TCustomListBox& owner) : FOwner(owner) {}
 
     TPersistent* GetOwner() const override { return &FOwner; }
-    String Get(int index) const override { return FList.Get(index); }
-    int GetCount() const override { return FList.GetCount(); }
-    TObject* GetItemObject(int index) const override { return FList.GetItemObject(index); }
-    void PutObject(int index, TObject* object) override { FList.PutObject(index, object); }
-    int IndexOf(StringView text) const override { return FList.IndexOf(text); }
-
-    void Put(int index, const String& text) override {
-        CheckIndex(index);
-        if (FList.Get(index) == text)
-            return;
-        const bool wasSelected = FOwner.GetSelected(index);
-        const bool wasCurrent = FOwner.GetItemIndex() == index;
-        TObject* object = FList.GetItemObject(index);
-        WithinUpdate(*this, [&] {
-            Delete(index);
-            const int place = FList.GetSorted() ? AddObject(text, object) : index;
-            if (!FList.GetSorted())
-                InsertObject(index, text, object);
-            if (wasCurrent)
-                FOwner.SetItemIndex(place);
-            if (wasSelected && FOwner.GetMultiSelect())
-                FOwner.SetSelected(place, true);
-        });
-    }
-    int AddObject(const String& text, TObject* object) override {
-        const int index = FList.AddObject(text, object);
-        FOwner.ItemInserted(index, text);
-        return index;
-    }
-    void Insert(int index, const String& text) override {
-        FList.Insert(index, text);
-        FOwner.ItemInserted(index, text);
-    }
-    void Delete(int index) override {
-        FList.Delete(index);
-        FOwner.ItemDeleted(index);
-    }
-    void Clear() override {
-        if (FList.GetCount() == 0)
-            return;
-        FList.Clear();
-        FOwner.ItemsCleared();
-    }
-
-    bool GetSorted() const { return FList.GetSorted(); }
-    void SetSorted(bool value) {
-        FList.SetSorted(value);
-        if (value)
-            FOwner.ItemsReplaced();
-    }
 
 protected:
     void SetUpdateState(bool updating) override {
@@ -81,10 +30,20 @@ protected:
         if (!updating)
             FOwner.Invalidate();
     }
+    void Inserted(int index, const String& text) override { FOwner.ItemInserted(index, text); }
+    void Deleted(int index) override { FOwner.ItemDeleted(index); }
+    void Cleared() override { FOwner.ItemsCleared(); }
+    void Replaced() override { FOwner.ItemsReplaced(); }
+    TItemState StateOf(int index) const override { return {FOwner.GetItemIndex() == index, FOwner.GetSelected(index)}; }
+    void SetStateOf(int index, TItemState state) override {
+        if (state.Current)
+            FOwner.SetItemIndex(index);
+        if (state.Selected && FOwner.GetMultiSelect())
+            FOwner.SetSelected(index, true);
+    }
 
 private:
     TCustomListBox& FOwner;
-    TStringList FList;
 };
 
 const TEnumInfo& DescribeEnum(TListBoxStyle) {
@@ -471,44 +430,15 @@ void TCustomListBox::CNCommand(TMessage& message) {
 }
 
 void TCustomListBox::CNDrawItem(TMessage& message) {
-    const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(message.LParam);
-    const TOwnerDrawState state = OwnerDrawState(item);
-    const TSavedDC saved(item.hDC);
-    const std::shared_ptr<TCanvas> canvas = FCanvas; // outlives a handler that frees the list
-    const TCanvasBinding binding(*canvas, item.hDC);
-    FCanvas->SetFont(GetFont());
-    FCanvas->SetBrush(GetBrush());
-    if (state.Contains(odSelected)) {
-        FCanvas->GetBrush()->SetColor(clHighlight);
-        FCanvas->GetFont()->SetColor(clHighlightText);
-    } else if (!GetEnabled()) {
-        FCanvas->GetFont()->SetColor(clGrayText);
-    }
-    message.Result = TRUE;
-    const TRect rect = FromWin(item.rcItem);
-    const auto index = static_cast<int>(item.itemID);
-    if (index < 0 || index >= GetCount()) {
-        FCanvas->FillRect(rect);
-        return;
-    }
-    TLifeGuard alive(*this);
-    DrawItem(index, rect, state);
-    if (alive && state.Contains(odFocused) && !state.Contains(odNoFocusRect))
-        FCanvas->DrawFocusRect(rect);
+    PaintOwnerDrawn(*this, FCanvas, GetCount(), message,
+                    [this](int index, TRect rect, TOwnerDrawState state) { DrawItem(index, rect, state); });
 }
 
 void TCustomListBox::DrawItem(int index, TRect rect, TOwnerDrawState state) {
-    if (OnDrawItem) {
+    if (OnDrawItem)
         Fire(*this, OnDrawItem, this, index, rect, state);
-        return;
-    }
-    FCanvas->FillRect(rect);
-    FCanvas->GetBrush()->SetStyle(bsClear);
-    rect.Left += 2;
-    rect.Right -= 2;
-    FCanvas->TextRect(rect, FItems->Get(index),
-                      DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX |
-                          (UseRightToLeftAlignment() ? DT_RIGHT | DT_RTLREADING : DT_LEFT));
+    else
+        DrawItemText(*this, *FCanvas, rect, FItems->Get(index));
 }
 
 void TCustomListBox::MeasureItem(int index, int& height) {

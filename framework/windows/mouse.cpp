@@ -91,7 +91,7 @@ void TMouseTracker::LeftWindow(HWND window) {
     if (FTracked != window)
         return;
     FTracked = nullptr;
-    const TWinControl* owner = FindControl(window);
+    const TWinControl* owner = FindOwningControl(window); // also of a part inside a native control
     if (owner && FOver && (FOver == owner || FOver->GetParent() == owner))
         ChangeOver(nullptr);
 }

@@ -32,4 +32,12 @@ inline TOwnerDrawState OwnerDrawState(const DRAWITEMSTRUCT& item) {
     return TOwnerDrawState::FromBits(item.itemState & 0x1FFFu);
 }
 
+/// Paints one item in answer to CN_DRAWITEM: `drawItem` gets its index and place while `canvas` is bound to the item's
+/// device context with the font and the colours that suit the state; the focus rectangle follows. `canvas` is shared,
+/// so that it outlives a handler that frees the control.
+void PaintOwnerDrawn(TWinControl& control, std::shared_ptr<TCanvas> canvas, int itemCount, TMessage& message,
+                     const std::function<void(int, TRect, TOwnerDrawState)>& drawItem);
+/// What an item looks like when the program leaves the painting to the control.
+void DrawItemText(const TControl& control, TCanvas& canvas, TRect rect, StringView text);
+
 } // namespace framework

@@ -1,6 +1,7 @@
 #include "framework/windows/standardcontrols.h"
 
 #include "framework/windows/button.h"
+#include "framework/windows/combobox.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/forms.h"
 #include "framework/windows/label.h"
@@ -12,10 +13,21 @@
 namespace framework {
 
 void RegisterStandardControls() {
-    RegisterClasses({&TForm::StaticClass(), &TLabel::StaticClass(), &TEdit::StaticClass(), &TButton::StaticClass(),
-                     &TCheckBox::StaticClass(), &TListBox::StaticClass(), &TPanel::StaticClass(),
-                     &TGroupBox::StaticClass(), &TTimer::StaticClass(),
-                     &TUpDown::StaticClass()});
+    // clang-format off
+    RegisterClasses({
+        &TButton::StaticClass(),
+        &TCheckBox::StaticClass(),
+        &TComboBox::StaticClass(),
+        &TEdit::StaticClass(),
+        &TForm::StaticClass(),
+        &TGroupBox::StaticClass(),
+        &TLabel::StaticClass(),
+        &TListBox::StaticClass(),
+        &TPanel::StaticClass(),
+        &TTimer::StaticClass(),
+        &TUpDown::StaticClass(),
+    });
+    // clang-format on
 }
 
 } // namespace framework

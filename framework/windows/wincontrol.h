@@ -93,7 +93,7 @@ public:
     TWinControl* FindNextControl(TWinControl* current, bool goForward, bool checkTabStop, bool checkParent) const;
     void SelectNext(TWinControl* current, bool goForward, bool checkTabStop);
     bool CanFocus() const;
-    bool Focused() const;
+    virtual bool Focused() const;
     /// Gives the keyboard focus to the control, as its form's active control. EInvalidOperation when it cannot have
     /// it (invisible or disabled).
     virtual void SetFocus();
@@ -139,6 +139,10 @@ protected:
 
     void Dispatch(TMessage& message) override;
     void DefaultHandler(TMessage& message) override;
+    /// Calls a native procedure, of this window or of a part inside it, so that none is destroyed while it runs.
+    void CallNative(WNDPROC procedure, HWND window, TMessage& message);
+    /// The window is gone or left to its native procedure; descendants let go of the parts inside it.
+    virtual void ForgetWindow();
 
     virtual void AlignControls(TControl* changed, TRect& client);
     /// The client area less what a descendant keeps for itself (bevels).
@@ -193,7 +197,6 @@ private:
     friend LRESULT CALLBACK ControlWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     void MainWndProc(TMessage& message);
-    void ForgetWindow();
     bool NativeCallRunning() const;
     void AbandonWindow();
     void KeepStates();

@@ -147,13 +147,17 @@ void TWinControl::DefaultHandler(TMessage& message) {
     }
     if (message.Msg >= CM_BASE)
         return; // component messages mean nothing to a native procedure
+    CallNative(FDefWndProc, FHandle, message);
+}
+
+void TWinControl::CallNative(WNDPROC procedure, HWND window, TMessage& message) {
     TLifeGuard alive(*this);
-    const HWND window = FHandle;
+    const HWND own = FHandle;
     ++FNativeDepth;
     ++nativeCalls;
-    message.Result = CallWindowProcW(FDefWndProc, window, message.Msg, message.WParam, message.LParam);
+    message.Result = CallWindowProcW(procedure, window, message.Msg, message.WParam, message.LParam);
     --nativeCalls;
-    if (alive && FHandle == window) // the calls of an abandoned window are not counted any more
+    if (alive && FHandle == own) // the calls of an abandoned window are not counted any more
         --FNativeDepth;
 }
 

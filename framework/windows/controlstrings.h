@@ -1,0 +1,50 @@
+#pragma once
+
+// The items of controls that show a list of texts: kept here, sorted or not, while the window shows a copy.
+
+#include "framework/system/stringlist.h"
+
+namespace framework {
+
+/// Keeps texts and objects in memory and tells the control of every change, so that its window can follow.
+class TControlStrings : public TStrings {
+public:
+    TControlStrings() { FList.Duplicates = dupAccept; }
+
+    String Get(int index) const override { return FList.Get(index); }
+    int GetCount() const override { return FList.GetCount(); }
+    TObject* GetItemObject(int index) const override { return FList.GetItemObject(index); }
+    void PutObject(int index, TObject* object) override { FList.PutObject(index, object); }
+    int IndexOf(StringView text) const override { return FList.IndexOf(text); }
+
+    void Put(int index, const String& text) override;
+    int AddObject(const String& text, TObject* object) override;
+    void Insert(int index, const String& text) override;
+    void InsertObject(int index, const String& text, TObject* object) override;
+    void Delete(int index) override;
+    void Clear() override;
+
+    bool GetSorted() const { return FList.GetSorted(); }
+    /// Sorts by the user's alphabet; a selection does not survive it.
+    void SetSorted(bool value);
+
+protected:
+    /// What an item is to the control, so that a text put in its place becomes the same.
+    struct TItemState {
+        bool Current = false;
+        bool Selected = false;
+    };
+
+    virtual void Inserted(int index, const String& text) = 0;
+    virtual void Deleted(int index) = 0;
+    virtual void Cleared() = 0;
+    /// All items are others, or in another order.
+    virtual void Replaced() = 0;
+    virtual TItemState StateOf(int index) const = 0;
+    virtual void SetStateOf(int index, TItemState state) = 0;
+
+private:
+    TStringList FList;
+};
+
+} // namespace framework
