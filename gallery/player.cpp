@@ -136,9 +136,12 @@ void TPlayer::Finish() {
 
 bool TPlayer::Execute(const TScriptCommand& command) {
     FLine = command.Line;
+    TPoint point = FLastPoint;
+    if (!command.Target.Name.empty() && !Reaches(command.Target, point))
+        return false;
     switch (command.Action) {
     case TScriptAction::Click:
-        QueueClick(command);
+        QueueClick(command, point);
         return true;
     case TScriptAction::Type:
         Queue(TextInputs(command.Text));
@@ -149,7 +152,7 @@ bool TPlayer::Execute(const TScriptCommand& command) {
         return true;
     case TScriptAction::Hold:
         FHeld = command.Held;
-        QueuePosition(FLastPoint, FHeld);
+        QueuePosition(point, FHeld);
         return true;
     case TScriptAction::Release:
         FHeld.clear();
@@ -157,17 +160,17 @@ bool TPlayer::Execute(const TScriptCommand& command) {
         return true;
     case TScriptAction::MouseMove:
     case TScriptAction::MouseDown:
-        QueuePosition(FindPoint(command.Target), FHeld);
+        QueuePosition(point, FHeld);
         if (command.Action == TScriptAction::MouseDown)
-            Queue(MouseButtonInputs(command.Button, true));
+            Queue(MouseButtonInputs(point, command.Button, true));
         return true;
     case TScriptAction::MouseUp:
-        QueuePosition(FLastPoint, FHeld);
-        Queue(MouseButtonInputs(command.Button, false));
+        QueuePosition(point, FHeld);
+        Queue(MouseButtonInputs(point, command.Button, false));
         return true;
     case TScriptAction::Wheel:
-        QueuePosition(FindPoint(command.Target), {});
-        Queue(WheelInputs(command.Count));
+        QueuePosition(point, {});
+        Queue(WheelInputs(point, command.Count));
         return true;
     case TScriptAction::Set:
         Set(command);
@@ -203,8 +206,16 @@ bool TPlayer::InPosition(TPoint point, const std::vector<std::uint16_t>& held) {
     const bool there = FromWin(actual) == point;
     const bool keysDown =
         std::all_of(held.begin(), held.end(), [](std::uint16_t key) { return GetAsyncKeyState(key) < 0; });
-    if (there && keysDown)
+    const ULONGLONG now = GetTickCount64();
+    if (there && keysDown) {
+        if (FSteadySince == 0)
+            FSteadySince = now;
+        if (now - FSteadySince < PointerEchoMilliseconds)
+            return false;
+        FSteadySince = 0;
         return true;
+    }
+    FSteadySince = 0;
     if (TimeIsUp(kExpectMilliseconds))
         throw EInvalidOperation(u"the system does not let the pointer be moved or keys be held down");
     if (!there)
@@ -221,22 +232,21 @@ bool TPlayer::TimeIsUp(int milliseconds) {
     return now - FWaitingSince >= static_cast<ULONGLONG>(milliseconds);
 }
 
-void TPlayer::QueueClick(const TScriptCommand& command) {
-    const TPoint point = FindPoint(command.Target);
+void TPlayer::QueueClick(const TScriptCommand& command, TPoint point) {
     QueuePosition(point, command.Held);
     if (command.Double) {
         // At once, so that it stays a double click however slow the machine is.
         TInputs inputs;
         for (const bool down : {true, false, true, false}) {
-            const TInputs button = MouseButtonInputs(command.Button, down);
+            const TInputs button = MouseButtonInputs(point, command.Button, down);
             inputs.insert(inputs.end(), button.begin(), button.end());
         }
         Queue(std::move(inputs));
     } else {
         // One after the other: what the press brings about may take time and may ask for the state of a key.
-        Queue(MouseButtonInputs(command.Button, true));
+        Queue(MouseButtonInputs(point, command.Button, true));
         QueuePosition(point, command.Held);
-        Queue(MouseButtonInputs(command.Button, false));
+        Queue(MouseButtonInputs(point, command.Button, false));
     }
     if (!command.Held.empty())
         Queue(KeyUpInputs(command.Held));
@@ -327,15 +337,26 @@ TRect TPlayer::FindPlace(const TScriptTarget& target) const {
     throw EComponentError(target.Name + u" does not know its part" + words);
 }
 
-TPoint TPlayer::FindPoint(const TScriptTarget& target) {
+bool TPlayer::Reaches(const TScriptTarget& target, TPoint& point) {
+    try {
+        point = FLastPoint = FindPoint(target);
+    } catch (const EComponentError&) {
+        if (TimeIsUp(kExpectMilliseconds))
+            throw;
+        return false;
+    }
+    return true;
+}
+
+TPoint TPlayer::FindPoint(const TScriptTarget& target) const {
     const TRect place = FindPlace(target);
     if (target.At)
-        return FLastPoint = {place.Left + target.At->X, place.Top + target.At->Y};
+        return {place.Left + target.At->X, place.Top + target.At->Y};
     TPoint point{(place.Left + place.Right) / 2, (place.Top + place.Bottom) / 2};
     // Two quick clicks on one spot would count as a double click.
     if (point == FLastPoint)
         point.X += GetSystemMetrics(SM_CXDOUBLECLK);
-    return FLastPoint = point;
+    return point;
 }
 
 } // namespace gallery

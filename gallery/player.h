@@ -41,7 +41,7 @@ private:
     void End(const TScript& script);
     /// True once the command is done; false to be called again at the next tick.
     bool Execute(const TScriptCommand& command);
-    void QueueClick(const TScriptCommand& command);
+    void QueueClick(const TScriptCommand& command, TPoint point);
     void Queue(TInputs inputs);
     /// Moves the pointer there with the keys held down, and waits until the system agrees to both.
     void QueuePosition(TPoint point, const std::vector<std::uint16_t>& held);
@@ -64,7 +64,9 @@ private:
     TInspectorRow FindProperty(StringView path) const;
     /// The place of a target on the screen, in pixels.
     TRect FindPlace(const TScriptTarget& target) const;
-    TPoint FindPoint(const TScriptTarget& target);
+    TPoint FindPoint(const TScriptTarget& target) const;
+    /// False while the target is not there: like a person, the player waits a moment for it. Then EComponentError.
+    bool Reaches(const TScriptTarget& target, TPoint& point);
 
     TGalleryForm& FGallery;
     String FShotsFolder;
@@ -76,6 +78,7 @@ private:
     std::deque<std::function<bool()>> FPending;
     TTimer FTimer;
     ULONGLONG FWaitingSince = 0;      // 0: not waiting
+    ULONGLONG FSteadySince = 0;       // since when the pointer is where it belongs; 0: it is not
     TPoint FLastPoint;                // of the pointer
     std::vector<std::uint16_t> FHeld; // keys between hold and release
     int FShots = 0;

@@ -15,11 +15,13 @@ INPUT KeyInput(std::uint16_t key, DWORD flags) {
     return input;
 }
 
-INPUT CharacterInput(char16_t character, DWORD flags) {
+INPUT MouseInput(TPoint point, DWORD flags) {
     INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wScan = character;
-    input.ki.dwFlags = KEYEVENTF_UNICODE | flags;
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    // The screen counts as 65536 units wide and high; half a pixel more, so that rounding down hits the right one.
+    input.mi.dx = MulDiv(2 * point.X + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = MulDiv(2 * point.Y + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
     return input;
 }
 
@@ -63,38 +65,39 @@ TInputs TextInputs(StringView text) {
                 key.Held.push_back(VK_SHIFT);
             Append(inputs, KeyInputs(key));
         } else {
-            inputs.push_back(CharacterInput(character, 0));
-            inputs.push_back(CharacterInput(character, KEYEVENTF_KEYUP));
+            Append(inputs, CharacterInputs({&character, 1}));
+        }
+    }
+    return inputs;
+}
+
+TInputs CharacterInputs(StringView text) {
+    TInputs inputs;
+    for (const char16_t character : text) {
+        for (const DWORD flags : {DWORD{KEYEVENTF_UNICODE}, DWORD{KEYEVENTF_UNICODE | KEYEVENTF_KEYUP}}) {
+            INPUT input{};
+            input.type = INPUT_KEYBOARD;
+            input.ki.wScan = character;
+            input.ki.dwFlags = flags;
+            inputs.push_back(input);
         }
     }
     return inputs;
 }
 
 TInputs MouseMoveInputs(TPoint point) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    // The screen counts as 65536 units wide and high; half a pixel more, so that rounding down hits the right one.
-    input.mi.dx = MulDiv(2 * point.X + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
-    input.mi.dy = MulDiv(2 * point.Y + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
-    return {input};
+    return {MouseInput(point, 0)};
 }
 
-TInputs MouseButtonInputs(TScriptButton button, bool down) {
+TInputs MouseButtonInputs(TPoint point, TScriptButton button, bool down) {
     constexpr DWORD kDown[] = {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_MIDDLEDOWN};
     constexpr DWORD kUp[] = {MOUSEEVENTF_LEFTUP, MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_MIDDLEUP};
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = (down ? kDown : kUp)[static_cast<int>(button)];
-    return {input};
+    return {MouseInput(point, (down ? kDown : kUp)[static_cast<int>(button)])};
 }
 
-TInputs WheelInputs(int notches) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-    const int distance = notches * WHEEL_DELTA;
-    input.mi.mouseData = static_cast<DWORD>(distance);
+TInputs WheelInputs(TPoint point, int notches) {
+    INPUT input = MouseInput(point, MOUSEEVENTF_WHEEL);
+    input.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
     return {input};
 }
 

@@ -14,14 +14,22 @@ TInputs KeyDownInputs(const std::vector<std::uint16_t>& keys);
 TInputs KeyUpInputs(const std::vector<std::uint16_t>& keys);
 /// Presses and releases the key while the others are held.
 TInputs KeyInputs(const TScriptKey& key);
-/// Characters that the keyboard has without Ctrl and Alt come as its keys, all others as characters alone
-/// (KEYEVENTF_UNICODE).
+/// Characters that the keyboard has without Ctrl and Alt come as its keys, all others as characters alone.
 TInputs TextInputs(StringView text);
-/// To a point of the screen, in pixels of the primary one.
+/// Characters alone, whatever the keyboard has (KEYEVENTF_UNICODE).
+TInputs CharacterInputs(StringView text);
+
+// Points are in pixels of the primary screen. Whatever the mouse does carries its place: a late report of an earlier
+// movement cannot lead it astray.
+
 TInputs MouseMoveInputs(TPoint point);
-TInputs MouseButtonInputs(TScriptButton button, bool down);
+TInputs MouseButtonInputs(TPoint point, TScriptButton button, bool down);
 /// In notches, away from the person when positive.
-TInputs WheelInputs(int notches);
+TInputs WheelInputs(TPoint point, int notches);
+
+/// Under Wine the display echoes every movement of the pointer a little later, and the echo of an earlier one leads it
+/// back: only a pointer that stays for this time, in milliseconds, has arrived.
+inline constexpr unsigned PointerEchoMilliseconds = 25;
 
 /// False when the system did not take them all.
 bool Send(const TInputs& inputs);

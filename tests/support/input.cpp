@@ -2,50 +2,27 @@
 
 #include "framework/graphics/handles.h"
 #include "framework/windows/application.h"
+#include "gallery/playerinput.h"
 
 #include <gtest/gtest.h>
-
-#include <vector>
 
 namespace testsupport {
 
 using namespace framework;
+using namespace gallery;
 
 namespace {
 
-INPUT KeyInput(WORD key, DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
-    return input;
-}
-
 TPoint pointer; // where the pointer was last sent
 
-/// Each mouse input carries the place: a late report of an earlier movement cannot lead a click astray.
-INPUT MouseInput(DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    // The screen is 65536 units wide and high; half a pixel more, so that rounding down hits the right one.
-    input.mi.dx = MulDiv(2 * pointer.X + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
-    input.mi.dy = MulDiv(2 * pointer.Y + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
-    return input;
-}
-
-void Send(std::vector<INPUT> inputs) {
-    const auto count = static_cast<UINT>(inputs.size());
-    EXPECT_EQ(SendInput(count, inputs.data(), sizeof(INPUT)), count);
+void SendAndHandle(const TInputs& inputs) {
+    EXPECT_TRUE(Send(inputs)) << "the system does not take input";
     TheApplication().ProcessMessages();
 }
 
-/// Whether the pointer keeps to a place for a while. Under Wine the display echoes every movement a little later, and
-/// the echo of an earlier one leads the pointer back.
+/// Whether the pointer keeps to a place until no echo can lead it back any more.
 bool PointerStays(TPoint point) {
-    constexpr ULONGLONG kLongerThanAnEcho = 25; // milliseconds
-    const ULONGLONG end = GetTickCount64() + kLongerThanAnEcho;
+    const ULONGLONG end = GetTickCount64() + PointerEchoMilliseconds;
     do {
         TheApplication().ProcessMessages();
         POINT at{};
@@ -71,42 +48,25 @@ bool WaitFor(const std::function<bool()>& condition, int milliseconds) {
 }
 
 void PressKey(WORD key, TShiftState modifiers) {
-    std::vector<WORD> held;
+    TScriptKey pressed{key, {}};
     if (modifiers.Contains(ssShift))
-        held.push_back(VK_SHIFT);
+        pressed.Held.push_back(VK_SHIFT);
     if (modifiers.Contains(ssCtrl))
-        held.push_back(VK_CONTROL);
+        pressed.Held.push_back(VK_CONTROL);
     if (modifiers.Contains(ssAlt))
-        held.push_back(VK_MENU);
-    std::vector<INPUT> inputs;
-    for (WORD each : held)
-        inputs.push_back(KeyInput(each, 0));
-    inputs.push_back(KeyInput(key, 0));
-    inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP));
-    for (auto each = held.rbegin(); each != held.rend(); ++each)
-        inputs.push_back(KeyInput(*each, KEYEVENTF_KEYUP));
-    Send(inputs);
+        pressed.Held.push_back(VK_MENU);
+    SendAndHandle(KeyInputs(pressed));
 }
 
 void TypeText(StringView text) {
-    std::vector<INPUT> inputs;
-    for (char16_t character : text) {
-        for (DWORD flags : {DWORD{KEYEVENTF_UNICODE}, DWORD{KEYEVENTF_UNICODE | KEYEVENTF_KEYUP}}) {
-            INPUT input{};
-            input.type = INPUT_KEYBOARD;
-            input.ki.wScan = character;
-            input.ki.dwFlags = flags;
-            inputs.push_back(input);
-        }
-    }
-    Send(inputs);
+    SendAndHandle(CharacterInputs(text));
 }
 
 void MoveMouse(TPoint point) {
     pointer = point;
     bool arrived = false;
     for (int i = 0; i < 20 && !arrived; ++i) {
-        Send({MouseInput(0)});
+        SendAndHandle(MouseMoveInputs(point));
         arrived = PointerStays(point);
     }
     EXPECT_TRUE(arrived) << "the pointer did not get there";
@@ -114,11 +74,11 @@ void MoveMouse(TPoint point) {
 
 void PressMouse(TPoint point) {
     MoveMouse(point);
-    Send({MouseInput(MOUSEEVENTF_LEFTDOWN)});
+    SendAndHandle(MouseButtonInputs(pointer, TScriptButton::Left, true));
 }
 
 void ReleaseMouse() {
-    Send({MouseInput(MOUSEEVENTF_LEFTUP)});
+    SendAndHandle(MouseButtonInputs(pointer, TScriptButton::Left, false));
 }
 
 void ClickOn(TControl& control) {
