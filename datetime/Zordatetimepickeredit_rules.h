@@ -117,10 +117,11 @@ TMessageText InvalidDateMessage(TMessageLanguage language, TDateTime now, const 
 // The value.
 
 /// A date as the view holds it: the first of its month, 1 January of its year, or the value itself; no date stays so.
+/// December 1899 and that year are held as their only day that is a date, the 31st.
 TDateTime SnappedToView(TDateTime value, TDateTimeView view);
 
 /// The value of the field with its bounds, and the memory of what Delete has cleared. Operations that return bool tell
-/// whether Current has changed and the text must be rebuilt.
+/// whether the text must be rebuilt and the change told.
 class TDateValue {
 public:
     TDateTime Current() const { return FDateTime; }
@@ -133,7 +134,8 @@ public:
 
     /// The program, the person or the calendar sets the date with its time. A date above MaxDate becomes MaxDate, one
     /// below MinDate the day of MinDate with its own time, one below 1753-01-01 that date; then it is snapped to the
-    /// view. With MinDate above MaxDate, MaxDate is looked at first.
+    /// view. With MinDate above MaxDate, MaxDate is looked at first. 0 is a date below MinDate like any other: see
+    /// Clear. True also when the bounds turn another value into the one that is held, as the text may show the other.
     bool SetDate(TDateTime value, TDateTimeView view);
     /// Sets the time of day alone; whole days in `value` are ignored. Without a date only the time is kept.
     bool SetTime(TDateTime value);
@@ -148,19 +150,20 @@ public:
     /// The same by the Delete key in the month and year views: the next Up or Down brings the date back.
     bool ClearByDelete();
     /// Brings back what ClearByDelete has taken; false when there is nothing to bring back.
-    bool RestoreCleared();
+    bool RestoreCleared(TDateTimeView view);
 
-    /// Takes the value of a text that was read (see sprawdz_combosa). Where the text shows no time, the same day keeps
-    /// the time it has.
+    /// Takes the value of a text that was read (see sprawdz_combosa), 0 meaning no date. A value that shows as the same
+    /// text as the one held is no change: what the text does not show, such as seconds, is kept.
     bool Enter(TDateTime value, const TDateField& field);
     /// Sets a value that was stepped to or chosen by month. Unlike SetDate it is kept inside the bounds even where its
-    /// month or year begins outside of them, and never becomes no date.
+    /// month or year begins outside of them, and below 1899-12-31 it is that day rather than no date.
     bool StepTo(TDateTime value, TDateTimeView view);
 
 private:
     TDateTime Bounded(TDateTime value) const;
     TDateTime Lowest() const;
-    bool Change(TDateTime value);
+    void Take(TDateTime value);
+    bool SetBound(TDateTime TDateValue::*bound, TDateTime value, TDateTimeView view);
 
     TDateTime FDateTime = 0;
     TDateTime FMaxDate = 0;

@@ -58,43 +58,47 @@ public:
             return;
         ++FDepth;
         char16_t lastLetter = 0;
-        while (!format.empty())
-            WriteFront(format, lastLetter);
+        while (!format.empty()) {
+            const char16_t letter = WriteFront(format, lastLetter);
+            // What a format within this one has written is marked already.
+            FLetters.resize(FText.size(), letter);
+        }
         --FDepth;
     }
 
-    String Take() { return std::move(FText); }
+    TDateTexts Take() { return {std::move(FText), std::move(FLetters)}; }
 
 private:
-    /// Writes what stands at the front of the format and removes it there.
-    void WriteFront(StringView& format, char16_t& lastLetter) {
+    /// Writes what stands at the front of the format and removes it there. Returns the letter of that part, or a blank.
+    char16_t WriteFront(StringView& format, char16_t& lastLetter) {
         const char16_t unit = format.front();
         if (IsQuote(unit)) {
             const std::size_t length = QuotedLength(format);
             const bool isClosed = length > 1 && format[length - 1] == unit;
             FText += format.substr(1, length - (isClosed ? 2 : 1));
             format.remove_prefix(length);
-            return;
+            return u' ';
         }
         char16_t letter = FoldNameChar(unit);
         if (const THalfDayMarker marker = HalfDayMarkerAt(format); marker != THalfDayMarker::None) {
             const std::size_t length = halfDayMarkers[static_cast<int>(marker)].size();
             WriteHalfDay(marker, format.substr(0, length));
             format.remove_prefix(length);
-            lastLetter = u'a';
-            return;
+            return lastLetter = u'a';
         }
-        const std::size_t run = std::min(
-            format.find_first_not_of(std::u16string{letter, static_cast<char16_t>(letter - (letter >= u'a' ? 32 : 0))}),
-            format.size());
+        const auto end = std::find_if(format.begin(), format.end(),
+                                      [letter](char16_t other) { return FoldNameChar(other) != letter; });
+        const auto run = static_cast<std::size_t>(end - format.begin());
         if (letter == u'm' && lastLetter == u'h')
             letter = u'n';
         const StringView rest = format.substr(run);
-        if (!WriteLetter(letter, run, rest))
+        const bool isPart = WriteLetter(letter, run, rest);
+        if (!isPart)
             WriteLiteral(format.substr(0, run));
         if (letter >= u'a' && letter <= u'z')
             lastLetter = letter;
         format = rest;
+        return isPart ? letter : u' ';
     }
 
     bool WriteLetter(char16_t letter, std::size_t run, StringView rest) {
@@ -149,6 +153,7 @@ private:
         Write(FSettings.ShortDateFormat);
         if (FTime != TClockTime{}) {
             FText += u' ';
+            FLetters += u' ';
             Write(FSettings.LongTimeFormat);
         }
     }
@@ -186,6 +191,7 @@ private:
     TClockTime FTime;
     std::size_t FDayName;
     String FText;
+    String FLetters;
     int FDepth = 0;
 };
 
@@ -210,12 +216,16 @@ String Quoted(const String& text) {
 
 } // namespace
 
-String FormatDateTime(StringView format, TDateTime value, const TFormatSettings& settings) {
+TDateTexts FormatDateTimeParts(StringView format, TDateTime value, const TFormatSettings& settings) {
     if (DecodeDate(value).Year == 0)
         throw EConvertError(u"The day number " + FloatToStr(value, settings) + u" lies outside the years 1 to 9999");
     TDateWriter writer(value, settings);
     writer.Write(format.empty() ? StringView(u"c") : format);
     return writer.Take();
+}
+
+String FormatDateTime(StringView format, TDateTime value, const TFormatSettings& settings) {
+    return FormatDateTimeParts(format, value, settings).Text;
 }
 
 String DateToStr(TDateTime value, const TFormatSettings& settings) {

@@ -12,35 +12,6 @@ namespace framework {
 
 namespace {
 
-/// Year, month and day in the order in which they are written.
-using TDateOrder = std::array<TDateUnit, 3>;
-
-/// The order of a short date format: that of the first letter of each part, month, day and year where it has none.
-TDateOrder OrderOf(StringView format) {
-    TDateOrder order{TDateUnit::Month, TDateUnit::Day, TDateUnit::Year};
-    std::size_t found = 0;
-    const auto take = [&](TDateUnit unit) {
-        const auto at = std::find(order.begin() + static_cast<std::ptrdiff_t>(found), order.end(), unit);
-        if (at != order.end())
-            std::rotate(order.begin() + static_cast<std::ptrdiff_t>(found++), at, at + 1);
-    };
-    char16_t quote = 0;
-    for (const char16_t unit : format) {
-        if (quote != 0 || unit == u'\'' || unit == u'"') {
-            quote = quote == 0 ? unit : unit == quote ? u'\0' : quote;
-            continue;
-        }
-        const char16_t letter = ToLowerCase(unit);
-        if (letter == u'y')
-            take(TDateUnit::Year);
-        else if (letter == u'm')
-            take(TDateUnit::Month);
-        else if (letter == u'd')
-            take(TDateUnit::Day);
-    }
-    return order;
-}
-
 bool StartsWithFolded(StringView text, StringView part) {
     return !part.empty() && text.size() >= part.size() && AnsiSameText(text.substr(0, part.size()), part);
 }
@@ -65,7 +36,7 @@ public:
     }
 
     bool TakeDate(TDateTime& value) {
-        TDateOrder order = OrderOf(FSettings.ShortDateFormat);
+        std::array<TDateUnit, 3> order = DateOrder(FSettings.ShortDateFormat);
         TCalendarDate date;
         TNumber parts[3];
         int count = 0;
@@ -85,8 +56,8 @@ public:
         if (!TryEncodeDate(date.Year, date.Month, date.Day, value))
             return false;
         // Some locales write the separator behind the last part too.
-        if (count == 3 && FSettings.DateSeparator != u' ')
-            TakeDateSeparator();
+        if (count == 3)
+            Take(FSettings.DateSeparator);
         return true;
     }
 
@@ -229,6 +200,31 @@ TDateTime Demanded(bool converted, TDateTime value, StringView text, StringView 
 }
 
 } // namespace
+
+std::array<TDateUnit, 3> DateOrder(StringView shortDateFormat) {
+    std::array<TDateUnit, 3> order{TDateUnit::Month, TDateUnit::Day, TDateUnit::Year};
+    std::size_t found = 0;
+    const auto take = [&](TDateUnit unit) {
+        const auto at = std::find(order.begin() + static_cast<std::ptrdiff_t>(found), order.end(), unit);
+        if (at != order.end())
+            std::rotate(order.begin() + static_cast<std::ptrdiff_t>(found++), at, at + 1);
+    };
+    char16_t quote = 0;
+    for (const char16_t unit : shortDateFormat) {
+        if (quote != 0 || unit == u'\'' || unit == u'"') {
+            quote = quote == 0 ? unit : unit == quote ? u'\0' : quote;
+            continue;
+        }
+        const char16_t letter = ToLowerCase(unit);
+        if (letter == u'y')
+            take(TDateUnit::Year);
+        else if (letter == u'm')
+            take(TDateUnit::Month);
+        else if (letter == u'd')
+            take(TDateUnit::Day);
+    }
+    return order;
+}
 
 int YearOfTwoDigits(int digits, int presentYear, int window) {
     const int first = window > 0 ? presentYear - window : presentYear / 100 * 100;

@@ -11,6 +11,7 @@
 
 #include "framework/system/formatsettings.h"
 
+#include <array>
 #include <optional>
 
 namespace framework {
@@ -120,6 +121,14 @@ TDateTime Time();
 /// Hours go from 1 to 12 where one of the markers for the half of the day follows before the next hour.
 String FormatDateTime(StringView format, TDateTime value, const TFormatSettings& settings = FormatSettings());
 
+/// A text by a format, and what each of its units tells: the letter of the part in lower case, n for minutes also where
+/// the format has m, a for a marker of the half of the day; a blank for what stands there literally.
+struct TDateTexts {
+    String Text;
+    String Letters;
+};
+TDateTexts FormatDateTimeParts(StringView format, TDateTime value, const TFormatSettings& settings = FormatSettings());
+
 /// By ShortDateFormat, by LongTimeFormat, and by "c".
 String DateToStr(TDateTime value, const TFormatSettings& settings = FormatSettings());
 String TimeToStr(TDateTime value, const TFormatSettings& settings = FormatSettings());
@@ -138,6 +147,10 @@ TDateTime StrToTime(StringView text, const TFormatSettings& settings = FormatSet
 /// A date, a date and a time with blanks between them, or a time.
 bool TryStrToDateTime(StringView text, TDateTime& value, const TFormatSettings& settings = FormatSettings());
 TDateTime StrToDateTime(StringView text, const TFormatSettings& settings = FormatSettings());
+
+/// Year, month and day in the order in which a short date format has their first letters; parts that it lacks follow in
+/// the order month, day, year.
+std::array<TDateUnit, 3> DateOrder(StringView shortDateFormat);
 
 /// The year that one or two digits stand for while `presentYear` lasts: the one in the hundred years that begin
 /// `window` years before it, or with 0 the one in the present century.

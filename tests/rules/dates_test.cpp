@@ -215,6 +215,10 @@ TEST(Dates, AreWrittenByFormats) {
     EXPECT_TRUE(DateTimeToStr(value, German()) == u"05.03.2024 14:07:09");
     EXPECT_TRUE(FormatDateTime(u"d mmmm yyyy", EncodeDate(2024, 10, 1), Polish()) == u"1 październik 2024");
 
+    const TDateTexts parts = FormatDateTimeParts(u"ddddd 'd' hh:mm ampm", value, American());
+    EXPECT_EQ(Utf8Encode(parts.Text), "3/5/2024 d 02:07 PM");
+    EXPECT_EQ(Utf8Encode(parts.Letters), "m d yyyy   hh nn aa");
+
     TFormatSettings circular;
     circular.ShortDateFormat = u"ddddd d";
     circular.LongTimeFormat = u"tt c";
