@@ -222,8 +222,9 @@ TEST(DateEntry, BothWaysAgreeAwayFromSeparators) {
                 const TEntryText rewritten = RewriteTypedDate(before, after, key, mask.Field);
                 const int adjustment = zamienNaDate(after.Text, key, after.SelStart, mask.Field);
                 EXPECT_EQ(Utf8Encode(after.Text), Utf8Encode(rewritten.Text));
-                if (key == u'7')
+                if (key == u'7') {
                     EXPECT_EQ(after.SelStart + adjustment, rewritten.SelStart);
+                }
             }
         }
     }
