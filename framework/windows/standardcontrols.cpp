@@ -2,10 +2,12 @@
 
 #include "framework/windows/button.h"
 #include "framework/windows/combobox.h"
+#include "framework/windows/datetimepicker.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/forms.h"
 #include "framework/windows/label.h"
 #include "framework/windows/listbox.h"
+#include "framework/windows/monthcalendar.h"
 #include "framework/windows/panel.h"
 #include "framework/windows/timer.h"
 #include "framework/windows/updown.h"
@@ -18,11 +20,13 @@ void RegisterStandardControls() {
         &TButton::StaticClass(),
         &TCheckBox::StaticClass(),
         &TComboBox::StaticClass(),
+        &TDateTimePicker::StaticClass(),
         &TEdit::StaticClass(),
         &TForm::StaticClass(),
         &TGroupBox::StaticClass(),
         &TLabel::StaticClass(),
         &TListBox::StaticClass(),
+        &TMonthCalendar::StaticClass(),
         &TPanel::StaticClass(),
         &TTimer::StaticClass(),
         &TUpDown::StaticClass(),

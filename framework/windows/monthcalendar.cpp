@@ -1,0 +1,273 @@
+#include "framework/windows/monthcalendar.h"
+
+#include "framework/windows/systemtime.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace framework {
+
+namespace {
+
+constexpr TSize kInitialSize{225, 160};
+
+} // namespace
+
+const TEnumInfo& DescribeEnum(TCalDayOfWeek) {
+    static const TEnumInfo info{u"TCalDayOfWeek",
+                                {u"dowMonday", u"dowTuesday", u"dowWednesday", u"dowThursday", u"dowFriday",
+                                 u"dowSaturday", u"dowSunday", u"dowLocaleDefault"}};
+    return info;
+}
+
+const TClassInfo& TMonthCalendar::StaticClass() {
+    namespace row = controlrows;
+    using C = TMonthCalendar;
+    static const TClassInfo info = DescribeClass<TMonthCalendar>(
+        u"TMonthCalendar", TWinControl::StaticClass(),
+        {row::Align(), row::Anchors(), row::AutoSize(false), row::BiDiMode(), row::Constraints(),
+         // The multiple choice first: it decides what the other dates mean.
+         Property<&C::GetMultiSelect, &C::SetMultiSelect>(u"MultiSelect", false),
+         Property<&C::GetDate, &C::SetDate>(u"Date").StoredWhen<&C::DateStored>(), row::DoubleBuffered(),
+         row::Enabled(), Property<&C::GetEndDate, &C::SetEndDate>(u"EndDate").StoredWhen<&C::EndDateStored>(),
+         Property<&C::GetFirstDayOfWeek, &C::SetFirstDayOfWeek>(u"FirstDayOfWeek", dowLocaleDefault), row::Font(),
+         Property<&C::GetMaxDate, &C::SetMaxDate>(u"MaxDate"),
+         Property<&C::GetMaxSelectRange, &C::SetMaxSelectRange>(u"MaxSelectRange", 31),
+         Property<&C::GetMinDate, &C::SetMinDate>(u"MinDate"), row::ParentBiDiMode(), row::ParentFont(),
+         row::ParentShowHint(), row::ShowHint(), Property<&C::GetShowToday, &C::SetShowToday>(u"ShowToday", true),
+         Property<&C::GetShowTodayCircle, &C::SetShowTodayCircle>(u"ShowTodayCircle", true), row::TabOrder(),
+         row::TabStop(true), row::Visible(), Property<&C::GetWeekNumbers, &C::SetWeekNumbers>(u"WeekNumbers", false),
+         row::OnClick(), row::OnDblClick(), row::FocusEvents(), row::KeyEvents(), row::MouseEvents(),
+         Event<&C::OnSelChange>(u"OnSelChange"), Event<&C::OnViewChange>(u"OnViewChange")});
+    return info;
+}
+
+TMonthCalendar::TMonthCalendar(TComponent* owner)
+    : TWinControl(owner), FInitialDate(framework::Date()), FDate(FInitialDate), FEndDate(FInitialDate) {
+    // The native calendar captures the mouse by itself and tells which day was picked.
+    FControlStyle >> csCaptureMouse >> csClickEvents >> csSetCaption;
+    SetBounds(0, 0, kInitialSize.Width, kInitialSize.Height);
+    SetTabStop(true);
+}
+
+// The window
+
+void TMonthCalendar::CreateParams(TCreateParams& params) {
+    TWinControl::CreateParams(params);
+    CreateSubClass(params, MONTHCAL_CLASSW);
+    if (FMultiSelect)
+        params.Style |= MCS_MULTISELECT;
+    if (!FShowToday)
+        params.Style |= MCS_NOTODAY;
+    if (!FShowTodayCircle)
+        params.Style |= MCS_NOTODAYCIRCLE;
+    if (FWeekNumbers)
+        params.Style |= MCS_WEEKNUMBERS;
+}
+
+void TMonthCalendar::CreateWnd() {
+    TWinControl::CreateWnd();
+    if (FMultiSelect)
+        SendMessageW(FHandle, MCM_SETMAXSELCOUNT, static_cast<WPARAM>(FMaxSelectRange), 0);
+    if (FFirstDayOfWeek != dowLocaleDefault)
+        SendMessageW(FHandle, MCM_SETFIRSTDAYOFWEEK, 0, FFirstDayOfWeek);
+    if (FMinDate != 0 || FMaxDate != 0)
+        ShowRange();
+    ShowSelection();
+    AdjustSize();
+}
+
+bool TMonthCalendar::CanAutoSize(int& newWidth, int& newHeight) {
+    if (!HandleAllocated())
+        return false;
+    const TSize size = GetRequiredSize();
+    newWidth = size.Width;
+    newHeight = size.Height;
+    return true;
+}
+
+void TMonthCalendar::CMFontChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TWinControl::CMFontChanged(message);
+    if (alive)
+        AdjustSize();
+}
+
+TSize TMonthCalendar::GetRequiredSize() const {
+    RECT required{};
+    SendMessageW(GetHandle(), MCM_GETMINREQRECT, 0, reinterpret_cast<LPARAM>(&required));
+    // The line that names the present day may be wider than the days.
+    const auto today = FShowToday ? static_cast<int>(SendMessageW(GetHandle(), MCM_GETMAXTODAYWIDTH, 0, 0)) : 0;
+    return {std::max(static_cast<int>(required.right - required.left), today),
+            static_cast<int>(required.bottom - required.top)};
+}
+
+TCalendarView TMonthCalendar::GetCurrentView() const {
+    return HandleAllocated() ? static_cast<TCalendarView>(SendMessageW(FHandle, MCM_GETCURRENTVIEW, 0, 0)) : cvMonth;
+}
+
+void TMonthCalendar::SetCurrentView(TCalendarView value) {
+    SendMessageW(GetHandle(), MCM_SETCURRENTVIEW, 0, value);
+}
+
+// Dates
+
+TDateTime TMonthCalendar::Bounded(TDateTime value) const {
+    if (FMaxDate != 0 && value > FMaxDate)
+        return FMaxDate;
+    return FMinDate != 0 && value < FMinDate ? FMinDate : value;
+}
+
+void TMonthCalendar::SetDate(TDateTime value) {
+    value = Bounded(DateOf(value));
+    if (FDate == value)
+        return;
+    const TDateTime days = FEndDate - FDate;
+    FDate = value;
+    FEndDate = Bounded(FMultiSelect ? value + days : value);
+    if (HandleAllocated())
+        ShowSelection();
+}
+
+void TMonthCalendar::SetEndDate(TDateTime value) {
+    value = Bounded(DateOf(value));
+    if (GetEndDate() == value)
+        return;
+    if (!FMultiSelect || value < FDate) {
+        FEndDate = value;
+        FDate = value;
+    } else {
+        FEndDate = std::min(value, FDate + FMaxSelectRange - 1);
+    }
+    if (HandleAllocated())
+        ShowSelection();
+}
+
+void TMonthCalendar::SetMaxDate(TDateTime value) {
+    value = DateOf(value);
+    if (FMaxDate == value)
+        return;
+    FMaxDate = value;
+    if (HandleAllocated())
+        ShowRange();
+    SetDate(FDate);
+}
+
+void TMonthCalendar::SetMinDate(TDateTime value) {
+    value = DateOf(value);
+    if (FMinDate == value)
+        return;
+    FMinDate = value;
+    if (HandleAllocated())
+        ShowRange();
+    SetDate(FDate);
+}
+
+void TMonthCalendar::ShowRange() {
+    TCalendarRange range = CalendarRange(FMinDate, FMaxDate);
+    SendMessageW(FHandle, MCM_SETRANGE, range.Which, reinterpret_cast<LPARAM>(range.Days));
+}
+
+void TMonthCalendar::ShowSelection() {
+    SYSTEMTIME days[2] = {ToSystemTime(std::max(FDate, FirstCalendarDay)),
+                          ToSystemTime(std::max(FEndDate, FirstCalendarDay))};
+    if (FMultiSelect)
+        SendMessageW(FHandle, MCM_SETSELRANGE, 0, reinterpret_cast<LPARAM>(days));
+    else
+        SendMessageW(FHandle, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(days));
+}
+
+// Setters
+
+void TMonthCalendar::ChangeStyle(bool& field, bool value) {
+    if (field == value)
+        return;
+    field = value;
+    RecreateWnd();
+}
+
+void TMonthCalendar::SetFirstDayOfWeek(TCalDayOfWeek value) {
+    if (FFirstDayOfWeek == value)
+        return;
+    FFirstDayOfWeek = value;
+    if (value == dowLocaleDefault)
+        RecreateWnd(); // only a new window asks the locale again
+    else if (HandleAllocated())
+        SendMessageW(FHandle, MCM_SETFIRSTDAYOFWEEK, 0, value);
+}
+
+void TMonthCalendar::SetMaxSelectRange(int value) {
+    value = std::max(value, 1);
+    if (FMaxSelectRange == value)
+        return;
+    FMaxSelectRange = value;
+    FEndDate = std::min(FEndDate, FDate + value - 1);
+    if (!HandleAllocated() || !FMultiSelect)
+        return;
+    ShowSelection();
+    SendMessageW(FHandle, MCM_SETMAXSELCOUNT, static_cast<WPARAM>(value), 0);
+}
+
+void TMonthCalendar::SetMultiSelect(bool value) {
+    if (FMultiSelect == value)
+        return;
+    FEndDate = FDate;
+    ChangeStyle(FMultiSelect, value);
+}
+
+void TMonthCalendar::SetShowToday(bool value) {
+    ChangeStyle(FShowToday, value);
+}
+
+void TMonthCalendar::SetShowTodayCircle(bool value) {
+    ChangeStyle(FShowTodayCircle, value);
+}
+
+void TMonthCalendar::SetWeekNumbers(bool value) {
+    ChangeStyle(FWeekNumbers, value);
+}
+
+// Notifications
+
+void TMonthCalendar::CNNotify(TMessage& message) {
+    const auto& header = *reinterpret_cast<const NMHDR*>(message.LParam);
+    switch (header.code) {
+    case MCN_SELCHANGE: {
+        const auto& change = *reinterpret_cast<const NMSELCHANGE*>(message.LParam);
+        TakeSelection(change.stSelStart, change.stSelEnd);
+        return;
+    }
+    case MCN_SELECT: {
+        const auto& choice = *reinterpret_cast<const NMSELCHANGE*>(message.LParam);
+        TLifeGuard alive(*this);
+        TakeSelection(choice.stSelStart, choice.stSelEnd);
+        if (alive)
+            Click();
+        return;
+    }
+    case MCN_VIEWCHANGE:
+        return ViewChange();
+    default:
+        TWinControl::CNNotify(message);
+    }
+}
+
+void TMonthCalendar::TakeSelection(const SYSTEMTIME& first, const SYSTEMTIME& last) {
+    const TDateTime date = DateOf(FromSystemTime(first));
+    const TDateTime endDate = FMultiSelect ? DateOf(FromSystemTime(last)) : date;
+    if (FDate == date && FEndDate == endDate)
+        return; // native calendars tell of the same choice from time to time
+    FDate = date;
+    FEndDate = endDate;
+    SelChange();
+}
+
+void TMonthCalendar::SelChange() {
+    Fire(*this, OnSelChange, this);
+}
+
+void TMonthCalendar::ViewChange() {
+    Fire(*this, OnViewChange, this);
+}
+
+} // namespace framework
