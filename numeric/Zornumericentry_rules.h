@@ -97,6 +97,10 @@ constexpr bool ChangesText(char16_t key) {
 /// The selection, brought inside a text of that length.
 TEntrySelection SelectionWithin(TEntrySelection selection, std::size_t length);
 
+/// `text` in place of an unreadable one: the caret goes to where, before it, the two begin to differ, so that a
+/// character taken back leaves it where it was.
+TEntryState RepairedState(const TEntryState& unreadable, String text);
+
 /// Whole part of the number, towards zero; numbers beyond the range of an int give its ends, NaN gives 0.
 int TruncatedToInt(Extended value);
 

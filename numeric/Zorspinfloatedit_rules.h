@@ -9,6 +9,7 @@
 // read.
 
 #include "foundation/Zormessages_rules.h"
+#include "numeric/Zorduration_rules.h"
 #include "numeric/Zorfloatedit_rules.h"
 
 #include <array>
@@ -41,10 +42,6 @@ inline constexpr int UnboundedMinutes = 599999;
 /// The separator character of the mode: the locale's decimal separator, in tTime its time separator (":" in a locale
 /// that has none).
 char16_t TrybSeparator(TTryb mode, const TFormatSettings& settings);
-
-/// Minutes as hours and minutes, towards zero: each of at least two digits, "-" in front when the value is below 0.
-/// Beyond 9e18 minutes all values look alike.
-String ValueToTimeStr(Extended value, char16_t separator);
 
 // Value and range
 
@@ -137,19 +134,18 @@ TEntryChange SpinFloatChange(const TEntryState& state, StringView lastValidText,
 /// The whole text after a paste; empty where the clipboard's text does not read in this mode.
 String PasteSpinFloat(StringView clipboardText, const TSpinFloatEntry& entry, const TFormatSettings& settings);
 
-enum class TTimePart { Hours, Minutes };
-
-/// The part of a duration in which the selection begins.
+/// The part of a duration in which the selection begins; in tStandard the hours.
 TTimePart TimePartAt(const TEntryState& state, const TSpinFloatEntry& entry, const TFormatSettings& settings);
-/// MakeSelection: the whole part, without the sign; in tStandard the whole text.
+/// MakeSelection, and what is selected when the field is entered: the whole part of a duration, without the sign; in
+/// tStandard the whole text.
 TEntrySelection TimePartSelection(StringView text, TTimePart part, const TSpinFloatEntry& entry,
                                   const TFormatSettings& settings);
 
 /// The field after `steps` steps up (or down when negative), by an arrow key, the up-down or the wheel: the value
 /// within the range, the same part selected again or the caret at its distance from the end of the text. A step is
-/// Increment, for durations in the unit of the part where the caret stands and at least a minute. With Zaokraglaj a
-/// value that is no multiple first goes to the next multiple on its way. An unreadable text counts as MinValue. Nothing
-/// changes for an Increment of 0.
+/// Increment, for durations in whole minutes, or hours, as the caret stands, and never less than the last place of the
+/// text. With Zaokraglaj a value that is no multiple first goes to the next multiple on its way. An unreadable text
+/// counts as MinValue. Nothing changes for an Increment of 0, nor in a read-only field.
 TEntryState StepSpinFloat(const TEntryState& state, int steps, const TSpinFloatEntry& entry,
                           const TFormatSettings& settings);
 

@@ -1,0 +1,325 @@
+#include "numeric/Zorspinfloatedit_rules.h"
+
+#include "framework/system/strings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace ZOR {
+
+namespace {
+
+bool IsDuration(const TSpinFloatEntry& entry) {
+    return entry.Tryb != tStandard;
+}
+
+TDurationForm Form(const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    const TMinutesForm minutes = entry.Tryb == tTimeDecimal ? TMinutesForm::Hundredths : TMinutesForm::Minutes;
+    return {minutes, TrybSeparator(entry.Tryb, settings), entry.MinValue < 0};
+}
+
+bool IsReadable(TNumberText kind) {
+    return kind != TNumberText::Empty && kind != TNumberText::Unreadable;
+}
+
+/// The last decimal of the field as a number.
+Extended LastDecimal(const TSpinFloatEntry& entry) {
+    Extended unit = 1;
+    for (int place = UsedDecimals(entry.Decimals); place > 0; --place)
+        unit *= 10;
+    return 1 / unit;
+}
+
+String PlainText(Extended value, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    return IsDuration(entry) ? DurationText(value, Form(entry, settings)) : NumberText(value, entry.Decimals, settings);
+}
+
+/// A bound of the range, or the outermost multiple of Increment inside it.
+Extended Bound(Extended bound, TStepDirection inwards, const TSpinFloatEntry& entry) {
+    if (!entry.Zaokraglaj)
+        return bound;
+    const Extended multiple = RozRound(bound, std::fabs(WrittenSingle(entry.Increment)), inwards);
+    return CheckSpinFloatValueEx(multiple, entry) == 0 ? multiple : bound;
+}
+
+/// A step that the field's text can show: for durations whole minutes, and at least the last place of the text.
+Extended UsedStep(const TSpinFloatEntry& entry) {
+    const Extended step = WrittenSingle(entry.Increment);
+    if (step == 0)
+        return step;
+    const Extended least = IsDuration(entry) ? 1 : LastDecimal(entry);
+    const Extended size = IsDuration(entry) ? std::floor(std::fabs(step) + 0.5L) : std::fabs(step);
+    return std::copysign(std::max(size, least), step);
+}
+
+Extended Stepped(Extended value, int steps, TTimePart part, const TSpinFloatEntry& entry) {
+    constexpr int minutesPerHour = 60;
+    const Extended unit = UsedStep(entry);
+    if (IsDuration(entry) && part == TTimePart::Hours) {
+        const Extended hours = value + steps * unit * minutesPerHour;
+        return entry.Zaokraglaj ? RozRound(hours, unit, TStepDirection::None) : hours;
+    }
+    if (entry.Zaokraglaj && !IsMultiple(value, unit)) {
+        const bool goesUp = (steps > 0) == (unit > 0);
+        value = RozRound(value, std::fabs(unit), goesUp ? TStepDirection::Up : TStepDirection::Down);
+        steps -= steps > 0 ? 1 : -1;
+    }
+    return DecimalSum(value, steps * unit);
+}
+
+/// What leads from one state to another; the native edit gets no key.
+TKeyAction Becomes(const TEntryState& before, TEntryState after) {
+    TKeyAction action;
+    action.Selection = after.Selection;
+    if (after.Text != before.Text)
+        action.Text = std::move(after.Text);
+    return action;
+}
+
+TKeyAction DurationKeyPress(char16_t key, const TEntryState& state, const TDurationForm& form) {
+    const bool isDigit = key >= u'0' && key <= u'9';
+    TKeyAction rejects;
+    rejects.ReachesHost = false;
+    if (isDigit) {
+        std::optional<TEntryState> typed = TypeDurationDigit(key, state, form);
+        return typed ? Becomes(state, std::move(*typed)) : TKeyAction{};
+    }
+    if (key == form.Separator || key == u'.' || key == u',' || key == u':')
+        return Becomes(state, GoToMinutes(state, form));
+    const bool isNegative = !state.Text.empty() && state.Text.front() == u'-';
+    if ((key == u'-' && form.MayBeNegative) || (key == u'+' && isNegative))
+        return Becomes(state, TurnSign(state, form));
+    return rejects;
+}
+
+} // namespace
+
+char16_t TrybSeparator(TTryb mode, const TFormatSettings& settings) {
+    if (mode != tTime)
+        return settings.DecimalSeparator;
+    return settings.TimeSeparator != u'\0' ? settings.TimeSeparator : u':';
+}
+
+// Value and range
+
+String SpinFloatText(Extended value, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    String text = PlainText(value, entry, settings);
+    if (entry.MinValue == entry.MaxValue || CheckSpinFloatValueEx(value, entry) != 0)
+        return text;
+    // Rounding may have led out of the range.
+    const int side = CheckSpinFloatValueEx(ReadSpinFloat(text, entry, settings).Value, entry);
+    if (side == 0)
+        return text;
+    const Extended unit = IsDuration(entry) ? 1 : LastDecimal(entry);
+    const TStepDirection inwards = side < 0 ? TStepDirection::Up : TStepDirection::Down;
+    return PlainText(RozRound(value, unit, inwards), entry, settings);
+}
+
+TNumberReading ReadSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    TNumberReading reading =
+        IsDuration(entry) ? ReadDuration(text, Form(entry, settings)) : ReadNumberWithPoints(text, settings);
+    if (!IsReadable(reading.Kind))
+        reading.Value = entry.MinValue;
+    return reading;
+}
+
+int CheckSpinFloatValueEx(Extended value, const TSpinFloatEntry& entry) {
+    if (entry.MinValue == entry.MaxValue)
+        return 0;
+    if (value < entry.MinValue)
+        return -1;
+    return entry.MaxValue > 0 && value > entry.MaxValue ? 1 : 0;
+}
+
+Extended CheckSpinFloatValue(Extended value, const TSpinFloatEntry& entry) {
+    if (entry.MinValue == entry.MaxValue) {
+        constexpr Extended limit = UnboundedMinutes;
+        return IsDuration(entry) ? std::clamp(value, -limit, limit) : value;
+    }
+    const int side = CheckSpinFloatValueEx(value, entry);
+    if (side == 0)
+        return value;
+    return side < 0 ? Bound(entry.MinValue, TStepDirection::Up, entry)
+                    : Bound(entry.MaxValue, TStepDirection::Down, entry);
+}
+
+TSpinFloatWrite WriteSpinFloat(StringView text, Extended value, const TSpinFloatEntry& entry,
+                               const TFormatSettings& settings) {
+    TSpinFloatWrite write;
+    const TNumberReading present = ReadSpinFloat(text, entry, settings);
+    const Extended unit = LastDecimal(entry);
+    write.SameValue = IsReadable(present.Kind) && RozRound(present.Value, unit, TStepDirection::None) ==
+                                                      RozRound(value, unit, TStepDirection::None);
+    if (write.SameValue)
+        return write;
+    String written = SpinFloatText(CheckSpinFloatValue(value, entry), entry, settings);
+    if (written != text)
+        write.Text = std::move(written);
+    write.OutOfRange = CheckSpinFloatValueEx(value, entry) != 0;
+    return write;
+}
+
+TTrybChange ChangeTryb(TTryb mode, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    TSpinFloatEntry changed = entry;
+    changed.Tryb = mode;
+    if (mode == tStandard)
+        changed.Increment = 0.01F;
+    else if (!(changed.Increment >= 1))
+        changed.Increment = 1;
+    // A new duration begins at nothing even where the range does not.
+    const Extended shown = mode == tTime ? 0 : CheckSpinFloatValue(0, changed);
+    const String text = mode == tTime ? PlainText(shown, changed, settings) : SpinFloatText(shown, changed, settings);
+    return {changed.Increment, text, CheckSpinFloatValueEx(0, changed) != 0};
+}
+
+TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    TSpinFloatLeave leave;
+    const TNumberReading reading = ReadSpinFloat(text, entry, settings);
+    if (reading.Kind == TNumberText::Unreadable)
+        return leave;
+    Extended value = reading.Value;
+    leave.Accepted = CheckSpinFloatValueEx(value, entry) == 0;
+    if (leave.Accepted) {
+        const Extended step = WrittenSingle(entry.Increment);
+        if (IsDuration(entry) && entry.Zaokraglaj && !IsMultiple(value, step))
+            value = RozRound(value, step, TStepDirection::None);
+        value = CheckSpinFloatValue(value, entry);
+    }
+    String written = SpinFloatText(value, entry, settings);
+    if (written != text)
+        leave.Text = std::move(written);
+    return leave;
+}
+
+TMessageText RangeMessage(const TSpinFloatEntry& entry, TMessageLanguage language, const TFormatSettings& settings) {
+    if (language != TMessageLanguage::Polish)
+        return {u"An invalid value.", u"Error"};
+    TMessageText message{u"Wprowadzono nieprawidłową wartość.", u"Błąd"};
+    if (entry.MinValue == entry.MaxValue)
+        return message;
+    const bool hasTop = entry.MaxValue > 0;
+    const StringView range =
+        hasTop ? u"\nWartość powinna mieścić się w zakresie [%1 - %2]." : u"\nWartość powinna być większa od [%1].";
+    const String filled = StringReplace(range, u"%1", PlainText(entry.MinValue, entry, settings));
+    message.Text += StringReplace(filled, u"%2", PlainText(entry.MaxValue, entry, settings));
+    return message;
+}
+
+Currency SpinFloatCurrency(Extended value) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    const Currency greatest = Currency::FromUnits(Limits::max());
+    const Currency least = Currency::FromUnits(Limits::min());
+    if (std::isnan(value))
+        return {};
+    if (value >= greatest.AsFloat())
+        return greatest;
+    return value <= least.AsFloat() ? least : Currency(value);
+}
+
+// Keys, caret and wheel
+
+char16_t KeypadDecimalChar(const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    return TrybSeparator(entry.Tryb, settings);
+}
+
+TKeyAction SpinFloatKeyPress(char16_t key, const TEntryState& state, const TSpinFloatEntry& entry,
+                             const TFormatSettings& settings) {
+    if (!IsDuration(entry))
+        return FloatKeyPress(key, state, entry, settings);
+    constexpr char16_t backspace = u'\b';
+    const TDurationForm form = Form(entry, settings);
+    TKeyAction action;
+    action.Key = key;
+    action.ReachesHost = false;
+    const bool isRefused = key == 0 || key == u'\r' || (!entry.EditorEnabled && ChangesText(key));
+    if (isRefused) {
+        action.Key = 0;
+        return action;
+    }
+    action.ReachesHost = true;
+    if (entry.ReadOnly || (IsCommandChar(key) && key != backspace))
+        return action;
+    if (key != backspace)
+        return DurationKeyPress(key, state, form);
+    std::optional<TEntryState> erased = EraseInDuration(false, state, form);
+    return erased ? Becomes(state, std::move(*erased)) : action;
+}
+
+std::optional<TKeyAction> SpinFloatKeyDown(TCaretKey key, const TEntryState& state, const TSpinFloatEntry& entry,
+                                           const TFormatSettings& settings) {
+    if (!IsDuration(entry))
+        return std::nullopt;
+    const TDurationForm form = Form(entry, settings);
+    if (key != TCaretKey::Delete) {
+        const std::optional<TEntrySelection> selection = CrossSeparator(key == TCaretKey::Right, state, form);
+        if (!selection)
+            return std::nullopt;
+        TKeyAction action;
+        action.Selection = selection;
+        return action;
+    }
+    if (!entry.EditorEnabled)
+        return TKeyAction{};
+    if (entry.ReadOnly)
+        return std::nullopt;
+    std::optional<TEntryState> erased = EraseInDuration(true, state, form);
+    if (!erased)
+        return std::nullopt;
+    return Becomes(state, std::move(*erased));
+}
+
+TEntryChange SpinFloatChange(const TEntryState& state, StringView lastValidText, const TSpinFloatEntry& entry,
+                             const TFormatSettings& settings) {
+    if (!IsDuration(entry))
+        return FloatChange(state, lastValidText, entry, settings);
+    const TDurationForm form = Form(entry, settings);
+    TEntryChange change;
+    const TNumberText kind = ReadDuration(state.Text, form).Kind;
+    change.IsValid = kind == TNumberText::Number;
+    if (kind != TNumberText::Unreadable)
+        return change;
+    const bool lastIsValid = ReadDuration(lastValidText, form).Kind == TNumberText::Number;
+    change.Repair = RepairedState(state, lastIsValid ? String(lastValidText) : DurationText(0, form));
+    change.IsValid = true;
+    return change;
+}
+
+String PasteSpinFloat(StringView clipboardText, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    if (!IsDuration(entry))
+        return PasteFloat(clipboardText, settings);
+    const TDurationForm form = Form(entry, settings);
+    const TNumberReading reading = ReadDuration(clipboardText, form);
+    return IsReadable(reading.Kind) ? DurationText(reading.Value, form) : String();
+}
+
+TTimePart TimePartAt(const TEntryState& state, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    return IsDuration(entry) ? TimePartAt(state, TrybSeparator(entry.Tryb, settings)) : TTimePart::Hours;
+}
+
+TEntrySelection TimePartSelection(StringView text, TTimePart part, const TSpinFloatEntry& entry,
+                                  const TFormatSettings& settings) {
+    if (!IsDuration(entry))
+        return {0, static_cast<int>(text.size())};
+    return TimePartSelection(text, part, TrybSeparator(entry.Tryb, settings));
+}
+
+TEntryState StepSpinFloat(const TEntryState& state, int steps, const TSpinFloatEntry& entry,
+                          const TFormatSettings& settings) {
+    if (steps == 0 || UsedStep(entry) == 0 || entry.ReadOnly)
+        return state;
+    const TTimePart part = TimePartAt(state, entry, settings);
+    const Extended value = ReadSpinFloat(state.Text, entry, settings).Value;
+    const Extended stepped = CheckSpinFloatValue(Stepped(value, steps, part, entry), entry);
+    TEntryState after{SpinFloatText(stepped, entry, settings), {}};
+    const TEntrySelection before = SelectionWithin(state.Selection, state.Text.size());
+    if (IsDuration(entry) || before.Length == static_cast<int>(state.Text.size())) {
+        after.Selection = TimePartSelection(after.Text, part, entry, settings);
+    } else {
+        const int growth = static_cast<int>(after.Text.size()) - static_cast<int>(state.Text.size());
+        after.Selection = SelectionWithin({before.Start + growth, before.Length}, after.Text.size());
+    }
+    return after;
+}
+
+} // namespace ZOR
