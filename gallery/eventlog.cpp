@@ -5,6 +5,7 @@
 #include "framework/system/strings.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace gallery {
 
@@ -40,8 +41,10 @@ void TEventLog::Add(const String& component, const String& event, const String& 
         ++FLines.back().Times;
         FLines.back().Arguments = arguments;
     } else {
-        if (FLines.size() == kMostLines)
+        if (FLines.size() == kMostLines) {
             FLines.pop_front();
+            ++FDropped;
+        }
         FLines.push_back({FNextNumber++, component, event, arguments, 1});
     }
     if (!FChanged && HandleAllocated())
@@ -52,6 +55,7 @@ void TEventLog::Clear() {
     FLines.clear();
     FNextNumber = 1;
     FShownCount = 0;
+    FDropped = 0;
     RowsChanged();
 }
 
@@ -64,6 +68,7 @@ void TEventLog::Dispatch(TMessage& message) {
     // The view follows the end unless somebody has scrolled away from it.
     const bool atEnd = GetTopIndex() + RowsInView() >= FShownCount;
     FShownCount = GetCount();
+    RowsRemovedAbove(std::exchange(FDropped, 0));
     RowsChanged();
     if (atEnd)
         SetTopIndex(GetCount());

@@ -45,6 +45,7 @@ private:
     std::deque<TLine> FLines;
     std::uint64_t FNextNumber = 1;
     int FShownCount = 0;   // lines when the view last followed them
+    int FDropped = 0;      // lines that went at the beginning since then
     bool FChanged = false; // a message that shows the new lines is on its way
 };
 

@@ -444,7 +444,7 @@ TRect TInspector::EditRect() const {
     const int row = GetItemIndex();
     TRect rect = RowRect(row);
     rect.Left = DividerX() + kTextMargin - 1;
-    rect.Top += 1 + FRowPadding - 1;
+    rect.Top += FRowPadding;
     rect.Bottom -= 1;
     if (HasButton(row))
         rect.Right -= kButtonWidth;

@@ -156,6 +156,7 @@ int Run(const TOptions& options) {
     }
     TheApplication().SetMainForm(gallery.get());
     TheApplication().Run();
+    TheApplication().OnException = nullptr;
     return player ? player->ExitCode() : 0;
 }
 

@@ -73,6 +73,10 @@ void TGalleryForm::PageListSelect(TObject*) {
         ShowPage(LoadFormFile(FPages[static_cast<std::size_t>(index)].FormFile));
 }
 
+void TGalleryForm::ScrollIntoView(const TControl& control) {
+    FPageArea->ScrollIntoView(control);
+}
+
 void TGalleryForm::ShowFile(const String& fileName) {
     std::unique_ptr<TCustomForm> page = LoadFormFile(fileName);
     const std::size_t separator = fileName.find_last_of(u"/\\");
@@ -127,6 +131,10 @@ void TGalleryForm::InspectUnderMouse(MSG& message, bool& handled) {
     while (control && control->GetName().empty())
         control = control->GetParent(); // a caption label, for instance
     if (!control || !FPage->ContainsControl(control))
+        return;
+    // What takes the focus is inspected then, and may have a use of its own for such a click.
+    const auto* window = As<TWinControl>(control);
+    if (window && window->GetTabStop() && window->CanFocus())
         return;
     Inspect(control);
     handled = true;

@@ -143,7 +143,9 @@ bool TPageArea::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos)
         return true;
     if (!FPage || FLayout.Most.Y == 0)
         return false;
-    ScrollTo({FPosition.X, FPosition.Y - wheelDelta * 2 * kLine / WHEEL_DELTA});
+    FWheelRest += wheelDelta * 2 * kLine;
+    ScrollTo({FPosition.X, FPosition.Y - FWheelRest / WHEEL_DELTA});
+    FWheelRest %= WHEEL_DELTA;
     return true;
 }
 

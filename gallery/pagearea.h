@@ -34,6 +34,7 @@ private:
     TSize FDesigned;
     TPageLayout FLayout;
     TPoint FPosition;
+    int FWheelRest = 0; // parts of a notch that have not scrolled yet
     bool FLayingOut = false;
 };
 

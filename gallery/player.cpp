@@ -136,9 +136,20 @@ void TPlayer::Finish() {
 
 bool TPlayer::Execute(const TScriptCommand& command) {
     FLine = command.Line;
-    TPoint point = FLastPoint;
-    if (!command.Target.Name.empty() && !Reaches(command.Target, point))
+    try {
+        return Try(command);
+    } catch (const EComponentError&) {
+        // Like a person, the player waits a moment for what is not there yet.
+        if (TimeIsUp(command.Action == TScriptAction::Wait ? command.Milliseconds : kExpectMilliseconds))
+            throw;
         return false;
+    }
+}
+
+bool TPlayer::Try(const TScriptCommand& command) {
+    if (!command.Target.Name.empty())
+        FLastPoint = FindPoint(command.Target);
+    const TPoint point = FLastPoint;
     switch (command.Action) {
     case TScriptAction::Click:
         QueueClick(command, point);
@@ -266,7 +277,10 @@ bool TPlayer::Holds(const TScriptCommand& command, int milliseconds) {
 }
 
 bool TPlayer::Shows(StringView name) const {
-    const auto* control = As<TWinControl>(FindNamed(name));
+    const TPersistent* object = FindNamed(name);
+    if (object == &FMessageBox)
+        return true;
+    const auto* control = As<TWinControl>(object);
     return control && control->HandleAllocated() && IsWindowVisible(control->GetHandle());
 }
 
@@ -300,6 +314,8 @@ TCustomForm* TPlayer::FindPopup() const {
 TPersistent* TPlayer::FindNamed(StringView name) const {
     if (SameText(name, u"Popup"))
         return FindPopup();
+    if (SameText(name, u"MessageBox"))
+        return FMessageBox.Find() ? &FMessageBox : nullptr;
     if (SameText(name, u"Hint"))
         return FindControl(FindWindowW(L"THintWindow", nullptr));
     return FGallery.FindByName(name);
@@ -326,6 +342,7 @@ TRect TPlayer::FindPlace(const TScriptTarget& target) const {
     auto* control = As<TControl>(&FindObject(target.Name));
     if (!control)
         throw EComponentError(target.Name + u" is not visible at all");
+    FGallery.ScrollIntoView(*control);
     if (target.Part.empty())
         return ScreenRect(*control);
     const auto place = FindPart(*control, target.Part);
@@ -335,17 +352,6 @@ TRect TPlayer::FindPlace(const TScriptTarget& target) const {
     for (const String& word : target.Part)
         words += u" " + word;
     throw EComponentError(target.Name + u" does not know its part" + words);
-}
-
-bool TPlayer::Reaches(const TScriptTarget& target, TPoint& point) {
-    try {
-        point = FLastPoint = FindPoint(target);
-    } catch (const EComponentError&) {
-        if (TimeIsUp(kExpectMilliseconds))
-            throw;
-        return false;
-    }
-    return true;
 }
 
 TPoint TPlayer::FindPoint(const TScriptTarget& target) const {

@@ -6,6 +6,7 @@
 #include "framework/windows/timer.h"
 #include "gallery/inspector_rules.h"
 #include "gallery/mainform.h"
+#include "gallery/messageboxview.h"
 #include "gallery/playerinput.h"
 
 #include <deque>
@@ -41,6 +42,8 @@ private:
     void End(const TScript& script);
     /// True once the command is done; false to be called again at the next tick.
     bool Execute(const TScriptCommand& command);
+    /// The same, but EComponentError when something that the command names is not there.
+    bool Try(const TScriptCommand& command);
     void QueueClick(const TScriptCommand& command, TPoint point);
     void Queue(TInputs inputs);
     /// Moves the pointer there with the keys held down, and waits until the system agrees to both.
@@ -58,17 +61,16 @@ private:
 
     /// The form beside the gallery and its page: the last one that shows or, failing that, the last one.
     TCustomForm* FindPopup() const;
-    /// Null when there is none. "Popup" and "Hint" are the ones on the screen.
+    /// Null when there is none. "Popup", "Hint" and "MessageBox" are the ones on the screen.
     TPersistent* FindNamed(StringView name) const;
     TPersistent& FindObject(StringView name) const;
     TInspectorRow FindProperty(StringView path) const;
     /// The place of a target on the screen, in pixels.
     TRect FindPlace(const TScriptTarget& target) const;
     TPoint FindPoint(const TScriptTarget& target) const;
-    /// False while the target is not there: like a person, the player waits a moment for it. Then EComponentError.
-    bool Reaches(const TScriptTarget& target, TPoint& point);
 
     TGalleryForm& FGallery;
+    mutable TMessageBoxView FMessageBox;
     String FShotsFolder;
     std::vector<TScript> FScripts;
     std::size_t FScript = 0; // the one that is played

@@ -14,7 +14,8 @@
 //     wheel Inspector -3                     notches, away from the person when positive
 //     set MainForm.Width = 1000
 //     wait NameEdit.Text = "Jan" within 5000 milliseconds; 3000 when not said
-//     wait for Popup                         until it shows
+//     wait for Popup                         until it shows; also Hint, MessageBox and any control
+//     expect MessageBox.Text contains "date" answer it with a key: Enter, Esc
 //     expect NameEdit.Text = "Jan"           also: <> and contains
 //     shot filled                            a picture
 //

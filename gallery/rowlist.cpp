@@ -130,6 +130,11 @@ void TRowList::RowsChanged() {
     Scrolled();
 }
 
+void TRowList::RowsRemovedAbove(int count) {
+    FItemIndex = std::max(-1, FItemIndex - count);
+    FTopIndex = std::max(0, FTopIndex - count);
+}
+
 void TRowList::InvalidateRow(int row) {
     if (row < 0 || !HandleAllocated())
         return;

@@ -56,6 +56,8 @@ protected:
     virtual TColor RowBackground(int row, bool selected) const;
     /// The number or height of rows changed: puts scroll bar and selection in order and repaints.
     void RowsChanged();
+    /// Rows went at the beginning: the selection and the view keep to the rows that they had. RowsChanged follows.
+    void RowsRemovedAbove(int count);
     void InvalidateRow(int row);
     /// The user moved the selection, or the program did.
     virtual void SelectionChanged();

@@ -5,7 +5,7 @@ ZOR_WINDOWS_PACKAGES=(cmake ninja-build clang lld g++-mingw-w64-x86-64-posix
     wine wine64 xvfb fonts-wine fonts-liberation libsqliteodbc odbc-postgresql)
 ZOR_DEMO_PACKAGES=("${ZOR_WINDOWS_PACKAGES[@]}")
 ZOR_TEST_PACKAGES=("${ZOR_WINDOWS_PACKAGES[@]}" g++ libclang-rt-14-dev clang-format clang-tidy git python3
-    googletest libgtest-dev unixodbc-dev xdotool)
+    googletest libgtest-dev unixodbc-dev)
 
 install_missing() {
     if ! command -v dpkg-query >/dev/null; then

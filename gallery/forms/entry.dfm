@@ -441,15 +441,15 @@ object EntryPage: TEntryPage
     end
     object OptionsPanel: TPanel
       Left = 508
-      Top = 16
+      Top = 20
       Width = 212
-      Height = 114
+      Height = 108
       BevelOuter = bvLowered
       ShowCaption = False
       TabOrder = 8
       object ConsentBox: TCheckBox
         Left = 10
-        Top = 8
+        Top = 7
         Width = 194
         Height = 17
         Hint =
@@ -462,7 +462,7 @@ object EntryPage: TEntryPage
       end
       object NewsletterBox: TCheckBox
         Left = 10
-        Top = 34
+        Top = 32
         Width = 194
         Height = 17
         AllowGrayed = True
@@ -472,7 +472,7 @@ object EntryPage: TEntryPage
       end
       object ReadOnlyBox: TCheckBox
         Left = 10
-        Top = 60
+        Top = 58
         Width = 194
         Height = 17
         Caption = 'Uwagi tylko do odczytu'
@@ -481,7 +481,7 @@ object EntryPage: TEntryPage
       end
       object DiscountBox: TCheckBox
         Left = 10
-        Top = 86
+        Top = 83
         Width = 194
         Height = 17
         Caption = 'Rabat przys'#322'uguje'
@@ -553,7 +553,7 @@ object EntryPage: TEntryPage
     object FlatEdit: TZOREdit
       Left = 16
       Top = 36
-      Width = 106
+      Width = 104
       Height = 21
       Ctl3D = False
       ParentCtl3D = False
@@ -571,9 +571,9 @@ object EntryPage: TEntryPage
       BoundLabel.Layout = clTopLeft
     end
     object FlatRequiredEdit: TZOREdit
-      Left = 135
+      Left = 136
       Top = 36
-      Width = 106
+      Width = 104
       Height = 21
       Ctl3D = False
       ParentCtl3D = False
@@ -591,9 +591,9 @@ object EntryPage: TEntryPage
       BoundLabel.Layout = clTopLeft
     end
     object SunkenEdit: TZOREdit
-      Left = 254
+      Left = 256
       Top = 36
-      Width = 106
+      Width = 104
       Height = 21
       TabOrder = 2
       Text = 'bez wymaga'#324
@@ -609,9 +609,9 @@ object EntryPage: TEntryPage
       BoundLabel.Layout = clTopLeft
     end
     object RightToLeftEdit: TZOREdit
-      Left = 373
+      Left = 376
       Top = 36
-      Width = 106
+      Width = 104
       Height = 21
       BiDiMode = bdRightToLeft
       ParentBiDiMode = False
@@ -629,9 +629,9 @@ object EntryPage: TEntryPage
       BoundLabel.Layout = clTopRight
     end
     object ColorsEdit: TZOREdit
-      Left = 492
+      Left = 496
       Top = 36
-      Width = 106
+      Width = 104
       Height = 21
       TabOrder = 4
       OnChange = FieldChange
@@ -650,9 +650,9 @@ object EntryPage: TEntryPage
       BoundLabel.Layout = clTopLeft
     end
     object ClickEdit: TZOREdit
-      Left = 611
+      Left = 616
       Top = 36
-      Width = 106
+      Width = 104
       Height = 21
       TabOrder = 5
       OnChange = FieldChange
@@ -694,7 +694,7 @@ object EntryPage: TEntryPage
       ParentFont = False
     end
     object SignsButton: TButton
-      Left = 407
+      Left = 406
       Top = 12
       Width = 110
       Height = 25
@@ -704,7 +704,7 @@ object EntryPage: TEntryPage
       OnClick = SignsClick
     end
     object ClearButton: TButton
-      Left = 523
+      Left = 522
       Top = 12
       Width = 110
       Height = 25
@@ -714,7 +714,7 @@ object EntryPage: TEntryPage
       OnClick = ClearClick
     end
     object CheckButton: TButton
-      Left = 639
+      Left = 638
       Top = 12
       Width = 110
       Height = 25

@@ -77,16 +77,22 @@ protected:
         return exitCode;
     }
 
-    TOutcome Run(const std::wstring& arguments) const {
+    TOutcome Run(const std::wstring& arguments) {
         SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
-        const files::path log = Folder / "output.txt";
+        // A file of its own each time: what the program started may hold the last one open a little longer.
+        const files::path log = Folder / ("output" + std::to_string(++Runs) + ".txt");
         const TUniqueKernelHandle output(CreateFileW(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
                                                      CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (output.Get() == INVALID_HANDLE_VALUE) {
+            ADD_FAILURE() << "no file for the output: " << GetLastError();
+            return {};
+        }
         const TUniqueKernelHandle process = Start(arguments, output.Get());
         return {WaitForEnd(process), ReadAll(log)};
     }
 
     files::path Folder;
+    int Runs = 0;
 };
 
 TEST_F(Gallery, RefusesFormsItCannotShow) {
