@@ -24,7 +24,7 @@ if(ZOR_BUILD_GALLERY AND gallerySources)
         endforeach()
         foreach(name IN LISTS names)
             set(source ${PROJECT_SOURCE_DIR}/gallery/${folder}/${name})
-            add_custom_command(OUTPUT ${target}/${name} DEPENDS ${source}
+            add_custom_command(OUTPUT ${target}/${name} DEPENDS ${source} VERBATIM
                 COMMAND ${CMAKE_COMMAND} -E copy ${source} ${target}/${name})
             list(APPEND copies ${target}/${name})
         endforeach()

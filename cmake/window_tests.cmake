@@ -27,19 +27,24 @@ set(runInWine ${PROJECT_SOURCE_DIR}/tools/run-in-wine)
 file(GLOB windowTests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/window/*_test.cpp")
 foreach(source IN LISTS windowTests)
     zor_add_program(${source} test_support zor::manifest GTest::gtest_main)
+    set(limit 240) # seconds
+    if(zor_program STREQUAL gallery_test)
+        set(limit 600) # plays the scripts of all pages
+    endif()
+    math(EXPR timeout "${limit} + 60")
     if(CMAKE_CROSSCOMPILING)
         foreach(locale IN ITEMS en_US pl_PL)
             set(test window.${zor_program}.${locale})
             add_test(NAME ${test} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
                 COMMAND ${runInWine} --state ${PROJECT_BINARY_DIR}/wine-${locale} --locale ${locale}
-                    -- $<TARGET_FILE:${zor_program}>)
+                    --timeout ${limit} -- $<TARGET_FILE:${zor_program}>)
             # Only one program at a time can be in the foreground of a desktop.
-            set_tests_properties(${test} PROPERTIES LABELS "window;${locale}" TIMEOUT 300
+            set_tests_properties(${test} PROPERTIES LABELS "window;${locale}" TIMEOUT ${timeout}
                 RESOURCE_LOCK desktop-${locale} FIXTURES_REQUIRED desktop-${locale})
         endforeach()
     else()
         add_test(NAME window.${zor_program} COMMAND ${zor_program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-        set_tests_properties(window.${zor_program} PROPERTIES LABELS window TIMEOUT 300 RESOURCE_LOCK desktop)
+        set_tests_properties(window.${zor_program} PROPERTIES LABELS window TIMEOUT ${timeout} RESOURCE_LOCK desktop)
     endif()
 endforeach()
 

@@ -148,6 +148,14 @@ void TGalleryForm::Inspect(TComponent* component) {
         label->SetText(component ? component->GetName() + u": " + component->ClassName() : String());
 }
 
+void TGalleryForm::ShowLatest() {
+    FInspector->RefreshValues();
+    RedrawWindow(GetHandle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    // Under Wine what was painted reaches the screen when the program waits.
+    GdiFlush();
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT);
+}
+
 void TGalleryForm::InspectorWritten(TObject*) {
     FHooks.Refresh(); // an event may have another handler now
 }

@@ -31,6 +31,8 @@ public:
     void ShowFile(const String& fileName);
     /// The form in the middle; null while there is none.
     TCustomForm* GetPage() const { return FPage.get(); }
+    /// Shows values that changed meanwhile, and all that is still to be painted, at once instead of when there is time.
+    void ShowLatest();
     /// Scrolls a control of the page into view; nothing happens for others.
     void ScrollIntoView(const TControl& control);
     /// A component of the page or, failing that, of this window, by name.

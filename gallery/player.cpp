@@ -291,6 +291,7 @@ void TPlayer::Set(const TScriptCommand& command) {
 void TPlayer::Shoot(const String& name) {
     if (FShotsFolder.empty())
         return;
+    FGallery.ShowLatest(); // steps that follow closely upon each other leave no time for it
     std::filesystem::create_directories(std::filesystem::path(FShotsFolder));
     String number = IntToStr(++FShots);
     if (number.size() < 2)
