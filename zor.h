@@ -2,6 +2,7 @@
 
 // Everything a host program needs: the application, forms with the standard controls, text forms, and the library.
 
+#include "buttons/Zorcolorbutton.h"
 #include "controls/Zoredit.h"
 #include "foundation/Zorpackage.h"
 #include "framework/system/formloader.h"

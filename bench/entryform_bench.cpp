@@ -7,6 +7,7 @@
 //
 // Prints medians; the aims are those of the project and are not asserted.
 
+#include "bench/measure.h"
 #include "controls/Zoredit.h"
 #include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
@@ -14,19 +15,16 @@
 #include "framework/windows/application.h"
 #include "framework/windows/standardcontrols.h"
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <string>
 
 using namespace framework;
 using namespace ZOR;
+using namespace bench;
 
 namespace {
 
 constexpr int Fields = 500;
 constexpr int Columns = 10;
-constexpr int Rounds = 7;
 constexpr int Repeats = 1000;
 
 struct TPlace {
@@ -36,17 +34,6 @@ struct TPlace {
 
 TPlace PlaceOfField(int index) {
     return {60 + index % Columns * 120, 4 + index / Columns * 17};
-}
-
-double Milliseconds(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 std::string FormText() {
@@ -143,10 +130,8 @@ void BenchForms() {
         create.push_back(framed.Create);
         destroy.push_back(framed.Destroy);
     }
-    std::printf("create and show  %8.1f ms   by hand %8.1f ms   ratio %.2f (aim 0.9)\n", Median(create),
-                Median(plainCreate), Median(create) / Median(plainCreate));
-    std::printf("destroy          %8.1f ms   by hand %8.1f ms   ratio %.2f (aim 0.9)\n", Median(destroy),
-                Median(plainDestroy), Median(destroy) / Median(plainDestroy));
+    PrintRatio("create and show", {Median(create), Median(plainCreate)}, "ms", 0.9);
+    PrintRatio("destroy", {Median(destroy), Median(plainDestroy)}, "ms", 0.9);
 }
 
 /// Median of several rounds, in microseconds for one of Repeats.
@@ -187,16 +172,15 @@ void BenchControl() {
         const TSelectedObject hollow(dc, GetStockObject(NULL_BRUSH));
         Rectangle(dc, 0, 0, 150, 21);
     });
-    std::printf("frame repaint    %8.2f us   native  %8.2f us   ratio %.2f (aim 0.5), bare outline %.2f us\n", frame,
-                native, frame / native, bare);
+    PrintRatio("frame repaint", {frame, native}, "us", 0.5);
+    std::printf("bare outline                 %9.2f us\n", bare);
 
     // A message that the native procedure answers at once, so that the way to it is what counts.
     nativeProcedure =
         reinterpret_cast<WNDPROC>(SetWindowLongPtrW(plain, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(HandProcedure)));
     const double framed = MicrosecondsEach([&] { SendMessageW(edit.Handle, EM_GETLIMITTEXT, 0, 0); });
     const double replaced = MicrosecondsEach([&] { SendMessageW(plain, EM_GETLIMITTEXT, 0, 0); });
-    std::printf("message          %8.2f us   by hand %8.2f us   ratio %.2f (aim 2.0)\n", framed, replaced,
-                framed / replaced);
+    PrintRatio("message", {framed, replaced}, "us", 2.0);
 }
 
 } // namespace
