@@ -72,6 +72,7 @@ public:
     std::function<void(int)> OnCount;
     String FText = u"abc";
     double FWeight = 1.5;
+    TDateTime FDue = 0;
     char16_t FMark = u'*';
     TFlavour FFlavour = flSour;
 
@@ -85,7 +86,9 @@ const TClassInfo& TThing::StaticClass() {
     static const TClassInfo info = DescribeClass<TThing>(
         u"TThing", TComponent::StaticClass(),
         {Property<&TThing::FText, &TThing::FText>(u"Text"), Property<&TThing::GetLevel, &TThing::SetLevel>(u"Level", 1),
-         Property<&TThing::FWeight, &TThing::FWeight>(u"Weight"), Property<&TThing::FMark, &TThing::FMark>(u"Mark"),
+         Property<&TThing::FWeight, &TThing::FWeight>(u"Weight"),
+         Property<&TThing::FDue, &TThing::FDue>(u"Due").Dated(TFloatKind::DateTime),
+         Property<&TThing::FMark, &TThing::FMark>(u"Mark"),
          Property<&TThing::FFlavour, &TThing::FFlavour>(u"Flavour", flSweet),
          Property<&TThing::GetFriend, &TThing::SetFriend>(u"Friend"), Property<&TThing::GetPart>(u"Part"),
          Property<&TThing::GetFixed>(u"Fixed"), Event<&TThing::OnChange>(u"OnChange"),
@@ -144,12 +147,13 @@ protected:
 TEST_F(Inspector, ListsPropertiesByNameAndKeepsOpenWhatWasOpened) {
     TInspectorTree tree;
     tree.SetRoot(&Thing);
-    EXPECT_EQ(Lines(tree), "Fixed\nFlavour\nFriend\nLeft\nLevel\nMark\nName\n+Part\nTag\nText\nTop\nWeight\n+Events\n");
+    EXPECT_EQ(Lines(tree),
+              "Due\nFixed\nFlavour\nFriend\nLeft\nLevel\nMark\nName\n+Part\nTag\nText\nTop\nWeight\n+Events\n");
     ASSERT_TRUE(tree.Toggle(*tree.IndexOf(u"Part")));
     ASSERT_TRUE(tree.Toggle(*tree.IndexOf(u"part.flavours")));
     EXPECT_FALSE(tree.Toggle(*tree.IndexOf(u"Level")));
     const std::string open =
-        "Fixed\nFlavour\nFriend\nLeft\nLevel\nMark\nName\n-Part\n Color\n -Flavours\n  flSweet\n  flSour\n"
+        "Due\nFixed\nFlavour\nFriend\nLeft\nLevel\nMark\nName\n-Part\n Color\n -Flavours\n  flSweet\n  flSour\n"
         "  flBitter\n Size\nTag\nText\nTop\nWeight\n+Events\n";
     EXPECT_EQ(Lines(tree), open);
     EXPECT_FALSE(tree.Rebuild()) << "nothing changed";
@@ -157,8 +161,9 @@ TEST_F(Inspector, ListsPropertiesByNameAndKeepsOpenWhatWasOpened) {
     EXPECT_EQ(Lines(tree), open);
     ASSERT_TRUE(tree.SetExpanded(*tree.IndexOf(u"Part"), false));
     ASSERT_TRUE(tree.SetExpanded(tree.Rows().size() - 1, true));
-    EXPECT_EQ(Lines(tree), "Fixed\nFlavour\nFriend\nLeft\nLevel\nMark\nName\n+Part\nTag\nText\nTop\nWeight\n-Events\n"
-                           " OnChange\n OnCount\n");
+    EXPECT_EQ(Lines(tree),
+              "Due\nFixed\nFlavour\nFriend\nLeft\nLevel\nMark\nName\n+Part\nTag\nText\nTop\nWeight\n-Events\n"
+              " OnChange\n OnCount\n");
     tree.SetRoot(nullptr);
     EXPECT_TRUE(tree.Rows().empty());
 }
@@ -174,6 +179,9 @@ TEST_F(Inspector, ShowsAndWritesValuesOfEveryKind) {
         {u"Text", u"abc", TRowEditor::Text, u"\u017C\u00F3\u0142w", u"\u017C\u00F3\u0142w"},
         {u"Level", u"1", TRowEditor::Text, u"7", u"7"},
         {u"Weight", u"1.5", TRowEditor::Text, u"0.25", u"0.25"},
+        {u"Due", u"", TRowEditor::Text, u"2/29/2024 18:00", u"02/29/2024 18:00:00"},
+        {u"Due", u"02/29/2024 18:00:00", TRowEditor::Text, u"1.5", u"12/31/1899 12:00:00"},
+        {u"Due", u"12/31/1899 12:00:00", TRowEditor::Text, u"", u""},
         {u"Mark", u"*", TRowEditor::Text, u"x", u"x"},
         {u"Mark", u"x", TRowEditor::Text, u"#9", u"#9"},
         {u"Mark", u"#9", TRowEditor::Text, u"", u""},
