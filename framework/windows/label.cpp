@@ -239,6 +239,8 @@ void TCustomLabel::CMDialogChar(TMessage& message) {
 void TCustomLabel::CMTextChanged(TMessage& message) {
     TGraphicControl::CMTextChanged(message);
     AdjustBounds();
+    if (FFocusControl && FFocusControl->HandleAllocated()) // whose name this is for a screen reader
+        NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, FFocusControl->GetHandle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void TCustomLabel::CMFontChanged(TMessage& message) {

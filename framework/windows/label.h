@@ -25,7 +25,8 @@ public:
 
     TAlignment GetAlignment() const { return FAlignment; }
     void SetAlignment(TAlignment value);
-    /// The control that gets the keyboard focus when the accelerator key in the caption is pressed; null for none.
+    /// The control that gets the keyboard focus when the accelerator key in the caption is pressed, and which is known
+    /// by the caption to screen readers; null for none.
     TWinControl* GetFocusControl() const { return FFocusControl; }
     void SetFocusControl(TWinControl* value);
     /// Whether a & in the caption underlines the letter behind it and makes it an accelerator key.

@@ -1,6 +1,7 @@
 // What a window hears: the mouse and the keys, notifications that belong to its children, and the focus.
 
 #include "framework/graphics/brushes.h"
+#include "framework/windows/accessibility.h"
 #include "framework/windows/application.h"
 #include "framework/windows/hints.h"
 #include "framework/windows/mouse.h"
@@ -113,6 +114,13 @@ void TWinControl::Dispatch(TMessage& message) {
         DefaultHandler(message);
         Invalidate();
         NotifyControls(CM_SYSCOLORCHANGE);
+        return;
+    case CM_SYSCOLORCHANGE: // the system tells top-level windows alone
+        Perform(WM_SYSCOLORCHANGE);
+        return;
+    case WM_GETOBJECT:
+        if (!AnswerAccessibility(*this, message))
+            DefaultHandler(message);
         return;
     case CN_CTLCOLORMSGBOX:
     case CN_CTLCOLOREDIT:

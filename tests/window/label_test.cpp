@@ -7,6 +7,7 @@
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>
+#include <oleacc.h>
 
 using namespace framework;
 using namespace testsupport;
@@ -161,6 +162,37 @@ TEST_F(LabelOnForm, ForgetsAControlThatDies) {
     other->SetFocusControl(&Second);
     other.reset();
     Second.SetParent(nullptr);
+}
+
+TEST_F(LabelOnForm, IsTheNameThatAScreenReaderTells) {
+    // As another program asks: by a message to the window.
+    const auto ask = [&](auto question) {
+        void* object = nullptr;
+        EXPECT_EQ(AccessibleObjectFromWindow(Second.GetHandle(), static_cast<DWORD>(OBJID_CLIENT),
+                                             __uuidof(IAccessible), &object),
+                  S_OK);
+        auto* accessible = static_cast<IAccessible*>(object);
+        VARIANT self{};
+        self.vt = VT_I4;
+        self.lVal = CHILDID_SELF;
+        BSTR answer = nullptr;
+        if (accessible) {
+            (accessible->*question)(self, &answer);
+            accessible->Release();
+        }
+        const String text = answer ? FromWide(answer, SysStringLen(answer)) : String();
+        SysFreeString(answer);
+        return text;
+    };
+    const String unnamed = ask(&IAccessible::get_accName); // as the system does it
+    Label.SetFocusControl(&Second);
+    EXPECT_EQ(ask(&IAccessible::get_accName), u"Second");
+    EXPECT_EQ(ask(&IAccessible::get_accKeyboardShortcut), u"Alt+E");
+    Label.SetText(u"R&&D");
+    EXPECT_EQ(ask(&IAccessible::get_accName), u"R&D");
+    EXPECT_EQ(ask(&IAccessible::get_accKeyboardShortcut), u"");
+    Label.SetFocusControl(nullptr);
+    EXPECT_EQ(ask(&IAccessible::get_accName), unnamed);
 }
 
 /// The box around all pixels of a colour within a control; empty when there are none.
