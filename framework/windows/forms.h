@@ -71,7 +71,9 @@ public:
     explicit TCustomForm(TComponent* owner);
     ~TCustomForm() override;
 
-    /// The control that has the focus whenever the form is active; null for none.
+    /// The control that has the focus whenever the form is active. Null leaves the form itself with the keyboard until
+    /// a control is entered; a form that is activated without one begins with the first in the order of the Tab key.
+    /// EInvalidOperation for a control of another form and for one that cannot have the focus.
     TWinControl* GetActiveControl() const { return FActiveControl; }
     void SetActiveControl(TWinControl* value);
     TFormBorderStyle GetBorderStyle() const { return FBorderStyle; }
@@ -113,8 +115,8 @@ public:
     /// but still Screen's ActiveForm; OnDeactivate waits until another form of the program becomes that.
     bool Active() const;
 
-    /// Makes `control` the focused one, telling those left (CM_EXIT) and entered (CM_ENTER); false when a handler
-    /// moved the focus elsewhere meanwhile.
+    /// Makes `control` (null: none) the focused one, telling those left (CM_EXIT) and entered (CM_ENTER); false when a
+    /// handler moved the focus elsewhere meanwhile.
     bool SetFocusedControl(TWinControl* control);
     /// Moves to `control` as if it had been clicked.
     void FocusControl(TWinControl* control);
@@ -167,6 +169,7 @@ private:
     void ScaleTo(int m, int d);
     void PlaceOnScreen();
     void TakeWindowFocus();
+    void ChooseActiveControl();
     void ScaleForMonitor();
     TSize BorderExtent() const;
 

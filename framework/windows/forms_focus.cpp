@@ -54,14 +54,29 @@ void TCustomForm::FocusControl(TWinControl* control) {
 void TCustomForm::TakeWindowFocus() {
     if (!HandleAllocated() || !GetShowing() || FFocusSuspended > 0)
         return;
-    if (!FActiveControl || !FActiveControl->CanFocus()) {
-        FActiveControl = FindNextControl(nullptr, true, true, false);
+    if (GetParent()) { // one of the outer form's controls, which keeps the active one
+        if (TWinControl* first = FindNextControl(nullptr, true, true, false))
+            ::SetFocus(first->GetHandle());
+        return;
     }
-    // A form without a control to focus keeps the focus itself, so that it hears keys.
-    if (!FActiveControl)
-        ::SetFocus(FHandle);
-    else if (!FActiveControl->Focused())
-        ::SetFocus(FActiveControl->GetHandle());
+    if (FActiveControl && !FActiveControl->CanFocus())
+        FActiveControl = nullptr;
+    if (FActiveControl) {
+        if (!FActiveControl->Focused())
+            ::SetFocus(FActiveControl->GetHandle());
+    } else if (::GetFocus() != FHandle) {
+        ::SetFocus(FHandle); // so that the form hears keys; it comes back here by WM_SETFOCUS
+    } else {
+        SetFocusedControl(nullptr);
+    }
+}
+
+/// A form that comes to the front goes on where it was left, or begins with its first control.
+void TCustomForm::ChooseActiveControl() {
+    if (!FActiveControl || !FActiveControl->CanFocus())
+        FActiveControl = FindNextControl(nullptr, true, true, false);
+    if (FActiveControl)
+        FreeNotification(FActiveControl);
 }
 
 bool TCustomForm::SetFocusedControl(TWinControl* control) {
@@ -72,13 +87,14 @@ bool TCustomForm::SetFocusedControl(TWinControl* control) {
     const int change = ++FFocusMessages;
     TLifeGuard alive(*this);
     FActiveControl = control;
-    FreeNotification(control);
-    TLifeGuard targetAlive(*control);
+    if (control)
+        FreeNotification(control);
+    TLifeGuard targetAlive(control ? *control : *this);
     TheScreen().SetActive(this, control);
     if (!alive || !targetAlive || change != FFocusMessages)
         return false;
     // First those that are left, from the inside out, up to the first that holds the new one as well.
-    while (FFocusedControl && !FFocusedControl->ContainsControl(control)) {
+    while (FFocusedControl && !(control && FFocusedControl->ContainsControl(control))) {
         TWinControl* leaving = FFocusedControl;
         FFocusedControl = leaving->GetParent() == this ? nullptr : leaving->GetParent();
         TellOfFocus(*leaving, CM_EXIT);
@@ -119,7 +135,12 @@ void TCustomForm::DefocusControl(TWinControl* control, bool removing) {
         return;
     // The user goes on with the next one rather than with a form that hears no keys.
     TWinControl* next = controlAlive ? FindNextControl(control, true, true, false) : nullptr;
-    if (next && !control->ContainsControl(next))
+    for (const TWinControl* first = next; next && control->ContainsControl(next);) {
+        next = FindNextControl(next, true, true, false);
+        if (next == first)
+            next = nullptr;
+    }
+    if (next)
         ::SetFocus(next->GetHandle());
     else
         ::SetFocus(FHandle);
@@ -129,6 +150,8 @@ void TCustomForm::DefocusControl(TWinControl* control, bool removing) {
 
 void TCustomForm::WMActivate(TMessage& message) {
     FActive = LowWord(message.WParam) != WA_INACTIVE;
+    if (FActive && !IsDesigning())
+        ChooseActiveControl();
     TLifeGuard alive(*this);
     TCustomForm* before = TheScreen().GetActiveForm();
     if (!FActive) {

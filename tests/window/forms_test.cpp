@@ -74,6 +74,19 @@ TEST_F(Forms, FocusStaysWhereAHandlerSendsIt) {
     EXPECT_TRUE(WaitFor([&] { return second->Focused(); }));
 }
 
+TEST_F(Forms, MayBeLeftWithoutAnActiveControl) {
+    auto* edit = Add<TEdit>(Form.get(), Bounds(10, 10, 80, 21), u"A");
+    Add<TEdit>(Form.get(), Bounds(10, 40, 80, 21), u"B")->SetFocus();
+    TakeLog();
+    Form->ActiveControl = nullptr;
+    EXPECT_TRUE(Form->Focused());
+    EXPECT_EQ(Form->ActiveControl, nullptr);
+    EXPECT_EQ(TakeLog(), u"-B") << "the field was left";
+    PressKey(VK_TAB);
+    EXPECT_TRUE(WaitFor([&] { return edit->Focused(); }));
+    EXPECT_EQ(TakeLog(), u"+A");
+}
+
 TEST_F(Forms, HidingDisablingOrRemovingTheFocusedControlMovesOn) {
     auto* first = Add<TEdit>(Form.get(), Bounds(10, 10, 80, 21), u"A");
     auto* second = Add<TEdit>(Form.get(), Bounds(10, 40, 80, 21), u"B");
@@ -83,6 +96,12 @@ TEST_F(Forms, HidingDisablingOrRemovingTheFocusedControlMovesOn) {
     EXPECT_TRUE(second->Focused());
     second->Enabled = false;
     EXPECT_TRUE(third->Focused());
+    auto* panel = Add<TPanel>(Form.get(), Bounds(10, 100, 200, 60), u"P");
+    auto* inner = Add<TEdit>(panel, Bounds(10, 10, 80, 21), u"D");
+    Add<TEdit>(panel, Bounds(100, 10, 80, 21), u"E");
+    inner->SetFocus();
+    panel->Parent = nullptr;
+    EXPECT_TRUE(third->Focused()) << "not the next one on a panel that goes";
     delete third;
     EXPECT_EQ(Form->ActiveControl, nullptr);
     EXPECT_TRUE(Form->Focused()) << "the form goes on hearing keys";
