@@ -24,7 +24,8 @@ public:
     HWND GetTarget() const { return FTarget; }
     /// Asked at each click for the most UTF-16 units the text may have; 0 means no limit.
     void SetLengthLimit(std::function<int()> limit) { FLengthLimit = std::move(limit); }
-    /// Places the popup's left upper corner at the target's left lower one, wherever the target is now.
+    /// Places the popup's left upper corner at the target's left lower one, wherever the target is now. It stays below
+    /// also where the screen ends, so that it never covers the field; this is meant.
     void MoveUnderTarget();
     /// True while a letter is on its way into the target.
     bool IsInserting() const { return FInserting; }

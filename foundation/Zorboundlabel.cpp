@@ -29,6 +29,8 @@ class TCaptionLabel : public TLabel {
 public:
     explicit TCaptionLabel(TZORBoundLabel& caption) : TLabel(nullptr), FCaption(caption) {}
 
+    void ChangeScale(int, int) override {} // the control scales its caption
+
 protected:
     void CMFontChanged(TMessage& message) override {
         TLabel::CMFontChanged(message);
@@ -158,6 +160,16 @@ bool TZORBoundLabel::DoStoreFont() const {
            font.GetPitch() != usual.GetPitch() || font.GetName() != usual.GetName();
 }
 
+void TZORBoundLabel::ChangeScale(int m, int d) {
+    FIndent = MulDiv(FIndent, m, d);
+    FMaxWidth = MulDiv(FMaxWidth, m, d);
+    if (FControl->GetComponentState().Contains(csLoading) && !DoStoreFont())
+        return;
+    FFont->SetHeight(MulDiv(FFont->GetHeight(), m, d));
+    if (FLabel)
+        FLabel->GetFont()->SetHeight(MulDiv(FLabel->GetFont()->GetHeight(), m, d));
+}
+
 void TZORBoundLabel::UpdateAlignment() {
     if (FLabel)
         FLabel->SetAlignment(LabelAlignment(FLayout));
@@ -175,6 +187,7 @@ void TZORBoundLabel::AlignLabel() {
     if (parent)
         parent->DisableAlign();
     FLabel->GetConstraints()->SetMaxWidth(FMaxWidth);
+    FLabel->SetWordWrap(true);
     FLabel->SetEnabled(LabelEnabled());
     FLabel->SetAlign(FLayout == clLeft && FControl->GetAlign() == alLeft ? alLeft : alNone);
     // One step from the measured text to the final place: each bounds change on the way would repaint the parent.

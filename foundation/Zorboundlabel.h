@@ -54,6 +54,9 @@ public:
     TLabel* GetLabel() const { return FLabel.get(); }
     TPersistent* GetOwner() const override { return FControl; }
 
+    /// Gap, limit and font times m / d, for a form that moves to another resolution. A font that a text form left out
+    /// is that of this system already and stays while the form is being read.
+    void ChangeScale(int m, int d);
     /// Aligns the label's text towards the control.
     void UpdateAlignment();
     /// Places the label beside the control. A hidden label is left where it is until it is shown.

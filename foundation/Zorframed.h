@@ -96,9 +96,15 @@ public:
             FBoundLabel->FollowParent();
     }
 
+    void ChangeScale(int m, int d) override {
+        if (FBoundLabel)
+            FBoundLabel->ChangeScale(m, d);
+        TBase::ChangeScale(m, d); // which moves the control, and the label with it
+    }
+
     void WndProc(TMessage& message) override {
         TLifeGuard alive(*this);
-        HandleFraming(message);
+        HandleFraming(message, alive);
         if (alive)
             TZORBoundLabel::HandleOwnerMsg(FBoundLabel.get(), message, this);
     }
@@ -119,7 +125,7 @@ protected:
     bool Unfocused() const { return FUnfocused; }
 
 private:
-    void HandleFraming(TMessage& message) {
+    void HandleFraming(TMessage& message, const TLifeGuard& alive) {
         if (this->IsDestroying()) { // its published table has gone with the derived class, and nobody looks any more
             TBase::WndProc(message);
             return;
@@ -159,7 +165,7 @@ private:
             else
                 PaintHintInside(*this, hint, message);
             // The system drew its flat border; the frame goes over it again.
-            if (!this->GetCtl3D())
+            if (alive && !this->GetCtl3D())
                 RepaintFrame(*this, TFrameRepaint::NonClient);
             return;
         }

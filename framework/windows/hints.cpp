@@ -2,11 +2,14 @@
 
 #include "framework/graphics/canvas.h"
 #include "framework/graphics/textmetrics.h"
+#include "framework/graphics/themes.h"
 #include "framework/windows/application.h"
 #include "framework/windows/hint_rules.h"
 #include "framework/windows/timer.h"
 
 #include <algorithm>
+#include <vsstyle.h>
+#include <vssym32.h>
 
 namespace framework {
 
@@ -103,16 +106,30 @@ void THintWindow::ActivateHint(const TRect& place, const String& text) {
     Invalidate();
 }
 
-void THintWindow::Paint() {
+/// The colour of the letters that goes with what was painted.
+TColor THintWindow::PaintBackground() {
     TCanvas& canvas = *GetCanvas();
     const TRect all = GetClientRect();
+    const RECT place = ToWin(all);
     canvas.GetBrush()->SetColor(GetColor());
     canvas.FillRect(all);
+    const TThemeHandle theme(GetColor() == clInfoBk ? OpenThemeData(FHandle, L"TOOLTIP") : nullptr);
+    COLORREF letters = 0;
+    if (theme && SUCCEEDED(GetThemeColor(theme.Get(), TTP_STANDARD, TTSS_NORMAL, TMT_TEXTCOLOR, &letters)) &&
+        SUCCEEDED(DrawThemeBackground(theme.Get(), canvas.GetHandle(), TTP_STANDARD, TTSS_NORMAL, &place, nullptr)))
+        return static_cast<TColor>(letters);
     canvas.GetBrush()->SetColor(clBtnShadow);
     canvas.FrameRect(all);
+    return GetFont()->GetColor();
+}
+
+void THintWindow::Paint() {
+    TCanvas& canvas = *GetCanvas();
+    const TColor color = PaintBackground();
     canvas.GetBrush()->SetStyle(bsClear);
     canvas.SetFont(GetFont());
-    TRect letters = all.Inflated(-1 - kMargin.Width, -1 - kMargin.Height);
+    canvas.GetFont()->SetColor(color);
+    TRect letters = GetClientRect().Inflated(-1 - kMargin.Width, -1 - kMargin.Height);
     canvas.TextRect(letters, GetText(), DrawFlags());
 }
 
@@ -246,6 +263,8 @@ void THintController::Show(const THintInfo& info, bool placed) {
     FWindow = std::make_unique<THintWindow>(nullptr);
     FWindow->SetBiDiMode(info.HintControl->GetBiDiMode());
     FWindow->SetColor(info.HintColor);
+    if (const TCustomForm* form = GetParentForm(info.HintControl); form && form->HandleAllocated())
+        FWindow->ChangeScale(TheScreen().GetPixelsPerInch(form->GetHandle()), TheScreen().GetPixelsPerInch());
     const TPoint spot = placed ? info.HintPos : PointerPosition();
     const TRect workArea = TheScreen().GetWorkArea(Bounds(spot.X, spot.Y, 1, 1));
     const TSize size = FWindow->CalcHintSize(std::min(info.HintMaxWidth, workArea.Width()), info.HintStr);

@@ -34,10 +34,12 @@ public:
 protected:
     void CreateParams(TCreateParams& params) override;
     void Dispatch(TMessage& message) override;
+    /// Looks like the system's tooltips; plain, with a thin frame, in a colour of its own or without themes.
     void Paint() override;
 
 private:
     UINT DrawFlags() const;
+    TColor PaintBackground();
 };
 
 /// The mouse came to lie over `control` (null: over none of ours). The hint of the control that was left goes; that of

@@ -81,6 +81,7 @@ public:
     int GetTopIndex() const;
     void SetTopIndex(int value);
 
+    void ChangeScale(int m, int d) override;
     void AddItem(const String& text, TObject* object) { GetItems()->AddObject(text, object); }
     virtual void Clear() { GetItems()->Clear(); }
     virtual void ClearSelection();

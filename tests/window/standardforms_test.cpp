@@ -181,6 +181,53 @@ TEST(StandardForm, ControlsFollowTheParentTheyWereReadWith) {
     EXPECT_EQ(own->GetFont()->GetHeight(), -9);
 }
 
+TEST(StandardForm, IsScaledFromTheResolutionItWasDesignedAt) {
+    RegisterStandardControls();
+    const auto root = CreateFromTextForm("object Form1: TForm\n"
+                                         "  ClientHeight = 250\n"
+                                         "  ClientWidth = 500\n"
+                                         "  Constraints.MinWidth = 100\n"
+                                         "  Font.Height = -15\n"
+                                         "  PixelsPerInch = 120\n"
+                                         "  object Bar: TPanel\n"
+                                         "    Left = 0\n    Top = 0\n    Width = 500\n    Height = 50\n"
+                                         "    Align = alTop\n"
+                                         "    object Corner: TButton\n"
+                                         "      Left = 400\n      Top = 10\n      Width = 90\n      Height = 30\n"
+                                         "      Anchors = [akTop, akRight]\n"
+                                         "    end\n"
+                                         "  end\n"
+                                         "  object Own: TEdit\n"
+                                         "    Left = 25\n    Top = 100\n    Width = 150\n    Height = 35\n"
+                                         "    AutoSize = False\n"
+                                         "    Font.Height = -20\n"
+                                         "    ParentFont = False\n"
+                                         "  end\n"
+                                         "end\n",
+                                         nullptr);
+    auto* form = As<TForm>(root.get());
+    const auto find = [&](StringView name) { return As<TWinControl>(form->FindComponent(name)); };
+    const int dpi = TheScreen().GetPixelsPerInch();
+    ASSERT_NE(dpi, 120);
+    const auto scaled = [&](int value) { return MulDiv(value, dpi, 120); };
+    EXPECT_EQ(form->GetPixelsPerInch(), dpi);
+    for (const bool shown : {false, true}) {
+        SCOPED_TRACE(shown);
+        if (shown)
+            ShowAndActivate(*form);
+        EXPECT_EQ(form->GetClientRect(), Bounds(0, 0, scaled(500), scaled(250)));
+        EXPECT_EQ(form->GetConstraints()->GetMinWidth(), scaled(100));
+        EXPECT_EQ(form->GetFont()->GetHeight(), scaled(-15));
+        EXPECT_EQ(find(u"Bar")->GetBoundsRect(), Bounds(0, 0, scaled(500), scaled(50)));
+        EXPECT_EQ(find(u"Corner")->GetBoundsRect(), Bounds(scaled(400), scaled(10), scaled(90), scaled(30)));
+        EXPECT_EQ(find(u"Corner")->GetFont()->GetHeight(), scaled(-15)) << "once, along with the form's";
+        EXPECT_EQ(find(u"Own")->GetBoundsRect(), Bounds(scaled(25), scaled(100), scaled(150), scaled(35)));
+        EXPECT_EQ(find(u"Own")->GetFont()->GetHeight(), scaled(-20));
+    }
+    form->SetClientWidth(scaled(500) + 40);
+    EXPECT_EQ(find(u"Corner")->GetLeft(), scaled(400) + 40);
+}
+
 TEST(StandardForm, TakesNewControlsBetweenInheritedOnes) {
     RegisterStandardControls();
     const auto root = CreateFromTextForm("object Form1: TForm\n"

@@ -631,19 +631,20 @@ TEST_F(FramedEdit, ComesWholeFromATextForm) {
     RegisterPackage();
     RegisterClasses({&TForm::StaticClass()});
     const auto loaded = CreateFromTextForm(R"(object Form1: TForm
+  PixelsPerInch = 120
   object Edit1: TZOREdit
-    Left = 100
-    Top = 40
+    Left = 125
+    Top = 50
     Enabled = False
     Visible = False
     Wymagany = wRequired
     BorderColors.RequiredColor = clGreen
     BoundLabel.Active = True
     BoundLabel.EnabledAlways = True
-    BoundLabel.Indent = 10
-    BoundLabel.Font.Height = -20
+    BoundLabel.Indent = 15
+    BoundLabel.Font.Height = -25
     BoundLabel.Layout = clTopLeft
-    BoundLabel.MaxWidth = 60
+    BoundLabel.MaxWidth = 75
   end
 end
 )",
@@ -658,8 +659,8 @@ end
     edit->Visible = true;
     EXPECT_TRUE(label.Visible && label.Enabled);
     EXPECT_EQ(label.Left, 100);
-    EXPECT_EQ(label.Top + label.Height + 10, 40);
-    EXPECT_LE(label.Width, 60);
+    EXPECT_EQ(label.Top + label.Height + 12, 40);
+    EXPECT_EQ(edit->BoundLabel->MaxWidth, 60);
     EXPECT_EQ(label.Font->Height, -20);
     Application->ProcessMessages();
     EXPECT_EQ(WindowPixel(*edit, 0, 0), 0x008000u);
