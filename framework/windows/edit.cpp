@@ -63,7 +63,7 @@ const TClassInfo& TEdit::StaticClass() {
          row::ParentCtl3D(),
          row::ParentFont(),
          row::ParentShowHint(),
-         Property<&TCustomEdit::GetPasswordCharText, &TCustomEdit::SetPasswordCharText>(u"PasswordChar"),
+         Property<&TCustomEdit::GetPasswordChar, &TCustomEdit::SetPasswordChar>(u"PasswordChar", u'\0'),
          Property<&TCustomEdit::GetReadOnly, &TCustomEdit::SetReadOnly>(u"ReadOnly", false),
          row::ShowHint(),
          row::TabOrder(),
@@ -107,12 +107,7 @@ void TCustomEdit::CreateParams(TCreateParams& params) {
         params.Style |= ES_NOHIDESEL;
     if (FNumbersOnly)
         params.Style |= ES_NUMBER;
-    if (FBorderStyle == bsSingle) {
-        if (GetCtl3D())
-            params.ExStyle |= WS_EX_CLIENTEDGE;
-        else
-            params.Style |= WS_BORDER;
-    }
+    AddBorder(params, FBorderStyle);
 }
 
 void TCustomEdit::CreateWnd() {
@@ -129,14 +124,6 @@ void TCustomEdit::KeepWindowState() {
     FSelection = GetSelection();
     FModified = GetModified();
     TWinControl::KeepWindowState();
-}
-
-void TCustomEdit::ChangeWindowStyle(DWORD style, bool present) {
-    if (!HandleAllocated())
-        return;
-    const LONG_PTR bits = GetWindowLongPtrW(FHandle, GWL_STYLE);
-    const auto changed = static_cast<LONG_PTR>(style);
-    SetWindowLongPtrW(FHandle, GWL_STYLE, present ? bits | changed : bits & ~changed);
 }
 
 bool TCustomEdit::IsMultiLine() const {

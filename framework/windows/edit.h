@@ -83,11 +83,6 @@ public:
     bool CanUndo() const;
     void SelectAll();
 
-    // Published accessors that text forms need.
-    String GetPasswordCharText() const { return FPasswordChar ? String(1, FPasswordChar) : String(); }
-    /// Takes the first character of `value`.
-    void SetPasswordCharText(const String& value) { SetPasswordChar(value.empty() ? u'\0' : value.front()); }
-
 protected:
     struct TSelection {
         int Start = 0;
@@ -116,7 +111,6 @@ protected:
     bool IsMultiLine() const;
 
 private:
-    void ChangeWindowStyle(DWORD style, bool present);
     void WMSetText(TMessage& message);
 
     String FReportedText;  // of a single-line window: what OnChange told last

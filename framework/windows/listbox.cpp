@@ -127,12 +127,7 @@ void TCustomListBox::CreateParams(TCreateParams& params) {
         params.Style |= LBS_NOINTEGRALHEIGHT;
     if (FScrollWidth > 0)
         params.Style |= WS_HSCROLL;
-    if (FBorderStyle == bsSingle) {
-        if (GetCtl3D())
-            params.ExStyle |= WS_EX_CLIENTEDGE;
-        else
-            params.Style |= WS_BORDER;
-    }
+    AddBorder(params, FBorderStyle);
 }
 
 void TCustomListBox::CreateWnd() {
@@ -301,6 +296,12 @@ void TCustomListBox::SetStyle(TListBoxStyle value) {
         return;
     FStyle = value;
     RecreateWnd();
+}
+
+void TCustomListBox::ChangeScale(int m, int d) {
+    TWinControl::ChangeScale(m, d);
+    SetItemHeight(MulDiv(FItemHeight, m, d));
+    SetScrollWidth(MulDiv(FScrollWidth, m, d));
 }
 
 // Selection

@@ -2,9 +2,9 @@
 
 #include "framework/graphics/canvas.h"
 #include "framework/graphics/textmetrics.h"
+#include "framework/graphics/themes.h"
 
 #include <algorithm>
-#include <uxtheme.h>
 #include <vsstyle.h>
 
 namespace framework {
@@ -13,7 +13,6 @@ namespace {
 
 constexpr TSize kPanelSize{185, 41};
 constexpr TSize kGroupBoxSize{185, 105};
-using TThemeHandle = TUniqueHandle<HTHEME, ::CloseThemeData>;
 
 constexpr int kGroupCaptionIndent = 8; // pixels from the frame's corner to the caption
 
@@ -97,12 +96,7 @@ TCustomPanel::TCustomPanel(TComponent* owner) : TCustomControl(owner) {
 
 void TCustomPanel::CreateParams(TCreateParams& params) {
     TCustomControl::CreateParams(params);
-    if (FBorderStyle != bsSingle)
-        return;
-    if (GetCtl3D())
-        params.ExStyle |= WS_EX_CLIENTEDGE;
-    else
-        params.Style |= WS_BORDER;
+    AddBorder(params, FBorderStyle);
 }
 
 void TCustomPanel::SetAlignment(TAlignment value) {
@@ -196,8 +190,11 @@ void TCustomPanel::PaintBevel(TRect& rect, TPanelBevel bevel) {
 void TCustomPanel::Paint() {
     TCanvas& canvas = *GetCanvas();
     TRect rect = GetClientRect();
-    canvas.GetBrush()->SetColor(GetColor());
-    canvas.FillRect(rect);
+    if (!FParentBackground || !GetParentColor() ||
+        FAILED(DrawThemeParentBackground(FHandle, canvas.GetHandle(), nullptr))) {
+        canvas.GetBrush()->SetColor(GetColor());
+        canvas.FillRect(rect);
+    }
     PaintBevel(rect, FBevelOuter);
     rect = rect.Inflated(-FBorderWidth, -FBorderWidth);
     PaintBevel(rect, FBevelInner);

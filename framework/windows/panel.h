@@ -40,7 +40,7 @@ public:
     /// The plain strip between the two bevels in pixels, from 0.
     int GetBorderWidth() const { return FBorderWidth; }
     void SetBorderWidth(int value);
-    /// Whether the background is the parent's, as long as the panel has no colour of its own (ParentColor).
+    /// Whether what the parent paints shows behind a panel that has no colour of its own (ParentColor).
     bool GetParentBackground() const { return FParentBackground; }
     void SetParentBackground(bool value);
     bool GetShowCaption() const { return FShowCaption; }

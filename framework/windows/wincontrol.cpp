@@ -227,6 +227,13 @@ void TWinControl::AlignControl(TControl* control) {
             FControlState << csAlignmentNeeded;
         return;
     }
+    TLifeGuard alive(*this);
+    LayOut(control);
+    if (alive && FControlStyle.Contains(csAcceptsControls))
+        AdjustSize();
+}
+
+void TWinControl::LayOut(TControl* control) {
     // A child that moves may take others with it, such as its caption, and its handlers may show or hide some; two that
     // push each other are left at the third attempt.
     constexpr int kRounds = 3;
@@ -294,6 +301,64 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
     }
 }
 
+namespace {
+
+/// How far children reach along one axis of a parent, in pixels of its client area.
+struct TReach {
+    int Free = -1; // the far edge of those that lie where they were put; -1: there are none
+    int Near = 0;  // the sum of those that keep to the near side
+    int Far = 0;   // the sum of those that keep to the far side
+
+    bool Decides() const { return Free >= 0 || Near > 0 || Far > 0; }
+    /// What the client area needs, given what its edges take.
+    int Needed(int nearEdge, int farEdge) const { return std::max(Free, nearEdge + Near) + Far + farEdge; }
+};
+
+} // namespace
+
+bool TWinControl::CanAutoSize(int& newWidth, int& newHeight) {
+    TReach width;
+    TReach height;
+    for (int i = 0; i < GetControlCount(); ++i) {
+        const TControl& child = *GetControl(i);
+        if (!child.GetVisible() && !IsDesigning())
+            continue;
+        const TRect place = child.GetBoundsRect();
+        switch (child.GetAlign()) {
+        case alTop:
+            height.Near += place.Height();
+            break;
+        case alBottom:
+            height.Far += place.Height();
+            break;
+        case alLeft:
+            width.Near += place.Width();
+            break;
+        case alRight:
+            width.Far += place.Width();
+            break;
+        case alClient:
+            break; // takes whatever there is
+        default:
+            // One that keeps to the far side moves along with it.
+            if (!child.GetAnchors().Contains(akRight))
+                width.Free = std::max(width.Free, place.Right);
+            if (!child.GetAnchors().Contains(akBottom))
+                height.Free = std::max(height.Free, place.Bottom);
+        }
+    }
+    const TRect client = GetClientRect();
+    TRect inside = client;
+    AdjustClientRect(inside);
+    const bool widthIsImposed = GetAlign() == alTop || GetAlign() == alBottom || GetAlign() == alClient;
+    const bool heightIsImposed = GetAlign() == alLeft || GetAlign() == alRight || GetAlign() == alClient;
+    if (width.Decides() && !widthIsImposed)
+        newWidth += width.Needed(inside.Left, client.Right - inside.Right) - client.Width();
+    if (height.Decides() && !heightIsImposed)
+        newHeight += height.Needed(inside.Top, client.Bottom - inside.Bottom) - client.Height();
+    return true;
+}
+
 void TWinControl::ChangeScale(int m, int d) {
     WithoutAlign([&] {
         ScaleControls(m, d);
@@ -348,10 +413,7 @@ void TWinControl::SetTabStop(bool value) {
     if (FTabStop == value)
         return;
     FTabStop = value;
-    if (HandleAllocated()) {
-        const LONG_PTR style = GetWindowLongPtrW(FHandle, GWL_STYLE);
-        SetWindowLongPtrW(FHandle, GWL_STYLE, value ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP});
-    }
+    ChangeWindowStyle(WS_TABSTOP, value);
     Perform(CM_TABSTOPCHANGED);
 }
 

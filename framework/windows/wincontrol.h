@@ -103,6 +103,7 @@ public:
     bool Ctl3DStored() const { return !FParentCtl3D; }
     bool GetParentCtl3D() const { return FParentCtl3D; }
     void SetParentCtl3D(bool value);
+    /// Whether a control that paints itself does so in memory first, so that nothing flickers.
     bool GetDoubleBuffered() const { return FDoubleBuffered; }
     void SetDoubleBuffered(bool value) { FDoubleBuffered = value; }
     bool GetShowing() const { return FShowing; }
@@ -126,7 +127,12 @@ protected:
     virtual void CreateParams(TCreateParams& params);
     /// Turns the parameters into those of a descendant of a native class such as "EDIT", registered under this
     /// control's own class name (quicker than subclassing each window).
+    /// EInvalidOperation when the program knows no such class (its library is not loaded).
     void CreateSubClass(TCreateParams& params, const wchar_t* nativeClass);
+    /// The border of a control that has one: sunken with Ctl3D, a thin line without.
+    void AddBorder(TCreateParams& params, TBorderStyle border) const;
+    /// Turns style bits of a window that is there on or off; one that is made later gets them by CreateParams.
+    void ChangeWindowStyle(DWORD style, bool present);
     virtual void CreateWindowHandle(const TCreateParams& params);
     /// Makes the window and brings it into the control's state.
     virtual void CreateWnd();
@@ -145,6 +151,8 @@ protected:
     virtual void ForgetWindow();
 
     virtual void AlignControls(TControl* changed, TRect& client);
+    /// With AutoSize, the extent at which all visible children just fit; one that no child decides stays as it is.
+    bool CanAutoSize(int& newWidth, int& newHeight) override;
     /// The client area less what a descendant keeps for itself (bevels).
     virtual void AdjustClientRect(TRect& rect) { (void)rect; }
     virtual void DoEnter();
@@ -201,6 +209,7 @@ private:
     void AbandonWindow();
     void KeepStates();
     void AlignControl(TControl* control);
+    void LayOut(TControl* control);
     bool PlaceChild(TControl& child, const TRect& place);
     void WithoutAlign(const std::function<void()>& body);
     bool IsNewPaintFailure(const TMessage& message);

@@ -196,9 +196,27 @@ void TWinControl::CreateParams(TCreateParams& params) {
 void TWinControl::CreateSubClass(TCreateParams& params, const wchar_t* nativeClass) {
     constexpr UINT kKeptStyles = CS_HREDRAW | CS_VREDRAW | CS_GLOBALCLASS | CS_OWNDC | CS_CLASSDC;
     const UINT ownStyle = params.WindowClass.style;
-    if (GetClassInfoW(nullptr, nativeClass, &params.WindowClass) ||
-        GetClassInfoW(GetModuleHandleW(nullptr), nativeClass, &params.WindowClass))
-        params.WindowClass.style = (params.WindowClass.style & ~kKeptStyles) | ownStyle;
+    if (!GetClassInfoW(nullptr, nativeClass, &params.WindowClass) &&
+        !GetClassInfoW(GetModuleHandleW(nullptr), nativeClass, &params.WindowClass))
+        throw EInvalidOperation(u"There is no window class " + FromWide(nativeClass, std::wcslen(nativeClass)));
+    params.WindowClass.style = (params.WindowClass.style & ~kKeptStyles) | ownStyle;
+}
+
+void TWinControl::AddBorder(TCreateParams& params, TBorderStyle border) const {
+    if (border == bsNone)
+        return;
+    if (FCtl3D)
+        params.ExStyle |= WS_EX_CLIENTEDGE;
+    else
+        params.Style |= WS_BORDER;
+}
+
+void TWinControl::ChangeWindowStyle(DWORD style, bool present) {
+    if (!FHandle)
+        return;
+    const LONG_PTR bits = GetWindowLongPtrW(FHandle, GWL_STYLE);
+    const auto changed = static_cast<LONG_PTR>(style);
+    SetWindowLongPtrW(FHandle, GWL_STYLE, present ? bits | changed : bits & ~changed);
 }
 
 void TWinControl::CreateWindowHandle(const TCreateParams& params) {
@@ -530,10 +548,12 @@ void TWinControl::WMEraseBkgnd(TMessage& message) {
         DefaultHandler(message); // native controls know what of their background shows
         return;
     }
-    // A double-buffered control fills its background in the buffer.
-    if (!FDoubleBuffered || message.LParam == static_cast<LPARAM>(message.WParam)) {
+    // A double-buffered control fills its background in the buffer, not on the screen. Children that ask for what lies
+    // behind them come with a context of their own.
+    const auto dc = reinterpret_cast<HDC>(message.WParam);
+    if (!FDoubleBuffered || WindowFromDC(dc) != FHandle) {
         const RECT client = ToWin(GetClientRect());
-        FillRect(reinterpret_cast<HDC>(message.WParam), &client, FBrush->GetHandle());
+        FillRect(dc, &client, FBrush->GetHandle());
     }
     message.Result = 1;
 }
@@ -575,7 +595,7 @@ void TWinControl::PaintHandler(TMessage& message) {
     }
     const TBufferedPaint buffer(dc, GetClientRect());
     const HDC memory = buffer;
-    Perform(WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), reinterpret_cast<LPARAM>(memory));
+    Perform(WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory));
     if (alive)
         paintAll(memory);
 }

@@ -1,5 +1,6 @@
 // Panels and group boxes: the room they leave to their children, and what they paint.
 
+#include "framework/graphics/canvas.h"
 #include "framework/windows/button.h"
 #include "framework/windows/panel.h"
 #include "tests/support/input.h"
@@ -88,6 +89,52 @@ TEST(Panel, PaintsBevelsAndCaption) {
     EXPECT_TRUE(hasInk(50, 80));
     panel.SetShowCaption(false);
     EXPECT_FALSE(hasInk(0, 80));
+}
+
+TEST(Panel, SizesItselfToItsChildren) {
+    const auto form = ShowForm();
+    TPanel panel(nullptr);
+    TButton button(nullptr);
+    TPanel bar(nullptr);
+    panel.SetParent(form.get());
+    panel.SetBounds(20, 20, 200, 150);
+    panel.SetBevelWidth(2);
+    button.SetParent(&panel);
+    button.SetBounds(10, 30, 75, 25);
+    panel.SetAutoSize(true);
+    EXPECT_EQ(panel.GetBoundsRect(), Bounds(20, 20, 87, 57));
+    button.SetLeft(50);
+    EXPECT_EQ(panel.GetBoundsRect(), Bounds(20, 20, 127, 57)) << "a child moved";
+    bar.SetHeight(20);
+    bar.SetAlign(alBottom);
+    bar.SetParent(&panel);
+    EXPECT_EQ(panel.GetBoundsRect(), Bounds(20, 20, 127, 77));
+    EXPECT_EQ(bar.GetBoundsRect(), Bounds(2, 55, 123, 20));
+    button.SetVisible(false);
+    EXPECT_EQ(panel.GetBoundsRect(), Bounds(20, 20, 127, 24)) << "nobody decides the width now";
+    panel.SetAlign(alLeft);
+    EXPECT_EQ(panel.GetHeight(), form->GetClientHeight()) << "the parent does";
+}
+
+TEST(Panel, LetsItsParentShowThrough) {
+    const auto form = ShowForm();
+    form->OnPaint = [&](TObject*) {
+        form->GetCanvas()->GetBrush()->SetColor(clFuchsia);
+        form->GetCanvas()->FillRect({0, 0, 70, 300});
+    };
+    TPanel panel(nullptr);
+    panel.SetBevelOuter(bvNone);
+    panel.SetParent(form.get());
+    panel.SetBounds(20, 20, 100, 40);
+    panel.SetParentColor(true);
+    for (const bool buffered : {false, true}) {
+        form->SetDoubleBuffered(buffered);
+        panel.Invalidate();
+        EXPECT_EQ(PixelOf(panel, {49, 20}), RGB(255, 0, 255));
+        EXPECT_EQ(PixelOf(panel, {50, 20}), ColorToRGB(clBtnFace));
+    }
+    panel.SetParentBackground(false);
+    EXPECT_EQ(PixelOf(panel, {49, 20}), ColorToRGB(clBtnFace));
 }
 
 TEST(GroupBox, LeadsToItsFirstControl) {
