@@ -284,7 +284,8 @@ TEST(FloatEdit, ValuesFromPrograms) {
         EXPECT_EQ(ReadFloatValue(text, row.Entry, Polish), row.Read) << row.Text;
         EXPECT_FALSE(WriteFloatValue(text, row.Value, row.Entry, Polish)) << row.Text << " is left alone";
     }
-    EXPECT_FALSE(std::signbit(ReadFloatValue(u"-0", Plain, Polish)));
+    for (const StringView zero : {u"-0", u"-,", u"-", u"-1e-4952", u"-0e"})
+        EXPECT_FALSE(std::signbit(ReadFloatValue(zero, Plain, Polish))) << Utf8Encode(zero);
     const String none = WriteFloatValue({}, NaN, Decimals(1, -5, 5), Polish).value_or(u"(none)");
     EXPECT_EQ(Utf8Encode(none), "NAN");
     EXPECT_TRUE(std::isnan(ReadFloatValue(none, Decimals(1, -5, 5), Polish)));

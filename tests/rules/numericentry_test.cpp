@@ -57,6 +57,9 @@ TEST(NumericEntry, RozRound) {
         EXPECT_EQ(Digits(RozRound(row.Value, row.Step, Up)), Digits(row.Up)) << row.Value << " by " << row.Step;
         EXPECT_EQ(Digits(RozRound(row.Value, row.Step, Down)), Digits(row.Down)) << row.Value << " by " << row.Step;
     }
+    // A step that the value cannot count changes no bit of it.
+    for (const Extended value : {1 / 3.0L, 2e17L / 3, 1e300L / 7})
+        EXPECT_EQ(RozRound(value, value * 1.7e-25L, Up), value);
     EXPECT_FALSE(std::signbit(RozRound(-0.004L, 0.01L, None)));
     EXPECT_TRUE(std::isnan(RozRound(NaN, 2, None)));
     EXPECT_TRUE(IsMultiple(0.3L, WrittenSingle(0.1F)));

@@ -238,6 +238,8 @@ TEST(SpinFloatEdit, Reading) {
         {tTime, u":", TNumberText::Unfinished, 0},
         {tTime, u"-1:30", TNumberText::Number, -90},
         {tTime, u"1:-30", TNumberText::Number, -90},
+        {tTime, u"-1:-30", TNumberText::Number, -90},
+        {tTime, u"-0:00", TNumberText::Number, 0},
         {tTime, u" 1:30 ", TNumberText::Number, 90},
         {tTime, u"1:3:0", TNumberText::Unreadable, least},
         {tTime, u"1:x", TNumberText::Unreadable, least},
@@ -257,6 +259,7 @@ TEST(SpinFloatEdit, Reading) {
         const TNumberReading reading = ReadSpinFloat(row.Text, Entry(row.Mode, {least, 100}), Polish);
         EXPECT_EQ(static_cast<int>(reading.Kind), static_cast<int>(row.Kind)) << Utf8Encode(row.Text);
         EXPECT_EQ(reading.Value, row.Value) << Utf8Encode(row.Text);
+        EXPECT_EQ(std::signbit(reading.Value), row.Value < 0) << Utf8Encode(row.Text);
     }
 }
 
