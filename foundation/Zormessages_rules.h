@@ -12,8 +12,8 @@ enum class TMessageLanguage { Polish, English };
 
 /// The language for a user whose default language identifier this is (GetUserDefaultLangID).
 constexpr TMessageLanguage MessageLanguage(unsigned short languageIdentifier) {
-    constexpr unsigned short Polish = 0x0415;
-    return languageIdentifier == Polish ? TMessageLanguage::Polish : TMessageLanguage::English;
+    constexpr unsigned short polish = 0x0415;
+    return languageIdentifier == polish ? TMessageLanguage::Polish : TMessageLanguage::English;
 }
 
 /// What a message box says.
