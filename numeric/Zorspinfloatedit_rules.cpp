@@ -192,6 +192,17 @@ TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, co
     return leave;
 }
 
+namespace {
+
+/// As the message writes it: a duration in hours and minutes, also where the field shows hundredths of an hour.
+String BoundText(Extended bound, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    if (!IsDuration(entry))
+        return NumberText(bound, entry.Decimals, settings);
+    return ValueToTimeStr(bound, TrybSeparator(entry.Tryb, settings));
+}
+
+} // namespace
+
 TMessageText RangeMessage(const TSpinFloatEntry& entry, TMessageLanguage language, const TFormatSettings& settings) {
     if (language != TMessageLanguage::Polish)
         return {u"An invalid value.", u"Error"};
@@ -201,8 +212,8 @@ TMessageText RangeMessage(const TSpinFloatEntry& entry, TMessageLanguage languag
     const bool hasTop = entry.MaxValue > 0;
     const StringView range =
         hasTop ? u"\nWartość powinna mieścić się w zakresie [%1 - %2]." : u"\nWartość powinna być większa od [%1].";
-    const String filled = StringReplace(range, u"%1", PlainText(entry.MinValue, entry, settings));
-    message.Text += StringReplace(filled, u"%2", PlainText(entry.MaxValue, entry, settings));
+    const String filled = StringReplace(range, u"%1", BoundText(entry.MinValue, entry, settings));
+    message.Text += StringReplace(filled, u"%2", BoundText(entry.MaxValue, entry, settings));
     return message;
 }
 

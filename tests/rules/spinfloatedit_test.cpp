@@ -397,7 +397,7 @@ TEST(SpinFloatEdit, Message) {
         {Entry(tStandard, {-5, -1}, 1, false, 0), "\nWartość powinna być większa od [-5]."},
         {Entry(tStandard, {-0.5L, 1000}), "\nWartość powinna mieścić się w zakresie [-0,50 - 1000,00]."},
         {Entry(tTime, {30, 6000}), "\nWartość powinna mieścić się w zakresie [00:30 - 100:00]."},
-        {Entry(tTimeDecimal, {30, 90}), "\nWartość powinna mieścić się w zakresie [00,50 - 01,50]."},
+        {Entry(tTimeDecimal, {30, 90}), "\nWartość powinna mieścić się w zakresie [00,30 - 01,30]."},
     };
     for (const auto& row : rows) {
         const TMessageText polish = RangeMessage(row.Entry, TMessageLanguage::Polish, Polish);
