@@ -2,6 +2,7 @@
 
 #include "framework/windows/forms.h"
 #include "framework/windows/ownerdraw.h"
+#include "framework/windows/updown.h"
 #include "gallery/playerscript_rules.h"
 
 #include <map>
@@ -18,6 +19,7 @@ const TEventSignature mouseMove(&SignatureOf<TMouseMoveEvent>);
 const TEventSignature mouseWheel(&SignatureOf<TMouseWheelEvent>);
 const TEventSignature close(&SignatureOf<TCloseEvent>);
 const TEventSignature closeQuery(&SignatureOf<TCloseQueryEvent>);
+const TEventSignature upDown(&SignatureOf<TUDClickEvent>);
 const TEventSignature drawItem(&UnwatchedSignatureOf<TDrawItemEvent>);
 const TEventSignature measureItem(&UnwatchedSignatureOf<TMeasureItemEvent>);
 

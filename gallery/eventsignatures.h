@@ -67,8 +67,8 @@ String ArgumentText(const std::remove_cvref_t<TArgument>& value) {
         return u"'" + String(value) + u"'";
     else if constexpr (std::is_floating_point_v<TValue>)
         return FloatToStr(value);
-    else if constexpr (std::is_integral_v<TValue>)
-        return IntToStr(value);
+    else if constexpr (std::is_integral_v<TValue> || std::is_enum_v<TValue>)
+        return IntToStr(static_cast<std::int64_t>(value));
     else
         return {};
 }

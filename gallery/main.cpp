@@ -22,8 +22,7 @@ constexpr char16_t kUsage[] =
     u"gallery [form.dfm | --page title] [--tour | --play script] [--shots folder] [--quiet]\n"
     u"  form.dfm         shows this form in place of the pages\n"
     u"  --page title     begins with this page\n"
-    u"  --tour           plays the input script of every page, or of the one page, and ends: 0 when all went well, "
-    u"else 1\n"
+    u"  --tour           plays the scripts of all pages, or of that one, and ends: 0 when all went well, else 1\n"
     u"  --play script    plays this input script instead\n"
     u"  --shots folder   where the pictures of scripts go\n"
     u"  --quiet          no message box when a file cannot be used, only a line of error output and exit code 2";
