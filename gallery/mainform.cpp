@@ -73,10 +73,6 @@ void TGalleryForm::PageListSelect(TObject*) {
         ShowPage(LoadFormFile(FPages[static_cast<std::size_t>(index)].FormFile));
 }
 
-void TGalleryForm::ScrollIntoView(const TControl& control) {
-    FPageArea->ScrollIntoView(control);
-}
-
 void TGalleryForm::ShowFile(const String& fileName) {
     std::unique_ptr<TCustomForm> page = LoadFormFile(fileName);
     const std::size_t separator = fileName.find_last_of(u"/\\");
@@ -98,6 +94,10 @@ void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     if (first && !FPageList->Focused())
         FocusControl(first);
     SetText(FPage->GetText().empty() ? u"ZOR Gallery" : FPage->GetText() + u" \u2013 ZOR Gallery");
+}
+
+void TGalleryForm::ScrollIntoView(const TControl& control) {
+    FPageArea->ScrollIntoView(control);
 }
 
 TComponent* TGalleryForm::FindByName(StringView name) const {
