@@ -97,7 +97,8 @@ TInputs MouseButtonInputs(TPoint point, TScriptButton button, bool down) {
 
 TInputs WheelInputs(TPoint point, int notches) {
     INPUT input = MouseInput(point, MOUSEEVENTF_WHEEL);
-    input.mi.mouseData = static_cast<DWORD>(notches * WHEEL_DELTA);
+    const int distance = notches * WHEEL_DELTA;
+    input.mi.mouseData = static_cast<DWORD>(distance);
     return {input};
 }
 

@@ -37,7 +37,10 @@ protected:
         std::string Output; ///< standard output and errors
     };
 
-    Gallery() : Folder(files::temp_directory_path() / ("gallery_test" + std::to_string(GetCurrentProcessId()))) {
+    Gallery() {
+        static int tests = 0;
+        Folder = files::temp_directory_path() /
+                 ("gallery_test" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++tests));
         files::create_directories(Folder);
     }
     ~Gallery() override {
