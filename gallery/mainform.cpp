@@ -85,6 +85,7 @@ void TGalleryForm::ShowFile(const String& fileName) {
 void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     FHooks.Watch(nullptr);
     Inspect(nullptr);
+    FLog->Clear();
     FPage = std::move(page);
     FPageArea->ShowPage(FPage.get());
     FHooks.Watch(FPage.get());
