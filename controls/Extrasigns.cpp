@@ -21,8 +21,6 @@ constexpr TColor kHotEdge = 0xB07A3C;
 constexpr TColor kLetter = 0x202020;
 constexpr TColor kBackgroundTop = 0x7F7D7F;
 
-constexpr std::uint32_t kWatchInterval = 50; // milliseconds
-
 bool ShiftHeld() {
     return GetAsyncKeyState(VK_SHIFT) < 0;
 }
@@ -41,31 +39,18 @@ void FillGradient(HDC dc, const TRect& area, TColor start, TColor end) {
 } // namespace
 
 const TClassInfo& Textrasignsfrm::StaticClass() {
-    static const TClassInfo info = DescribeClass<Textrasignsfrm>(u"Textrasignsfrm", TForm::StaticClass());
+    static const TClassInfo info = DescribeClass<Textrasignsfrm>(u"Textrasignsfrm", TZORPopup::StaticClass());
     return info;
 }
 
-Textrasignsfrm::Textrasignsfrm() : TForm(nullptr) {
+Textrasignsfrm::Textrasignsfrm() : TZORPopup(LastingPopup) {
     SetDoubleBuffered(true);
-    SetBorderStyle(bsNone);
-    SetPosition(poDesigned);
-    SetScaled(false); // the keys are laid out for the target's monitor at each showing
     SetColor(ExtraSignsBackground);
-    SetFormStyle(fsStayOnTop); // in Wine being owned is not enough to get the mouse above a form that was raised
-    FWatch.SetEnabled(false);
-    FWatch.SetInterval(kWatchInterval);
-    FWatch.OnTimer = [this](TObject*) { WatchTarget(); };
     LayOutKeys(ExtraSignsKeySize);
 }
 
 Textrasignsfrm::~Textrasignsfrm() {
     DestroyHandle();
-}
-
-void Textrasignsfrm::SetTarget(HWND target) {
-    FTarget = target;
-    if (HandleAllocated() && GetWindow(GetHandle(), GW_OWNER) != GetAncestor(target, GA_ROOT))
-        RecreateWnd(); // the field has moved to another form
 }
 
 void Textrasignsfrm::LayOutKeys(int keySize) {
@@ -78,44 +63,20 @@ void Textrasignsfrm::LayOutKeys(int keySize) {
     GetFont()->SetHeight(-MulDiv(keySize, 13, ExtraSignsKeySize));
 }
 
-void Textrasignsfrm::CreateParams(TCreateParams& params) {
-    TForm::CreateParams(params);
-    params.ExStyle |= WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW;
-    if (IsWindow(FTarget))
-        params.WndParent = GetAncestor(FTarget, GA_ROOT); // stays above the form, and goes with it
-}
-
 void Textrasignsfrm::Dispatch(TMessage& message) {
     if (message.Msg == WM_ERASEBKGND)
         message.Result = 1; // the gradient covers everything
     else
-        TForm::Dispatch(message);
+        TZORPopup::Dispatch(message);
 }
 
-void Textrasignsfrm::DoShow() {
-    LayOutKeys(ScaledExtraSignsKeySize(TheScreen().GetPixelsPerInch(FTarget)));
-    MoveUnderTarget();
-    FWatch.SetEnabled(true);
-    TForm::DoShow();
+void Textrasignsfrm::Prepare() {
+    LayOutKeys(ScaledExtraSignsKeySize(TheScreen().GetPixelsPerInch(TargetWindow())));
 }
 
-void Textrasignsfrm::DoHide() {
-    FWatch.SetEnabled(false);
-    TForm::DoHide();
-}
-
-// The field hears nothing when its form or a panel moves, is hidden or minimised.
-void Textrasignsfrm::WatchTarget() {
-    if (IsWindowVisible(FTarget) && !IsIconic(GetAncestor(FTarget, GA_ROOT)))
-        MoveUnderTarget();
-    else
-        Hide();
-}
-
-void Textrasignsfrm::MoveUnderTarget() {
-    RECT target{};
-    if (GetWindowRect(FTarget, &target))
-        SetBounds(target.left, target.bottom, GetWidth(), GetHeight());
+/// Below the field also where the screen ends, so that it never covers the field; this is meant.
+TRect Textrasignsfrm::PlaceFor(const TRect& target, const TRect&) const {
+    return Bounds(target.Left, target.Bottom, GetWidth(), GetHeight());
 }
 
 // Painting
@@ -169,16 +130,16 @@ void Textrasignsfrm::SetHot(const KEYDEF* key) {
 
 void Textrasignsfrm::MouseMove(TShiftState shift, int x, int y) {
     SetHot(KeyAt(FKeys, {x, y}));
-    TForm::MouseMove(shift, x, y);
+    TZORPopup::MouseMove(shift, x, y);
 }
 
 void Textrasignsfrm::CMMouseLeave(TMessage& message) {
     SetHot(nullptr);
-    TForm::CMMouseLeave(message);
+    TZORPopup::CMMouseLeave(message);
 }
 
 void Textrasignsfrm::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
-    TForm::MouseDown(button, shift, x, y);
+    TZORPopup::MouseDown(button, shift, x, y);
     if (button != mbLeft)
         return;
     FPressed = KeyAt(FKeys, {x, y});
@@ -187,7 +148,7 @@ void Textrasignsfrm::MouseDown(TMouseButton button, TShiftState shift, int x, in
 }
 
 void Textrasignsfrm::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
-    TForm::MouseUp(button, shift, x, y);
+    TZORPopup::MouseUp(button, shift, x, y);
     if (button != mbLeft || !FPressed)
         return;
     const KEYDEF* key = KeyAt(FKeys, {x, y});
@@ -200,8 +161,8 @@ void Textrasignsfrm::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 
 void Textrasignsfrm::InsertSignOf(const KEYDEF& key) {
     const char16_t sign = KeySign(key, ShiftHeld());
-    const HWND target = FTarget;
-    if (!IsWindow(target))
+    const HWND target = TargetWindow();
+    if (!target)
         return; // the field has gone meanwhile
     DWORD start = 0;
     DWORD end = 0;

@@ -4,38 +4,30 @@
 // and talks to it through window messages alone.
 
 #include "controls/Extrasigns_rules.h"
-#include "framework/windows/forms.h"
-#include "framework/windows/timer.h"
+#include "foundation/Zorpopup.h"
 
 namespace ZOR {
 
 /// Posted to the field after the popup changed its text; the field answers with its OnChange.
 inline constexpr UINT ExtraSignsChangedMessage = 2005;
 
-class Textrasignsfrm : public TForm {
+class Textrasignsfrm : public TZORPopup {
     FRAMEWORK_CLASS(Textrasignsfrm)
 
 public:
     Textrasignsfrm();
     ~Textrasignsfrm() override;
 
-    /// The window that receives the letters. The popup stays above the form of its target and is destroyed with it.
-    void SetTarget(HWND target);
-    HWND GetTarget() const { return FTarget; }
     /// Asked at each click for the most UTF-16 units the text may have; 0 means no limit.
     void SetLengthLimit(std::function<int()> limit) { FLengthLimit = std::move(limit); }
-    /// Places the popup's left upper corner at the target's left lower one, wherever the target is now. It stays below
-    /// also where the screen ends, so that it never covers the field; this is meant.
-    void MoveUnderTarget();
     /// True while a letter is on its way into the target.
     bool IsInserting() const { return FInserting; }
     std::span<const KEYDEF> GetKeys() const { return FKeys; }
 
 protected:
-    void CreateParams(TCreateParams& params) override;
     void Dispatch(TMessage& message) override;
-    void DoShow() override;
-    void DoHide() override;
+    void Prepare() override;
+    TRect PlaceFor(const TRect& target, const TRect& workArea) const override;
     void Paint() override;
     void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
     void MouseMove(TShiftState shift, int x, int y) override;
@@ -43,7 +35,6 @@ protected:
     void CMMouseLeave(TMessage& message) override;
 
 private:
-    void WatchTarget();
     void LayOutKeys(int keySize);
     void PaintBackground();
     void PaintKey(const KEYDEF& key, bool shiftHeld);
@@ -51,8 +42,6 @@ private:
     void SetHot(const KEYDEF* key);
     void InsertSignOf(const KEYDEF& key);
 
-    HWND FTarget = nullptr;
-    TTimer FWatch{nullptr}; // runs while the popup is shown
     std::function<int()> FLengthLimit;
     int FKeySize = ExtraSignsKeySize;
     std::vector<KEYDEF> FKeys;

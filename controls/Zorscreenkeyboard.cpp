@@ -7,18 +7,15 @@ void TSignsKeyboard::Toggle(TWinControl& field, std::function<int()> lengthLimit
         FExtraSignsForm = std::make_unique<Textrasignsfrm>();
         FExtraSignsForm->SetLengthLimit(std::move(lengthLimit));
     }
-    FExtraSignsForm->SetTarget(field.GetHandle());
-    const bool open = IsOpen();
-    FExtraSignsForm->Hide(); // also when it only believes to be shown: its window goes with that of a form made anew
-    if (!open)
-        FExtraSignsForm->Show();
+    if (FExtraSignsForm->IsOpen())
+        FExtraSignsForm->CloseUp();
+    else
+        FExtraSignsForm->PopUp(field);
 }
 
-void TSignsKeyboard::Follow(TWinControl& field) {
-    if (!IsOpen() || !field.HandleAllocated())
-        return;
-    FExtraSignsForm->SetTarget(field.GetHandle()); // another one after the window was made anew
-    FExtraSignsForm->MoveUnderTarget();
+void TSignsKeyboard::Follow() {
+    if (IsOpen())
+        FExtraSignsForm->FollowTarget();
 }
 
 void TSignsKeyboard::ShiftChanged() {
@@ -28,7 +25,7 @@ void TSignsKeyboard::ShiftChanged() {
 
 void TSignsKeyboard::Hide() {
     if (FExtraSignsForm)
-        FExtraSignsForm->Hide();
+        FExtraSignsForm->CloseUp();
 }
 
 } // namespace ZOR

@@ -13,8 +13,8 @@ class TSignsKeyboard {
 public:
     /// Shows or hides the popup under `field`; `lengthLimit` tells the field's limit whenever a letter is inserted.
     void Toggle(TWinControl& field, std::function<int()> lengthLimit);
-    /// Keeps a visible popup under the field.
-    void Follow(TWinControl& field);
+    /// Keeps a visible popup under its field.
+    void Follow();
     /// Shows the letters as Shift makes them.
     void ShiftChanged();
     void Hide();
@@ -23,7 +23,7 @@ public:
     Textrasignsfrm* GetForm() const { return FExtraSignsForm.get(); }
 
 private:
-    bool IsOpen() const { return FExtraSignsForm && FExtraSignsForm->GetShowing(); }
+    bool IsOpen() const { return FExtraSignsForm && FExtraSignsForm->IsOpen(); }
 
     std::unique_ptr<Textrasignsfrm> FExtraSignsForm;
 };
@@ -46,7 +46,7 @@ public:
 
     void WndProc(TMessage& message) override {
         if (TakesSigns())
-            FKeyboard.Follow(*this);
+            FKeyboard.Follow();
         else
             FKeyboard.Hide();
         switch (message.Msg) {

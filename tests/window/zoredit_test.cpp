@@ -262,7 +262,6 @@ TEST_F(FramedEdit, ThePopupGoesWhereItsFieldGoes) {
         {"disabled", [&] { Edit->Enabled = false; }, [&] { Edit->Enabled = true; }},
         {"read-only", [&] { Edit->ReadOnly = true; }, [&] { Edit->ReadOnly = false; }},
         {"taken away", [&] { Edit->Parent = nullptr; }, [&] { Edit->Parent = Form.get(); }},
-        {"made anew with its form", [&] { Form->BorderStyle = bsDialog; }, [] {}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.Name);
@@ -272,6 +271,11 @@ TEST_F(FramedEdit, ThePopupGoesWhereItsFieldGoes) {
         Edit->screenKeyboard();
         EXPECT_TRUE(popup.Showing) << "and comes back when asked for";
     }
+    Form->BorderStyle = bsDialog; // which makes all windows anew
+    RECT field{};
+    GetWindowRect(Edit->Handle, &field);
+    EXPECT_TRUE(WaitFor([&] { return popup.Showing && popup.Left == field.left && popup.Top == field.bottom; }));
+    EXPECT_TRUE(IsWindowVisible(popup.Handle));
     TForm another(nullptr);
     another.Show();
     Edit->Parent = &another;
@@ -669,13 +673,12 @@ end
 
 TEST_F(FramedEdit, APopupOutlivesTheDeathOfItsTarget) {
     Textrasignsfrm popup;
-    popup.SetTarget(Edit->Handle);
-    popup.Show();
+    popup.PopUp(*Edit);
     delete Edit;
     popup.Perform(WM_LBUTTONDOWN, MK_LBUTTON, PointToLParam({10, 10}));
     popup.Perform(WM_LBUTTONUP, 0, PointToLParam({10, 10}));
-    popup.MoveUnderTarget();
-    EXPECT_TRUE(popup.Visible);
+    popup.FollowTarget();
+    EXPECT_TRUE(WaitFor([&] { return !popup.Visible; })) << "there is nothing to write into";
 }
 
 TEST_F(FramedEdit, LeavesNothingBehind) {
