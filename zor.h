@@ -4,6 +4,8 @@
 
 #include "buttons/Zorcolorbutton.h"
 #include "controls/Zoredit.h"
+#include "datetime/Zordatetimepicker.h"
+#include "datetime/Zordatetimepickeredit.h"
 #include "foundation/Zorpackage.h"
 #include "framework/system/formloader.h"
 #include "framework/system/numbers.h"

@@ -19,6 +19,11 @@ void RepaintFrame(TWinControl& control, TFrameRepaint how) {
         control.Invalidate();
 }
 
+bool HasScrollBars(TWinControl& control) {
+    return control.HandleAllocated() &&
+           (GetWindowLongPtrW(control.GetHandle(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)) != 0;
+}
+
 namespace {
 
 TUniqueFont HintFont(HDC dc, const TFont& font) {
@@ -27,8 +32,10 @@ TUniqueFont HintFont(HDC dc, const TFont& font) {
                                    CLEARTYPE_QUALITY, FF_ROMAN, WideChars(font.GetName())));
 }
 
-void DrawHint(HDC dc, TWinControl& control, const String& hint) {
-    const THintInsidePlace place = HintInsidePlace(control.GetClientRect());
+void DrawHint(HDC dc, HWND window, const TControl& control, const String& hint) {
+    RECT client{};
+    GetClientRect(window, &client);
+    const THintInsidePlace place = HintInsidePlace(FromWin(client));
     const COLORREF background = ColorToRGB(control.GetColor());
     const TUniqueFont font = HintFont(dc, *control.GetFont());
     const TUniqueBrush brush(CreateSolidBrush(background));
@@ -36,7 +43,6 @@ void DrawHint(HDC dc, TWinControl& control, const String& hint) {
     SelectObject(dc, font.Get());
     SetBkColor(dc, background);
     // The outermost pixels are the background's; some native classes erase it only while they paint themselves.
-    const RECT client = ToWin(control.GetClientRect());
     FrameRect(dc, &client, brush.Get());
     const RECT area = ToWin(place.Background);
     FillRect(dc, &area, brush.Get());
@@ -47,13 +53,17 @@ void DrawHint(HDC dc, TWinControl& control, const String& hint) {
 
 } // namespace
 
-void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message) {
+void PaintHintInside(HWND part, const TControl& control, const String& hint, const TMessage& message) {
     if (message.WParam) {
-        DrawHint(reinterpret_cast<HDC>(message.WParam), control, hint); // painted onto something else than the screen
+        DrawHint(reinterpret_cast<HDC>(message.WParam), part, control, hint); // onto something else than the screen
         return;
     }
-    const TPaintDC dc(control.GetHandle());
-    DrawHint(dc, control, hint);
+    const TPaintDC dc(part);
+    DrawHint(dc, part, control, hint);
+}
+
+void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message) {
+    PaintHintInside(control.GetHandle(), control, hint, message);
 }
 
 } // namespace ZOR

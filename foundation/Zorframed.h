@@ -18,21 +18,35 @@ enum class TFrameRepaint {
     Invalidate ///< the same when its turn comes
 };
 
+/// Where a control paints its frame.
+enum class TFramePlace {
+    Border,     ///< in place of the native border; scroll bars, which belong to the border, show all the same
+    OverBorder, ///< over the native border, which is painted first in any case
+    OverClient, ///< over all the rest at the end of WM_PAINT, for classes that paint their border themselves
+    Own         ///< somewhere else, which the control paints itself
+};
+
 /// Where framed controls differ. The defaults are the framed edit's behaviour.
 struct TFraming {
     TRequirementPolicy Requirement = EditRequirement;
     TFrameRepaint StateChanged = TFrameRepaint::NonClient;
     TFrameRepaint EnabledChanged = TFrameRepaint::NonClient;
+    TFramePlace Place = TFramePlace::Border;
     bool BoundLabel = true;
     bool HintInside = true;
+    bool HintInPart = false; ///< a window inside shows the text; the control paints the hint there, see HintToShow
 };
 
 inline constexpr TFraming EditFraming{};
 
 /// Repaints as told; a control that has no window yet is painted anyway when it gets one.
 void RepaintFrame(TWinControl& control, TFrameRepaint how);
+/// Whether the window shows scroll bars now.
+bool HasScrollBars(TWinControl& control);
 /// Paints an empty field with its hint, in grey italics of the control's font, in answer to WM_PAINT.
 void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message);
+/// The same in a window that is a part of the control.
+void PaintHintInside(HWND part, const TControl& control, const String& hint, const TMessage& message);
 
 template <class TBase, const TFraming& Framing = EditFraming>
 class TZORFramed : public TBase {
@@ -121,7 +135,13 @@ protected:
             return {};
         return String(HintInsideText({FUnfocused, FShowHintInside, TextIsEmpty(), FLabelHint, this->GetHint()}));
     }
-    bool TextIsEmpty() const { return this->GetTextLen() == 0; }
+    /// A value was found in order: an error gives way to the state that the program set.
+    void RestoreWymagany() {
+        if (FRequirement.Restore())
+            RepaintFrame(*this, Framing.StateChanged);
+    }
+    /// Whether the person has entered nothing: then the hint shows, and an error stays when the field is left.
+    virtual bool TextIsEmpty() const { return this->GetTextLen() == 0; }
     bool Unfocused() const { return FUnfocused; }
 
 private:
@@ -142,37 +162,56 @@ private:
         case CM_EXIT:
             FUnfocused = true;
             FRequirement.Leave(TextIsEmpty());
-            RepaintFrame(*this, TFrameRepaint::NonClient);
+            RepaintBorder();
             break;
         case CM_MOUSELEAVE:
             FRequirement.MouseLeave(TextIsEmpty());
-            RepaintFrame(*this, TFrameRepaint::NonClient);
+            RepaintBorder();
             break;
         case CM_MOUSEENTER:
         case WM_SIZE:
-            RepaintFrame(*this, TFrameRepaint::NonClient);
+            RepaintBorder();
             break;
         case WM_NCPAINT:
-            if (PaintRequirementFrame(this, true))
-                return;
-            if (message.WParam == 0)
-                message.WParam = 1; // the whole frame, in the one form that themed native painting understands
-            break;
-        case WM_PAINT: {
-            const String hint = HintToShow();
-            if (hint.empty())
-                TBase::WndProc(message);
-            else
-                PaintHintInside(*this, hint, message);
-            // The system drew its flat border; the frame goes over it again.
-            if (alive && !this->GetCtl3D())
-                RepaintFrame(*this, TFrameRepaint::NonClient);
-            return;
-        }
+            return PaintBorder(message, alive);
+        case WM_PAINT:
+            return PaintClient(message, alive);
         default:
             break;
         }
         TBase::WndProc(message);
+    }
+
+    static constexpr bool FramesBorder =
+        Framing.Place == TFramePlace::Border || Framing.Place == TFramePlace::OverBorder;
+
+    void RepaintBorder() {
+        if constexpr (FramesBorder)
+            RepaintFrame(*this, TFrameRepaint::NonClient);
+    }
+    void PaintBorder(TMessage& message, const TLifeGuard& alive) {
+        const bool nativeFirst = Framing.Place != TFramePlace::Border || HasScrollBars(*this);
+        if (FramesBorder && !nativeFirst && PaintRequirementFrame(this, true))
+            return;
+        if (message.WParam == 0)
+            message.WParam = 1; // the whole frame, in the one form that themed native painting understands
+        TBase::WndProc(message);
+        if (FramesBorder && nativeFirst && alive)
+            PaintRequirementFrame(this, true);
+    }
+    void PaintClient(TMessage& message, const TLifeGuard& alive) {
+        const String hint = HintToShow();
+        if (hint.empty() || Framing.HintInPart)
+            TBase::WndProc(message);
+        else
+            PaintHintInside(*this, hint, message);
+        if (!alive)
+            return;
+        if constexpr (Framing.Place == TFramePlace::OverClient)
+            PaintRequirementFrame(this, true);
+        // The system drew its flat border; the frame goes over it again.
+        if (!this->GetCtl3D())
+            RepaintBorder();
     }
 
     void InvalidateHint() {

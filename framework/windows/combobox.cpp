@@ -152,7 +152,7 @@ void TCustomComboBox::CreateWnd() {
     FillWindow();
     Send(CB_SETCURSEL, static_cast<WPARAM>(itemIndex));
     if (HasEditPart()) {
-        SendMessageW(GetEditHandle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(WideChars(text)));
+        SetEditText(text);
         SetSelection(selection);
     }
     NoteText();
@@ -212,7 +212,7 @@ void TCustomComboBox::ItemDeleted(int index) {
         const String text = GetText();
         Send(CB_DELETESTRING, static_cast<WPARAM>(index));
         if (HasEditPart() && GetText() != text) // what was typed is the person's, whatever becomes of the item
-            SendMessageW(GetEditHandle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(WideChars(text)));
+            SetEditText(text);
         return;
     }
     if (chosen) {
@@ -234,7 +234,7 @@ void TCustomComboBox::ItemsCleared() {
     const String text = GetText();
     Send(CB_RESETCONTENT);
     if (HasEditPart())
-        SendMessageW(GetEditHandle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(WideChars(text)));
+        SetEditText(text);
 }
 
 void TCustomComboBox::ItemsReplaced() {
@@ -348,10 +348,14 @@ void TCustomComboBox::WMSetText(TMessage& message) {
         text = FCharCase == ecUpperCase ? AnsiUpperCase(text) : AnsiLowerCase(text);
         message.LParam = reinterpret_cast<LPARAM>(WideChars(text));
     }
-    if (!HandleAllocated())
+    if (GetEditHandle()) {
+        SetEditText(text);
+        message.Result = TRUE;
+    } else {
         SetSelection({});
-    TCustomCombo::Dispatch(message);
-    NoteText();
+        TCustomCombo::Dispatch(message);
+        NoteText();
+    }
     FollowText();
 }
 
@@ -376,7 +380,7 @@ void TCustomComboBox::CNCommand(TMessage& message) {
     // The native one shows the choice only after this notice; handlers find it in Text already.
     const int index = GetItemIndex();
     if (HasEditPart() && index >= 0 && index < GetCount()) {
-        SendMessageW(GetEditHandle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(WideChars(FItems->Get(index))));
+        SetEditText(FItems->Get(index));
         SelectAll();
     }
     NoteText();
@@ -423,9 +427,8 @@ void TCustomComboBox::CompleteTyped(char16_t& key) {
     const String item = FItems->Get(index);
     if (GetDroppedDown())
         SendMessageW(GetListHandle(), LB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    SendMessageW(GetEditHandle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(WideChars(item)));
+    SetEditText(item);
     SetSelection({static_cast<int>(typed.size()), static_cast<int>(item.size())});
-    NoteText();
     Change();
 }
 

@@ -98,6 +98,8 @@ protected:
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     /// What the last Change told of, or the program set: an equal text is no change.
     void NoteText() { FReportedText = GetText(); }
+    /// Puts a text into the edit part without a word to anybody.
+    void SetEditText(const String& text);
 
 private:
     /// One of the two windows inside.
@@ -132,6 +134,7 @@ private:
     TSelection FSelection; // while there is no window
     int FDropDownCount = 8;
     int FMaxLength = 0;
+    bool FSettingText = false;
     bool FKeyInPart = false; // a part's native procedure handles a key, and may pass it on to the combo box
 };
 

@@ -329,7 +329,7 @@ void TCustomCombo::CNCommand(TMessage& message) {
 }
 
 void TCustomCombo::EditChanged() {
-    if (FControlState.Contains(csCreating))
+    if (FControlState.Contains(csCreating) || FSettingText)
         return;
     // The native edit tells of an undo twice, and of keys that a limit turned away.
     String text = GetText();
@@ -356,6 +356,16 @@ void TCustomCombo::DropDown() {
 
 void TCustomCombo::CloseUp() {
     Fire(*this, OnCloseUp, this);
+}
+
+void TCustomCombo::SetEditText(const String& text) {
+    TLifeGuard alive(*this);
+    const bool outer = std::exchange(FSettingText, true);
+    SendMessageW(FEdit.Window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(WideChars(text)));
+    if (!alive)
+        return;
+    FSettingText = outer;
+    NoteText();
 }
 
 // Setters

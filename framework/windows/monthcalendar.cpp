@@ -245,8 +245,16 @@ void TMonthCalendar::CNNotify(TMessage& message) {
             Click();
         return;
     }
-    case MCN_VIEWCHANGE:
-        return ViewChange();
+    case MCN_VIEWCHANGE: {
+        // Going down to a month or a year chooses it without saying so.
+        SYSTEMTIME days[2]{};
+        TLifeGuard alive(*this);
+        if (SendMessageW(FHandle, FMultiSelect ? MCM_GETSELRANGE : MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(days)))
+            TakeSelection(days[0], days[1]);
+        if (alive)
+            ViewChange();
+        return;
+    }
     default:
         TWinControl::CNNotify(message);
     }

@@ -53,7 +53,11 @@ TEST(NewControl, HasTheFramingAndItsOwnProperty) {
     EXPECT_TRUE(WaitFor([&] { return !edit.GetExtraSignsForm()->Showing; }));
 }
 
-constexpr TFraming kPlainFraming{PlainRequirement, TFrameRepaint::Repaint, TFrameRepaint::Invalidate, false, false};
+constexpr TFraming kPlainFraming{.Requirement = PlainRequirement,
+                                 .StateChanged = TFrameRepaint::Repaint,
+                                 .EnabledChanged = TFrameRepaint::Invalidate,
+                                 .BoundLabel = false,
+                                 .HintInside = false};
 
 class TPlainFramedEdit : public TZORFramed<TEdit, kPlainFraming> {
     FRAMEWORK_CLASS(TPlainFramedEdit)

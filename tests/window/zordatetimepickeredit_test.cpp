@@ -1,0 +1,535 @@
+// The date field as a person meets it: typing, arrows, Delete and Esc, leaving with good and bad texts, in the formats
+// of several countries, and what hosts read and set meanwhile.
+
+#include "datetime/Zordatetimepickeredit.h"
+#include "foundation/Zormessages.h"
+#include "foundation/Zorpackage.h"
+#include "framework/graphics/handles.h"
+#include "framework/system/formloader.h"
+#include "framework/system/strings.h"
+#include "framework/windows/application.h"
+#include "framework/windows/edit.h"
+#include "framework/windows/standardcontrols.h"
+#include "framework/windows/timer.h"
+#include "tests/support/handlecount.h"
+#include "tests/support/input.h"
+
+#include <gtest/gtest.h>
+
+using namespace framework;
+using namespace ZOR;
+using namespace testsupport;
+
+namespace {
+
+TFormatSettings Country(const char16_t* shortDate, char16_t separator, const char16_t* shortTime) {
+    TFormatSettings settings;
+    settings.ShortDateFormat = shortDate;
+    settings.DateSeparator = separator;
+    settings.ShortTimeFormat = shortTime;
+    return settings;
+}
+
+const TFormatSettings kYearFirst = Country(u"yyyy-MM-dd", u'-', u"hh:mm");
+const TFormatSettings kPolish = Country(u"d.MM.yyyy", u'.', u"hh:mm");
+const TFormatSettings kAmerican = Country(u"M/d/yyyy", u'/', u"h:mm AMPM");
+
+const TDateTime kDay = EncodeDate(2024, 3, 15);
+
+class DateEdit : public testing::Test {
+protected:
+    DateEdit() { framework::FormatSettings() = kYearFirst; }
+    ~DateEdit() override { framework::FormatSettings() = FSaved; }
+
+    void SetUp() override {
+        Other.SetParent(Form.get());
+        Other.SetBounds(200, 200, 100, 21);
+        Other.SetFocus();
+        Edit = Add();
+    }
+    void TearDown() override { delete Edit; }
+
+    TZORDateTimePickerEdit* Add() {
+        auto* edit = new TZORDateTimePickerEdit(nullptr);
+        edit->Parent = Form.get();
+        edit->SetBounds(100, 40, 129, 21);
+        edit->OnChange = [this](TObject*) { ++Changes; };
+        return edit;
+    }
+    void Start(const TFormatSettings& settings, TDTDateFormat format = dfShort, TDateTimeView view = dtvDay) {
+        framework::FormatSettings() = settings;
+        delete Edit;
+        Edit = Add();
+        Edit->DateFormat = format;
+        Edit->DateTimeView = view;
+        Edit->SetFocus();
+        Application->ProcessMessages();
+    }
+    void Leave() {
+        Other.SetFocus();
+        Application->ProcessMessages();
+    }
+    int TakeChanges() { return std::exchange(Changes, 0); }
+
+    TFormatSettings FSaved = framework::FormatSettings();
+    std::unique_ptr<TForm> Form = ShowForm();
+    TEdit Other{nullptr};
+    TZORDateTimePickerEdit* Edit = nullptr;
+    int Changes = 0;
+};
+
+/// Answers the next message box with Enter, from a timer, and keeps what it said.
+class TBoxAnswer {
+public:
+    TBoxAnswer() {
+        FTimer.Interval = 20;
+        FTimer.OnTimer = [this](TObject*) { Look(); };
+    }
+    String Text;
+    String Caption;
+    HWND Owner = nullptr;
+
+private:
+    void Look() {
+        const HWND box = FindWindowExW(nullptr, nullptr, L"#32770", nullptr);
+        if (!box || GetWindowThreadProcessId(box, nullptr) != GetCurrentThreadId())
+            return;
+        FTimer.Enabled = false;
+        wchar_t buffer[256]{};
+        GetDlgItemTextW(box, 0xFFFF, buffer, ARRAYSIZE(buffer));
+        Text = FromWide(buffer);
+        GetWindowTextW(box, buffer, ARRAYSIZE(buffer));
+        Caption = FromWide(buffer);
+        Owner = GetWindow(box, GW_OWNER);
+        SendMessageW(box, WM_COMMAND, IDOK, 0);
+    }
+
+    TTimer FTimer{nullptr};
+};
+
+TEST_F(DateEdit, StartsWithNoDate) {
+    EXPECT_EQ(Edit->Date, 0);
+    EXPECT_EQ(Edit->Text, u"");
+    EXPECT_EQ(Edit->Width, 129);
+    EXPECT_EQ(Edit->DateFormat, dfShort);
+    EXPECT_EQ(Edit->DateTimeView, dtvDay);
+    EXPECT_FALSE(Edit->ZORDroppedDown);
+    Edit->Date = kDay + 0.75;
+    EXPECT_EQ(Edit->Text, u"2024-03-15");
+    EXPECT_EQ(Edit->Time, 0.75);
+    Edit->Time = 1.25;
+    EXPECT_EQ(Edit->DateTime, kDay + 0.25);
+    EXPECT_EQ(TakeChanges(), 2);
+    Edit->Value = kDay + 0.25;
+    EXPECT_EQ(TakeChanges(), 0) << "an equal value is no change";
+    Edit->Clear();
+    EXPECT_EQ(Edit->Date, 0);
+    EXPECT_EQ(TakeChanges(), 1);
+}
+
+TEST_F(DateEdit, KeepsInBounds) {
+    Edit->MaxDate = kDay + 0.5;
+    Edit->Date = kDay + 10;
+    EXPECT_EQ(Edit->Date, kDay + 0.5) << "with the time of the bound";
+    Edit->MinDate = kDay - 3;
+    Edit->Date = kDay - 9.25;
+    EXPECT_EQ(Edit->Date, kDay - 3 + 0.75);
+    Edit->MinDate = EncodeDate(1700, 1, 1);
+    Edit->Date = EncodeDate(1699, 5, 5);
+    EXPECT_EQ(Edit->Date, EncodeDate(1753, 1, 1));
+    Edit->MinDate = kDay;
+    Edit->MaxDate = kDay - 5;
+    Edit->Date = kDay;
+    EXPECT_EQ(Edit->Date, kDay - 5) << "the upper bound is looked at first";
+    Edit->SetFocus();
+    Edit->calendar_pop();
+    EXPECT_TRUE(Edit->ZORDroppedDown);
+    Edit->calendar_pop();
+    Edit->MinDate = 0;
+    Edit->MaxDate = kDay;
+    Edit->SelectAll();
+    TypeText(u"2030-01-01");
+    Leave();
+    EXPECT_EQ(Edit->Date, kDay) << "typed beyond the bound";
+    EXPECT_EQ(Edit->Text, u"2024-03-15");
+}
+
+TEST_F(DateEdit, TypesDatesAsEachCountryWritesThem) {
+    const struct {
+        const char* Name;
+        const TFormatSettings* Settings;
+        bool Masked;
+        TDTDateFormat Format;
+        const char16_t* Keys;
+        const char16_t* Text;
+        TDateTime Value;
+    } rows[] = {
+        {"free, year first", &kYearFirst, false, dfShort, u"2024-02-29", u"2024-02-29", EncodeDate(2024, 2, 29)},
+        {"masked, year first", &kYearFirst, true, dfShort, u"20240229", u"2024-02-29", EncodeDate(2024, 2, 29)},
+        {"free, Polish", &kPolish, false, dfShort, u"7.3.2024", u"07.03.2024", EncodeDate(2024, 3, 7)},
+        {"masked, Polish", &kPolish, true, dfShort, u"15112023", u"15.11.2023", EncodeDate(2023, 11, 15)},
+        {"masked, American", &kAmerican, true, dfShort, u"12312023", u"12/31/2023", EncodeDate(2023, 12, 31)},
+        {"with a time", &kYearFirst, false, dfLong, u"2024-05-06 1230", u"2024-05-06 12:30",
+         EncodeDateTime(2024, 5, 6, 12, 30, 0, 0)},
+        {"masked, with a time", &kPolish, true, dfLong, u"060520242359", u"06.05.2024 23:59",
+         EncodeDateTime(2024, 5, 6, 23, 59, 0, 0)},
+        {"24 hours in America", &kAmerican, false, dfLong, u"3/15/2024 17:05", u"03/15/2024 17:05",
+         EncodeDateTime(2024, 3, 15, 17, 5, 0, 0)},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        Start(*row.Settings, row.Format);
+        Edit->UseMaskEdit = row.Masked;
+        TDateTime seen = 0;
+        Edit->OnChange = [&](TObject*) { seen = Edit->Date; };
+        TypeText(row.Keys);
+        EXPECT_EQ(seen, row.Value) << "hosts read what is typed before the field is left";
+        Leave();
+        EXPECT_EQ(Edit->Text, row.Text);
+        EXPECT_EQ(Edit->Value, row.Value);
+        EXPECT_EQ(Edit->Wymagany, wNone);
+    }
+}
+
+TEST_F(DateEdit, OverwritesAndEmptiesUnderTheMask) {
+    Start(kYearFirst);
+    Edit->UseMaskEdit = true;
+    Edit->MaxLength = 10;
+    Edit->Date = kDay;
+    TakeChanges();
+    Edit->SelStart = 3;
+    TypeText(u"5");
+    EXPECT_EQ(Edit->Text, u"2025-03-15");
+    EXPECT_EQ(Edit->SelStart, 5) << "over the separator";
+    TypeText(u"1x2");
+    EXPECT_EQ(Edit->Text, u"2025-12-15") << "letters are not taken";
+    EXPECT_EQ(TakeChanges(), 3) << "one for each digit";
+    PressKey(VK_BACK);
+    EXPECT_EQ(Edit->Text, u"2025-12-15") << "back over the separator";
+    PressKey(VK_BACK);
+    EXPECT_EQ(Edit->Text, u"2025-10-15");
+    Edit->SelStart = 8;
+    PressKey(VK_DELETE);
+    EXPECT_EQ(Edit->Text, u"2025-10-05");
+    EXPECT_EQ(Edit->Date, EncodeDate(2025, 10, 5));
+    Edit->SelectAll();
+    PressKey(VK_DELETE);
+    EXPECT_EQ(Edit->Text, u"");
+    EXPECT_EQ(Edit->Date, 0) << "emptied is no date";
+    Leave();
+    EXPECT_EQ(Edit->Wymagany, wNone);
+    EXPECT_EQ(Edit->MaxLength, 10);
+    Edit->SetFocus();
+    PressKey('V', {ssCtrl}); // whatever the clipboard holds, the keys of commands pass the filter
+    Edit->Clear();
+}
+
+TEST_F(DateEdit, StepsTheMarkedPart) {
+    Start(kYearFirst, dfLong);
+    const struct {
+        const char* Name;
+        TDateTime From;
+        int Caret;
+        WORD Key;
+        const char16_t* Text;
+    } rows[] = {
+        {"year of a leap day", EncodeDate(2024, 2, 29), 2, VK_UP, u"2025-02-28 00:00"},
+        {"separator belongs to the year", kDay, 4, VK_UP, u"2025-03-15 00:00"},
+        {"month end", EncodeDate(2024, 1, 31), 6, VK_UP, u"2024-02-29 00:00"},
+        {"day over the year", EncodeDate(2023, 12, 31), 9, VK_UP, u"2024-01-01 00:00"},
+        {"hour", kDay, 12, VK_DOWN, u"2024-03-14 23:00"},
+        {"minute at the end", kDay, 16, VK_UP, u"2024-03-15 00:01"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        Edit->Date = row.From;
+        Edit->SelStart = row.Caret;
+        TakeChanges();
+        PressKey(row.Key);
+        EXPECT_EQ(Edit->Text, row.Text);
+        EXPECT_EQ(Edit->SelStart, row.Caret);
+        EXPECT_EQ(TakeChanges(), 1);
+    }
+    Edit->MaxDate = kDay + 1;
+    Edit->Date = kDay;
+    Edit->SelStart = 0;
+    PressKey(VK_UP);
+    EXPECT_EQ(Edit->Date, kDay + 1) << "no step leads beyond the bound";
+    Start(kPolish);
+    PressKey(VK_UP);
+    EXPECT_EQ(Edit->Date, 0);
+    PressKey(VK_DOWN);
+    EXPECT_EQ(Edit->Date, Date()) << "Down without a date starts from today";
+}
+
+TEST_F(DateEdit, EntersMonthsAndYears) {
+    Start(kYearFirst, dfShort, dtvMonth);
+    Edit->Date = kDay;
+    EXPECT_EQ(Edit->Date, EncodeDate(2024, 3, 1));
+    EXPECT_EQ(Edit->Text, u"Mar 2024");
+    TakeChanges();
+    TypeText(u"o");
+    EXPECT_EQ(Edit->Text, u"Oct 2024");
+    TypeText(u"q");
+    EXPECT_EQ(Edit->Text, u"Oct 2024");
+    EXPECT_EQ(TakeChanges(), 1);
+    PressKey(VK_DELETE);
+    EXPECT_EQ(Edit->Text, u"");
+    EXPECT_EQ(Edit->Date, 0);
+    PressKey(VK_UP);
+    EXPECT_EQ(Edit->Text, u"Oct 2024") << "brings the date back, and that is all";
+    Edit->DateFormat = dfLong;
+    EXPECT_EQ(Edit->Text, u"October 2024");
+    Edit->DateTimeView = dtvYear;
+    EXPECT_EQ(Edit->Text, u"2024");
+    EXPECT_EQ(Edit->Date, EncodeDate(2024, 1, 1));
+    PressKey(VK_DOWN);
+    EXPECT_EQ(Edit->Text, u"2023");
+    TypeText(u"7");
+    EXPECT_EQ(Edit->Text, u"2023");
+    Leave();
+    EXPECT_EQ(Edit->Wymagany, wNone);
+    Edit->DateTimeView = dtvDay;
+    EXPECT_EQ(Edit->Text, u"2023-01-01 00:00") << "the snapped value stays";
+}
+
+TEST_F(DateEdit, TellsOfATextThatIsNoDate) {
+    for (const bool withTime : {false, true}) {
+        SCOPED_TRACE(withTime);
+        Start(kYearFirst, withTime ? dfLong : dfShort);
+        Edit->Wymagany = wRequired;
+        int exits = 0;
+        int entered = 0;
+        Edit->OnExit = [&](TObject*) { ++exits; };
+        Other.OnEnter = [&](TObject*) { ++entered; };
+        Edit->Date = kDay;
+        Edit->SelectAll();
+        TypeText(u"2024-02-31");
+        EXPECT_EQ(Edit->Wymagany, wRequired) << "nobody is told while typing";
+        TBoxAnswer box;
+        PressKey(VK_TAB);
+        EXPECT_TRUE(WaitFor([&] { return !box.Text.empty(); }));
+        EXPECT_EQ(box.Owner, Form->GetHandle());
+        const TMessageText expected = InvalidDateMessage(
+            UserMessageLanguage(), Now(), {EntrySettings(kYearFirst), withTime ? dfLong : dfShort, dtvDay, 0});
+        EXPECT_EQ(box.Caption, expected.Caption);
+        // The example is the present moment; only its minute may have passed meanwhile.
+        EXPECT_EQ(box.Text.substr(0, box.Text.find(u'[')), expected.Text.substr(0, expected.Text.find(u'[')));
+        EXPECT_EQ(box.Text.size(), expected.Text.size());
+        EXPECT_EQ(Edit->Wymagany, wError);
+        EXPECT_EQ(Edit->Text, u"2024-02-31") << "what was typed stays";
+        EXPECT_EQ(Edit->Date, kDay);
+        EXPECT_TRUE(WaitFor([&] { return Edit->Focused(); }));
+        EXPECT_EQ(entered, 0) << "nobody else was entered on the way";
+        EXPECT_EQ(exits, 1);
+        TakeChanges();
+        PressKey(VK_ESCAPE);
+        EXPECT_EQ(Edit->Text, withTime ? u"2024-03-15 00:00" : u"2024-03-15");
+        EXPECT_EQ(Edit->Wymagany, wRequired);
+        EXPECT_EQ(TakeChanges(), 1);
+        // Corrected by typing, or emptied: both end the error.
+        Edit->SelectAll();
+        TypeText(u"rubbish");
+        TypeText(u"1");
+        TBoxAnswer again;
+        Leave();
+        EXPECT_FALSE(again.Text.empty());
+        EXPECT_EQ(Edit->Wymagany, wError);
+        Edit->SelectAll();
+        TypeText(u"2023-01-02");
+        EXPECT_EQ(Edit->Wymagany, wRequired);
+        Edit->SelectAll();
+        TypeText(u"9");
+        TBoxAnswer third;
+        Leave();
+        EXPECT_EQ(Edit->Wymagany, wError);
+        Edit->SelectAll();
+        PressKey(VK_BACK);
+        Leave();
+        EXPECT_EQ(Edit->Wymagany, wRequired);
+        EXPECT_EQ(Edit->Date, 0);
+        EXPECT_TRUE(Other.Focused());
+        EXPECT_EQ(entered, 1);
+        Other.OnEnter = nullptr;
+    }
+}
+
+TEST_F(DateEdit, AnErrorOfTheHostsEndsWithAFilledField) {
+    Start(kYearFirst);
+    Edit->Wymagany = wRequired;
+    Edit->Wymagany = wError;
+    Leave();
+    EXPECT_EQ(Edit->Wymagany, wError) << "still empty; and that is no text to tell of";
+    EXPECT_TRUE(Other.Focused());
+    Edit->SetFocus();
+    TypeText(u"2024-01-01");
+    Leave();
+    EXPECT_EQ(Edit->Wymagany, wRequired);
+}
+
+TEST_F(DateEdit, LooksLikeADateFieldWithFrameAndHint) {
+    Edit->HintLabel = u"date of birth";
+    Edit->BoundLabel->Caption = u"Born";
+    Edit->BoundLabel->Active = true;
+    const auto pixel = [&](int x, int y) {
+        Form->Update();
+        Edit->Update();
+        Application->ProcessMessages();
+        const TWindowDC dc(Edit->Handle, TWindowDC::Whole);
+        return GetPixel(dc, x, y);
+    };
+    const struct {
+        TWymagany State;
+        COLORREF Frame;
+    } rows[] = {{wRequired, 0xDD9746}, {wError, 0x0000FF}, {wRecommended, 0x46C265}};
+    for (const auto& row : rows) {
+        Edit->Wymagany = row.State;
+        for (const TPoint at : {TPoint{0, 0}, TPoint{Edit->Width - 1, Edit->Height - 1}, TPoint{60, 0}})
+            EXPECT_EQ(pixel(at.X, at.Y), row.Frame);
+    }
+    Edit->SetBounds(100, 40, 150, 21);
+    EXPECT_EQ(pixel(149, 5), 0x46C265u);
+    Edit->Wymagany = wNone;
+    EXPECT_NE(pixel(0, 0), 0x46C265u);
+
+    const auto ink = [&] {
+        Edit->Update();
+        Application->ProcessMessages();
+        const TWindowDC dc(Edit->Handle);
+        int count = 0;
+        for (int y = 4; y < Edit->Height - 4; ++y) {
+            for (int x = 4; x < 100; ++x)
+                count += GetPixel(dc, x, y) == ColorToRGB(clWindow) ? 0 : 1;
+        }
+        return count;
+    };
+    EXPECT_GT(ink(), 30) << "the hint";
+    Edit->SetFocus();
+    EXPECT_TRUE(WaitFor([&] { return ink() < 30; })) << "gone, but for the caret";
+    Edit->Date = kDay;
+    Leave();
+    Edit->Clear();
+    EXPECT_TRUE(WaitFor([&] { return ink() > 30; }));
+    EXPECT_EQ(Edit->BoundLabel->Label->Left + Edit->BoundLabel->Label->Width + 8, Edit->Left);
+}
+
+TEST_F(DateEdit, KeepsItsStateThroughANewWindow) {
+    Start(kPolish, dfLong);
+    Edit->UseMaskEdit = true;
+    Edit->DateTime = EncodeDateTime(2024, 3, 15, 8, 5, 0, 0);
+    Edit->SelStart = 4;
+    Edit->calendar_pop();
+    Edit->Ctl3D = false;
+    EXPECT_FALSE(Edit->ZORDroppedDown);
+    EXPECT_EQ(Edit->Text, u"15.03.2024 08:05");
+    EXPECT_EQ(Edit->SelStart, 4);
+    EXPECT_TRUE(Edit->Focused());
+    TypeText(u"1");
+    EXPECT_EQ(Edit->Text, u"15.01.2024 08:05") << "the mask knows the new window";
+    Edit->BiDiMode = bdRightToLeft;
+    PressKey(VK_UP);
+    EXPECT_EQ(Edit->Text, u"15.01.2025 08:05");
+}
+
+TEST_F(DateEdit, ComesWholeFromATextForm) {
+    RegisterStandardControls();
+    RegisterPackage();
+    const auto loaded = CreateFromTextForm(R"(object Form1: TForm
+  object Due: TZORDateTimePickerEdit
+    Wymagany = wRequired
+    HintLabel = 'due'
+    Style = csDropDownList
+    Date = 45366.500000000000000000
+    MinDate = 45000.000000000000000000
+    DateFormat = dfLong
+    DateTimeView = dtvMonth
+    UseMaskEdit = True
+    BoundLabel.Active = True
+  end
+  object Start: TZORDateTimePicker
+    Date = 45366.250000000000000000
+    Time = 45366.250000000000000000
+    Wymagany = wRecommended
+    ZORMode = True
+    Checked = False
+    ShowCheckbox = True
+  end
+end
+)",
+                                           nullptr);
+    const auto* due = As<TZORDateTimePickerEdit>(loaded->FindComponent(u"Due"));
+    ASSERT_NE(due, nullptr);
+    EXPECT_EQ(due->Date, EncodeDate(2024, 3, 1));
+    EXPECT_EQ(due->Text, u"March 2024");
+    EXPECT_EQ(due->Style, csDropDownList);
+    EXPECT_EQ(due->Wymagany, wRequired);
+}
+
+TEST_F(DateEdit, SurvivesWhatItsHandlersDo) {
+    const struct {
+        const char* Name;
+        std::function<void(TZORDateTimePickerEdit&)> Input;
+    } rows[] = {
+        {"typing", [](TZORDateTimePickerEdit&) { TypeText(u"1"); }},
+        {"stepping", [](TZORDateTimePickerEdit&) { PressKey(VK_DOWN); }},
+        {"clearing", [](TZORDateTimePickerEdit& edit) { edit.Clear(); }},
+        {"emptying",
+         [](TZORDateTimePickerEdit& edit) {
+             edit.SelectAll();
+             PressKey(VK_DELETE);
+         }},
+    };
+    for (const bool masked : {false, true}) {
+        for (const auto& row : rows) {
+            SCOPED_TRACE(std::string(row.Name) + (masked ? ", masked" : ""));
+            Start(kYearFirst);
+            Edit->UseMaskEdit = masked;
+            Edit->Date = kDay;
+            Edit->OnChange = [&](TObject*) { delete std::exchange(Edit, nullptr); };
+            TZORDateTimePickerEdit& edit = *Edit;
+            row.Input(edit);
+            EXPECT_TRUE(WaitFor([&] { return Edit == nullptr; }));
+        }
+    }
+    // The form dies while the message is on the screen.
+    auto doomed = std::make_unique<TForm>(nullptr);
+    auto* edit = new TZORDateTimePickerEdit(doomed.get());
+    edit->Parent = doomed.get();
+    auto* next = new TEdit(doomed.get());
+    next->SetParent(doomed.get());
+    ShowAndActivate(*doomed);
+    edit->SetFocus();
+    TypeText(u"9");
+    TTimer timer(nullptr);
+    timer.Interval = 50;
+    timer.OnTimer = [&](TObject*) {
+        const HWND box = FindWindowExW(nullptr, nullptr, L"#32770", nullptr);
+        if (!box || !doomed)
+            return;
+        doomed.reset();
+        timer.Enabled = false;
+    };
+    PressKey(VK_TAB);
+    EXPECT_TRUE(WaitFor([&] { return doomed == nullptr; }));
+}
+
+TEST_F(DateEdit, LeavesNothingBehind) {
+    const int lost = FontsLostByNativeCalendar();
+    ExpectSteadyHandles(
+        1000,
+        [&] {
+            TZORDateTimePickerEdit edit(nullptr);
+            edit.Parent = Form.get();
+            edit.HintLabel = u"hint";
+            edit.Wymagany = wError;
+            edit.BoundLabel->Active = true;
+            Form->Update();
+            edit.SetFocus();
+            edit.calendar_pop();
+            EXPECT_TRUE(edit.ZORDroppedDown);
+            edit.GetCalendarPopup()->Update();
+        },
+        lost);
+}
+
+} // namespace
