@@ -183,9 +183,13 @@ void TZORBoundLabel::FollowParent() {
 void TZORBoundLabel::AlignLabel() {
     if (!FLabel || !FLabel->GetVisible() || FControl->GetComponentState().Contains(csLoading))
         return; // a control that is being loaded aligns its label when all is known
-    TWinControl* parent = FLabel->GetParent();
-    if (parent)
-        parent->DisableAlign();
+    if (TWinControl* parent = FLabel->GetParent())
+        parent->WithoutAlign([this] { PlaceLabel(); });
+    else
+        PlaceLabel();
+}
+
+void TZORBoundLabel::PlaceLabel() {
     FLabel->GetConstraints()->SetMaxWidth(FMaxWidth);
     FLabel->SetWordWrap(true);
     FLabel->SetEnabled(LabelEnabled());
@@ -196,8 +200,6 @@ void TZORBoundLabel::AlignLabel() {
     const TPoint place = LabelPlace(FControl->GetBoundsRect(), size, FIndent, FLayout);
     FLabel->SetBounds(place.X, place.Y, size.Width, size.Height);
     FollowParent();
-    if (parent)
-        parent->EnableAlign();
 }
 
 void TZORBoundLabel::HandleOwnerMsg(TZORBoundLabel* label, const TMessage& msg, TControl* control) {

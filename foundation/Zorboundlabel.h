@@ -69,6 +69,7 @@ public:
 
 private:
     void CreateLabel();
+    void PlaceLabel();
     bool LabelEnabled() const { return FEnabledAlways || FControl->GetEnabled(); }
 
     TWinControl* FControl;

@@ -145,7 +145,7 @@ private:
         if (!answer)
             return E_POINTER;
         // The object may outlive the control, and be asked for one of the items inside it.
-        const TWinControl* control = FindControl(FWindow);
+        const TWinControl* control = FindOwningControl(FWindow);
         if (!control || child.vt != VT_I4 || child.lVal != CHILDID_SELF)
             return (FSystem->*fromSystem)(child, answer);
         try {
@@ -185,13 +185,13 @@ String AccessibleShortcut(const TWinControl& control) {
     return u"Alt+" + String(1, letter);
 }
 
-bool AnswerAccessibility(TWinControl& control, TMessage& message) {
-    if (static_cast<LONG>(message.LParam) != OBJID_CLIENT || AccessibleName(control).empty())
+bool AnswerAccessibility(HWND window, TMessage& message) {
+    const TWinControl* control = FindOwningControl(window);
+    if (static_cast<LONG>(message.LParam) != OBJID_CLIENT || !control || AccessibleName(*control).empty())
         return false;
     // The object travels to another program by COM, which the host may not have started on this thread.
     static thread_local const HRESULT started = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     (void)started;
-    const HWND window = control.GetHandle();
     void* system = nullptr;
     if (FAILED(CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible), &system)))
         return false;

@@ -13,8 +13,8 @@ String AccessibleName(const TWinControl& control);
 /// The accelerator key of that caption, as in "Alt+N"; empty when it has none.
 String AccessibleShortcut(const TWinControl& control);
 
-/// Answers WM_GETOBJECT for a control that a label names: with the system's own object, in which name and shortcut are
-/// the label's. False, the message untouched, for all others.
-bool AnswerAccessibility(TWinControl& control, TMessage& message);
+/// Answers WM_GETOBJECT for the window of a control, or a part inside it, that a label names: with the system's own
+/// object, in which name and shortcut are the label's. False, the message untouched, for all others.
+bool AnswerAccessibility(HWND window, TMessage& message);
 
 } // namespace framework

@@ -1,6 +1,7 @@
 // The two windows inside a native combo box, and the way their messages take: through EditWndProc and ListWndProc, and
 // keys and the mouse through the combo box's own handlers.
 
+#include "framework/windows/accessibility.h"
 #include "framework/windows/application.h"
 #include "framework/windows/combobox.h"
 #include "framework/windows/hints.h"
@@ -193,6 +194,10 @@ void TCustomCombo::EditWndProc(TMessage& message) {
             RouteToHandlers(part, message, mapped);
             return;
         }
+        break;
+    case WM_GETOBJECT: // a person who reads by ear is in the part, whose name is the combo box's
+        if (AnswerAccessibility(part.Window, message))
+            return;
         break;
     case WM_MOUSEWHEEL:
         RouteToHandlers(part, message, message);

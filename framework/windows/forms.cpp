@@ -242,7 +242,13 @@ void TCustomForm::PlaceOnScreen() {
     case poDesktopCenter:
         centre(area);
         break;
-    default: {
+    case poDefault:
+    case poDefaultPosOnly:
+    case poDefaultSizeOnly: {
+        if (FPosition != poDefaultPosOnly) // as large as the system makes windows
+            SetBounds(GetLeft(), GetTop(), MulDiv(area.Width(), 3, 4), MulDiv(area.Height(), 3, 4));
+        if (FPosition == poDefaultSizeOnly)
+            break;
         // A step from the form before, as the system places windows.
         static int cascade = 0;
         const int step = GetSystemMetrics(SM_CYCAPTION) + GetSystemMetrics(SM_CYSIZEFRAME);
@@ -532,7 +538,7 @@ TModalResult TCustomForm::ShowModal() {
             else if (FModalResult != mrNone)
                 CloseModal();
             if (alive)
-                result = FModalResult;
+                result = GetVisible() || FModalResult != mrNone ? FModalResult : mrCancel;
         }
     } catch (...) {
         finish();
@@ -582,6 +588,9 @@ void TCustomForm::Dispatch(TMessage& message) {
         break;
     case WM_CLOSE:
         return Close();
+    case WM_QUERYENDSESSION: // the user logs off: what was not saved may keep the program
+        message.Result = GetParent() || !GetVisible() || CloseQuery();
+        return;
     case WM_DPICHANGED:
         return WMDpiChanged(message);
     case WM_MOUSEACTIVATE:

@@ -76,16 +76,21 @@ public:
     /// EInvalidOperation for a control of another form and for one that cannot have the focus.
     TWinControl* GetActiveControl() const { return FActiveControl; }
     void SetActiveControl(TWinControl* value);
+    /// Another border makes the window anew and keeps the client area's size.
     TFormBorderStyle GetBorderStyle() const { return FBorderStyle; }
     void SetBorderStyle(TFormBorderStyle value);
+    /// The buttons in the caption. biHelp is read and has no effect.
     TBorderIcons GetBorderIcons() const { return FBorderIcons; }
     void SetBorderIcons(TBorderIcons value);
+    /// fsStayOnTop keeps the form above those of other programs. The MDI styles are read and have no effect.
     TFormStyle GetFormStyle() const { return FFormStyle; }
     void SetFormStyle(TFormStyle value);
+    /// Where the form appears the first time it is shown.
     TPosition GetPosition() const { return FPosition; }
     void SetPosition(TPosition value) { FPosition = value; }
     TWindowState GetWindowState() const;
     void SetWindowState(TWindowState value);
+    /// Whether the form's own key events come before those of the control with the focus.
     bool GetKeyPreview() const { return FKeyPreview; }
     void SetKeyPreview(bool value) { FKeyPreview = value; }
     bool GetScaled() const { return FScaled; }
@@ -96,12 +101,14 @@ public:
     void SetPixelsPerInch(int value);
     TModalResult GetModalResult() const { return FModalResult; }
     void SetModalResult(TModalResult value) { FModalResult = value; }
+    /// For OnPaint, and only while it runs.
     TCanvas* GetCanvas() const { return FCanvas.get(); }
 
     /// Shows without waiting. A form with WS_EX_NOACTIVATE among its styles leaves the activation where it is.
     void Show();
     void Hide() { SetVisible(false); }
-    /// Shows above a disabled rest of the program and runs messages until ModalResult is set.
+    /// Shows above a disabled rest of the program and runs messages until ModalResult is set and OnCloseQuery agrees.
+    /// mrCancel when the form is closed or hidden; mrNone when it is freed. EInvalidOperation when it is visible.
     TModalResult ShowModal();
     /// Asks OnCloseQuery, then OnClose how; the main form's closing ends the program.
     void Close();

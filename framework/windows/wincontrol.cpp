@@ -20,10 +20,12 @@ const TClassInfo& TWinControl::StaticClass() {
 TWinControl::TWinControl(TComponent* owner) : TControl(owner), FBrush(std::make_unique<TBrush>()) {
     FControlStyle << csOpaque;
     FBrush->SetColor(GetColor());
+    FBrush->OnChange = [this](TObject*) { Invalidate(); };
 }
 
 TWinControl::~TWinControl() {
     Destroying();
+    FBrush->OnChange = nullptr;
     if (TCustomForm* form = GetParentForm(this); form && form != this)
         form->DefocusControl(this, true);
     // The window first, all children's windows with it in one call; then nothing can send messages any more.
@@ -504,8 +506,7 @@ void TWinControl::CMFontChanged(TMessage&) {
 }
 
 void TWinControl::CMColorChanged(TMessage&) {
-    FBrush->SetColor(GetColor());
-    Invalidate();
+    FBrush->SetColor(GetColor()); // which repaints
     NotifyControls(CM_PARENTCOLORCHANGED);
 }
 

@@ -58,6 +58,7 @@ public:
     /// Destroys the window and makes another, keeping the focus and whatever KeepWindowState kept.
     void RecreateWnd();
 
+    /// What the background is painted with; its colour is Color until it is given another.
     TBrush* GetBrush() const { return FBrush.get(); }
     void SetBrush(TBrush* value);
 
@@ -73,9 +74,14 @@ public:
     /// Sends a message to every child until one gives a non-zero result.
     void Broadcast(TMessage& message);
     void NotifyControls(UINT message);
+    /// Between the two the layout rests; the last EnableAlign does what was asked for meanwhile.
     void DisableAlign();
     void EnableAlign();
+    /// Runs `body` between the two, whatever it raises.
+    void WithoutAlign(const std::function<void()>& body);
+    /// Lays the children out now.
     void Realign();
+    /// Moves all children by so many pixels.
     void ScrollBy(int deltaX, int deltaY);
     std::vector<TComponent*> GetChildren(TComponent* root) const override;
     void SetChildOrder(TComponent* child, int order) override;
@@ -211,7 +217,6 @@ private:
     void AlignControl(TControl* control);
     void LayOut(TControl* control);
     bool PlaceChild(TControl& child, const TRect& place);
-    void WithoutAlign(const std::function<void()>& body);
     bool IsNewPaintFailure(const TMessage& message);
     void UpdateShowing();
     void CreateChildHandles();

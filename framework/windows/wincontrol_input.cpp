@@ -119,7 +119,7 @@ void TWinControl::Dispatch(TMessage& message) {
         Perform(WM_SYSCOLORCHANGE);
         return;
     case WM_GETOBJECT:
-        if (!AnswerAccessibility(*this, message))
+        if (!AnswerAccessibility(FHandle, message))
             DefaultHandler(message);
         return;
     case CN_CTLCOLORMSGBOX:
@@ -232,6 +232,11 @@ bool TWinControl::IsControlMouseMessage(TMessage& message) {
         MouseTracker().MovedOver(graphic ? graphic : this, FHandle);
         if (!alive || (graphic && MouseTracker().GetControl() != graphic))
             return true;
+        // Disabled children hear nothing of the mouse, but their hints may tell why they are.
+        if (TControl* disabled = captured ? nullptr : ControlAtPos(point, true); !graphic && disabled)
+            HintMouseOver(disabled);
+        else if (!graphic)
+            HintMouseOver(this);
     } else {
         HideHint();
     }

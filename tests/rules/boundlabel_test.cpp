@@ -52,11 +52,5 @@ TEST(BoundLabel, TopLayoutsIgnoreTheHeights) {
     EXPECT_EQ(LabelPlace(memo, {40, 13}, -2, clRight), (TPoint{58, 63}));
 }
 
-TEST(BoundLabel, WithoutALimitCaptionsStayOnOneLine) {
-    EXPECT_EQ(LabelWrapWidth(50), 50);
-    EXPECT_EQ(LabelWrapWidth(0), 9999);
-    EXPECT_EQ(LabelWrapWidth(-3), 9999);
-}
-
 } // namespace
 } // namespace ZOR

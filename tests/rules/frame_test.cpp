@@ -66,16 +66,6 @@ TEST(Frame, RingsNestAndDegenerateOnesDrawNothing) {
     }
 }
 
-TEST(Frame, NamesAndStatesMatch) {
-    const StringView names[] = {u"wNone", u"wRequired", u"wRecommended", u"wError"};
-    for (int ordinal = 0; ordinal < 4; ++ordinal) {
-        EXPECT_TRUE(WymaganyName(static_cast<TWymagany>(ordinal)) == names[ordinal]) << ordinal;
-        EXPECT_EQ(WymaganyFromName(names[ordinal]), static_cast<TWymagany>(ordinal));
-    }
-    for (StringView strange : {u"", u"WNONE", u"wErro", u"wErrors", u"wRequired "})
-        EXPECT_FALSE(WymaganyFromName(strange));
-}
-
 TEST(HintInside, TheOwnHintComesBeforeTheHint) {
     const struct {
         const char* Name;

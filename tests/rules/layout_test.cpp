@@ -65,11 +65,4 @@ TEST(Alignment, ChildrenThatDoNotFitGetNoNegativeSize) {
     }
 }
 
-TEST(Constraints, TheLowerLimitWins) {
-    EXPECT_EQ(ConstrainedExtent(50, 0, 0), 50);
-    EXPECT_EQ(ConstrainedExtent(50, 60, 0), 60);
-    EXPECT_EQ(ConstrainedExtent(50, 0, 40), 40);
-    EXPECT_EQ(ConstrainedExtent(50, 60, 40), 60);
-}
-
 } // namespace

@@ -87,21 +87,5 @@ TEST(Requirement, Stories) {
         EXPECT_EQ(Shown(row.Policy, row.Story), row.Expected) << row.Name << ": " << row.Story;
 }
 
-TEST(Requirement, WhatIsSavedFollowsThePolicy) {
-    TRequirement edit;
-    EXPECT_EQ(edit.Saved(), wNone);
-    edit.Set(wRecommended);
-    edit.Set(wError);
-    EXPECT_EQ(edit.Saved(), wRecommended);
-    edit.SetEnabled(false);
-    EXPECT_EQ(edit.Saved(), wError);
-
-    TRequirement listBox(PlainRequirement);
-    listBox.Set(wRequired);
-    EXPECT_EQ(listBox.Saved(), wNone);
-    listBox.SetEnabled(false);
-    EXPECT_EQ(listBox.Saved(), wRequired);
-}
-
 } // namespace
 } // namespace ZOR

@@ -152,35 +152,6 @@ TEST(StandardForm, IsLoadedAndWrittenBack) {
     EXPECT_EQ(ok->GetLeft(), 400);
 }
 
-TEST(StandardForm, ControlsFollowTheParentTheyWereReadWith) {
-    RegisterStandardControls();
-    const auto root = CreateFromTextForm("object Form1: TForm\n"
-                                         "  Color = clCream\n"
-                                         "  Font.Height = -20\n"
-                                         "  Font.Name = 'Tahoma'\n"
-                                         "  ShowHint = True\n"
-                                         "  object Group: TGroupBox\n"
-                                         "    object Box: TCheckBox\n    end\n"
-                                         "    object Own: TCheckBox\n"
-                                         "      Color = clRed\n"
-                                         "      Font.Height = -9\n"
-                                         "      ParentColor = False\n"
-                                         "      ParentFont = False\n"
-                                         "    end\n"
-                                         "  end\n"
-                                         "end\n",
-                                         nullptr);
-    auto* box = As<TCheckBox>(root->FindComponent(u"Box"));
-    auto* own = As<TCheckBox>(root->FindComponent(u"Own"));
-    ASSERT_TRUE(box && own);
-    EXPECT_EQ(box->GetColor(), clCream);
-    EXPECT_EQ(box->GetFont()->GetHeight(), -20);
-    EXPECT_TRUE(box->GetShowHint());
-    EXPECT_TRUE(box->GetParentColor() && box->GetParentFont()) << "and go on following it";
-    EXPECT_EQ(own->GetColor(), clRed);
-    EXPECT_EQ(own->GetFont()->GetHeight(), -9);
-}
-
 TEST(StandardForm, IsScaledFromTheResolutionItWasDesignedAt) {
     RegisterStandardControls();
     const auto root = CreateFromTextForm("object Form1: TForm\n"
