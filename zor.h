@@ -24,3 +24,6 @@
 #include "framework/windows/standardcontrols.h"
 #include "framework/windows/timer.h"
 #include "framework/windows/updown.h"
+#include "numeric/Zorfloatedit.h"
+#include "numeric/Zorspinedit.h"
+#include "numeric/Zorspinfloatedit.h"

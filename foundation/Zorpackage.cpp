@@ -4,6 +4,9 @@
 #include "controls/Zoredit.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
+#include "numeric/Zorfloatedit.h"
+#include "numeric/Zorspinedit.h"
+#include "numeric/Zorspinfloatedit.h"
 
 namespace ZOR {
 
@@ -12,6 +15,9 @@ void RegisterPackage() {
     Zordatetimepickeredit::Register();
     Zoredit::Register();
     Zorcolorbutton::Register();
+    Zorfloatedit::Register();
+    Zorspinedit::Register();
+    Zorspinfloatedit::Register();
 }
 
 } // namespace ZOR

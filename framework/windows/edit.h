@@ -107,6 +107,8 @@ protected:
     virtual void CNCommand(TMessage& message);
     TSelection GetSelection() const;
     void SetSelection(TSelection value);
+    /// Whether the field is just being clicked, so that the click places the caret.
+    bool BeingClicked() const { return FPressed; }
     /// True for descendants whose window has several lines.
     bool IsMultiLine() const;
 

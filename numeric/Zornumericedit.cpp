@@ -1,0 +1,33 @@
+#include "numeric/Zornumericedit.h"
+
+#include "framework/graphics/textmetrics.h"
+
+#include <algorithm>
+
+namespace ZOR {
+
+int NumericMinHeight(const TFont& font) {
+    TEXTMETRICW system{};
+    {
+        const TWindowDC screen(nullptr);
+        const TSelectedObject selected(screen, GetStockObject(SYSTEM_FONT));
+        GetTextMetricsW(screen, &system);
+    }
+    const int own = TTextMeasure(font).LineHeight();
+    return GetSystemMetrics(SM_CYBORDER) * 4 + std::min(static_cast<int>(system.tmHeight), own) / 4 + own;
+}
+
+void SetNumericEditRect(TWinControl& edit, int right, bool reserved) {
+    const HWND window = edit.GetHandle();
+    const TRect client = edit.GetClientRect();
+    RECT place{};
+    SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
+    place = {0, 0, right, client.Bottom + 1};
+    SendMessageW(window, EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(&place));
+    const int margin = std::clamp(client.Right - right, 0, 0xFFFF);
+    if (reserved)
+        SendMessageW(window, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, margin));
+    SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
+}
+
+} // namespace ZOR

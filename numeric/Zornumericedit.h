@@ -1,0 +1,188 @@
+#pragma once
+
+// What the numeric fields share beyond the framing: the rectangle of their text, a least height, a cut and paste of
+// their own, and EditorEnabled, with which a program keeps a person from typing. TZORNumericEdit is put over a framed
+// edit; the rules of each field stay in its own unit.
+
+#include "foundation/Zorframed.h"
+#include "framework/windows/edit.h"
+#include "numeric/Zornumericentry_rules.h"
+
+namespace ZOR {
+
+/// Framing of the fields for decimal numbers: no hint inside.
+inline constexpr TFraming DecimalFraming{EditRequirement, TFrameRepaint::NonClient, TFrameRepaint::NonClient, true,
+                                         false};
+/// Framing of the spin edit: it repaints as a whole when the program sets a state, and an error stays until the program
+/// ends it.
+inline constexpr TFraming SpinFraming{PlainRequirement, TFrameRepaint::Repaint, TFrameRepaint::NonClient, true, false};
+
+/// The least height in pixels of a field in that font.
+int NumericMinHeight(const TFont& font);
+/// Keeps the text left of `right`, in pixels of the client area. Native single-line fields know margins only, so the
+/// rest of the client area becomes the right margin if `reserved`.
+void SetNumericEditRect(TWinControl& edit, int right, bool reserved);
+
+template <class TBase>
+class TZORNumericEdit : public TBase {
+public:
+    FRAMEWORK_PROPERTY(bool, EditorEnabled, GetEditorEnabled, SetEditorEnabled);
+
+    explicit TZORNumericEdit(TComponent* owner) : TBase(owner) { this->FControlStyle >> csSetCaption; }
+
+    /// Whether a person can type, cut and paste. Without it the value changes by the program and by steps only.
+    bool GetEditorEnabled() const { return FEditorEnabled; }
+    void SetEditorEnabled(bool value) { FEditorEnabled = value; }
+
+    /// Pixels; a field that is made lower than this grows back.
+    int GetMinHeight() const { return NumericMinHeight(*this->GetFont()); }
+    /// Lays out the text beside what lies inside the field.
+    void SetEditRect() {
+        if (this->HandleAllocated())
+            SetNumericEditRect(*this, EditRectRight(), ReservesMargin());
+    }
+
+    /// Forms keep the value instead, which reads the same under every locale.
+    bool NumericTextStored() const { return false; }
+
+protected:
+    void CreateParams(TCreateParams& params) override {
+        TBase::CreateParams(params);
+        params.Style |= WS_CLIPCHILDREN;
+    }
+    void CreateWnd() override {
+        TBase::CreateWnd();
+        Arrange();
+    }
+    void Dispatch(TMessage& message) override {
+        TLifeGuard alive(*this);
+        switch (message.Msg) {
+        case WM_CUT:
+            return; // a cut never takes a number apart
+        case WM_PASTE:
+            return Paste();
+        case WM_CLEAR:
+            if (!FEditorEnabled)
+                return;
+            break;
+        case WM_KEYDOWN:
+            FKeypadDecimal = message.WParam == VK_DECIMAL;
+            break;
+        case WM_CHAR:
+            if (std::exchange(FKeypadDecimal, false))
+                message.WParam = KeypadDecimal(static_cast<char16_t>(message.WParam));
+            break;
+        case CM_MOUSEENTER:
+        case CM_MOUSELEAVE:
+            this->Repaint();
+            break;
+        case WM_SIZE:
+        case CM_FONTCHANGED:
+            TBase::Dispatch(message);
+            if (alive && this->HandleAllocated() && !this->FControlState.Contains(csCreating))
+                Arrange();
+            return;
+        default:
+            break;
+        }
+        TBase::Dispatch(message);
+    }
+    void KeyDown(WORD& key, TShiftState shift) override {
+        TLifeGuard alive(*this);
+        TBase::KeyDown(key, shift);
+        if (alive && key == VK_DELETE && !FEditorEnabled)
+            key = 0;
+    }
+
+    /// Places what lies inside the field and the text beside it.
+    virtual void Arrange() {
+        if (this->GetHeight() < GetMinHeight())
+            this->SetHeight(GetMinHeight());
+        SetEditRect();
+    }
+    /// Where the text ends, in pixels of the client area.
+    virtual int EditRectRight() const { return this->GetClientWidth() - 2; }
+    /// Whether something lies right of the text.
+    virtual bool ReservesMargin() const { return false; }
+    /// A paste by key or menu; without an answer of its own a field takes none.
+    virtual void Paste() {}
+    /// What the decimal key of the numeric keypad types where the keyboard layout makes `key` of it.
+    virtual char16_t KeypadDecimal(char16_t key) const { return key; }
+
+    TEntryState EntryState() const {
+        const auto selection = this->GetSelection();
+        return {this->GetText(), {selection.Start, selection.End - selection.Start}};
+    }
+    void Select(const TEntrySelection& selection) {
+        this->SetSelection({selection.Start, selection.Start + selection.Length});
+    }
+    /// Sets the text from code without moving the caret: it stays where the person placed it, and what is selected as a
+    /// whole stays so. False when a handler of the change destroyed the field.
+    bool ReplaceText(const String& text) {
+        TLifeGuard alive(*this);
+        const TEntryState before = EntryState();
+        const bool whole = !before.Text.empty() && before.Selection.Length == static_cast<int>(before.Text.size());
+        this->SetText(text);
+        if (!alive)
+            return false;
+        if (whole)
+            this->SelectAll();
+        else
+            Select(before.Selection);
+        return true;
+    }
+    /// Puts a state that the person's input led to into the field. False when a handler destroyed it.
+    bool ApplyInput(const std::optional<String>& text, const std::optional<TEntrySelection>& selection) {
+        TLifeGuard alive(*this);
+        if (text) {
+            this->SetText(*text);
+            if (!alive)
+                return false;
+            this->SetModified(true);
+        }
+        if (selection)
+            Select(*selection);
+        return true;
+    }
+    /// Carries out what the rules made of a key; the host hears of it where it shall.
+    void PerformKey(const TKeyAction& action, char16_t& key) {
+        key = action.Key;
+        if (ApplyInput(action.Text, action.Selection) && action.ReachesHost)
+            TBase::KeyPress(key);
+    }
+    /// Puts a text right that does not stand, and remembers one that does. True when the change that is being told of
+    /// still is the last one: a repair is a change of its own, which the host has heard of by then.
+    bool SettleChange(const TEntryChange& change, String& lastValidText) {
+        TLifeGuard alive(*this);
+        if (!change.Repair) {
+            if (change.IsValid)
+                lastValidText = this->GetText();
+            return true;
+        }
+        this->SetText(change.Repair->Text);
+        if (alive)
+            Select(change.Repair->Selection);
+        return false;
+    }
+
+private:
+    bool FEditorEnabled = true;
+    bool FKeypadDecimal = false; // the character on its way comes from the keypad's decimal key
+};
+
+/// The published rows of the numeric fields, for a control's own table in its own order.
+namespace numericrows {
+
+template <class TControl>
+TPropInfo EditorEnabled() {
+    return Property<&TControl::GetEditorEnabled, &TControl::SetEditorEnabled>(u"EditorEnabled", true);
+}
+/// Takes the place of the edit's own row.
+template <class TControl>
+TPropInfo Text() {
+    return controlrows::Text().template StoredWhen<&TControl::NumericTextStored>();
+}
+
+} // namespace numericrows
+
+} // namespace ZOR
