@@ -17,16 +17,15 @@ int NumericMinHeight(const TFont& font) {
     return GetSystemMetrics(SM_CYBORDER) * 4 + std::min(static_cast<int>(system.tmHeight), own) / 4 + own;
 }
 
-void SetNumericEditRect(TWinControl& edit, int right, bool reserved) {
+void SetNumericEditRect(TWinControl& edit, int right, std::optional<int> rightMargin) {
     const HWND window = edit.GetHandle();
     const TRect client = edit.GetClientRect();
     RECT place{};
     SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
     place = {0, 0, right, client.Bottom + 1};
     SendMessageW(window, EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(&place));
-    const int margin = std::clamp(client.Right - right, 0, 0xFFFF);
-    if (reserved)
-        SendMessageW(window, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, margin));
+    if (rightMargin)
+        SendMessageW(window, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, std::clamp(*rightMargin, 0, 0xFFFF)));
     SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
 }
 

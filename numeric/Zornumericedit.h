@@ -19,9 +19,9 @@ inline constexpr TFraming SpinFraming{PlainRequirement, TFrameRepaint::Repaint, 
 
 /// The least height in pixels of a field in that font.
 int NumericMinHeight(const TFont& font);
-/// Keeps the text left of `right`, in pixels of the client area. Native single-line fields know margins only, so the
-/// rest of the client area becomes the right margin if `reserved`.
-void SetNumericEditRect(TWinControl& edit, int right, bool reserved);
+/// Keeps the text left of `right`, in pixels of the client area (EM_SETRECTNP). Native single-line fields know margins
+/// only, so one that has something inside names its right margin as well.
+void SetNumericEditRect(TWinControl& edit, int right, std::optional<int> rightMargin);
 
 template <class TBase>
 class TZORNumericEdit : public TBase {
@@ -39,7 +39,7 @@ public:
     /// Lays out the text beside what lies inside the field.
     void SetEditRect() {
         if (this->HandleAllocated())
-            SetNumericEditRect(*this, EditRectRight(), ReservesMargin());
+            SetNumericEditRect(*this, EditRectRight(), RightMargin());
     }
 
     /// Forms keep the value instead, which reads the same under every locale.
@@ -90,8 +90,15 @@ protected:
     void KeyDown(WORD& key, TShiftState shift) override {
         TLifeGuard alive(*this);
         TBase::KeyDown(key, shift);
-        if (alive && key == VK_DELETE && !FEditorEnabled)
+        if (!alive || (key != VK_DELETE && key != VK_INSERT))
+            return;
+        // Native edits differ in whether Shift+Delete and Shift+Insert become WM_CUT and WM_PASTE.
+        const bool isShifted = shift == TShiftState{ssShift};
+        const bool isPaste = key == VK_INSERT && isShifted;
+        if (isPaste || (key == VK_DELETE && (isShifted || !FEditorEnabled)))
             key = 0;
+        if (isPaste)
+            this->Perform(WM_PASTE);
     }
 
     /// Places what lies inside the field and the text beside it.
@@ -102,8 +109,8 @@ protected:
     }
     /// Where the text ends, in pixels of the client area.
     virtual int EditRectRight() const { return this->GetClientWidth() - 2; }
-    /// Whether something lies right of the text.
-    virtual bool ReservesMargin() const { return false; }
+    /// Pixels that what lies inside the field needs; nothing where nothing does.
+    virtual std::optional<int> RightMargin() const { return std::nullopt; }
     /// A paste by key or menu; without an answer of its own a field takes none.
     virtual void Paste() {}
     /// What the decimal key of the numeric keypad types where the keyboard layout makes `key` of it.

@@ -6,6 +6,8 @@
 #include "framework/windows/updown.h"
 #include "numeric/Zornumericedit.h"
 
+#include <algorithm>
+
 namespace ZOR {
 
 /// The arrows of a field: a press first moves the focus into the field, and when another field keeps it, the press does
@@ -106,7 +108,11 @@ protected:
     int EditRectRight() const override {
         return this->GetClientWidth() - (FUpDown->GetVisible() ? FUpDown->GetWidth() + 2 : 0);
     }
-    bool ReservesMargin() const override { return true; }
+    std::optional<int> RightMargin() const override {
+        if (!FUpDown->GetVisible())
+            return 0;
+        return this->GetClientWidth() - std::min(EditRectRight(), FUpDown->GetLeft());
+    }
 
 private:
     TFieldUpDown* FUpDown; // owned by this component

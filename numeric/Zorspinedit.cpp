@@ -34,15 +34,23 @@ int TZORSpinEdit::GetValue() const {
 }
 
 void TZORSpinEdit::SetValue(int value) {
-    ReplaceText(SpinText(CheckValue(value), FEntry));
+    Show(CheckValue(value));
+}
+
+void TZORSpinEdit::Show(int value) {
+    ReplaceText(IntToStr(value));
 }
 
 int TZORSpinEdit::CheckValue(int value) {
     const int checked = CheckSpinValue(value, FEntry);
+    PutPosition(checked);
+    return checked;
+}
+
+void TZORSpinEdit::PutPosition(int value) {
     const TSpinRange range = SpinRange(FEntry);
     GetUpDown()->SetRange(range.Min, range.Max);
-    GetUpDown()->PutPosition(checked);
-    return checked;
+    GetUpDown()->PutPosition(value);
 }
 
 bool TZORSpinEdit::ValueStored() const {
@@ -53,7 +61,7 @@ bool TZORSpinEdit::ValueStored() const {
 void TZORSpinEdit::SynchronizeUpDown() {
     std::int32_t value = 0;
     if (TryStrToInt(GetText(), value))
-        GetUpDown()->PutPosition(value);
+        PutPosition(value);
 }
 
 // Typing and steps
@@ -74,12 +82,12 @@ void TZORSpinEdit::ChangingEx(TObject*, bool&, int, TUpDownDirection direction) 
     const auto step = static_cast<TStepDirection>(direction);
     TLifeGuard alive(*this);
     if (direction != updNone && TakesSteps()) {
-        SetValue(StepSpinValue(GetValue(), step, FEntry));
+        Show(StepSpinValue(GetValue(), step, FEntry));
         if (!alive)
             return;
         SetModified(true);
     }
-    GetUpDown()->PutPosition(PositionBeforeStep(GetValue(), step));
+    PutPosition(PositionBeforeStep(GetValue(), step));
 }
 
 void TZORSpinEdit::Step(int steps) {

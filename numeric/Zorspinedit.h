@@ -47,6 +47,8 @@ protected:
     void Step(int steps) override;
 
 private:
+    void Show(int value);
+    void PutPosition(int value);
     void SynchronizeUpDown();
 
     TSpinEntry FEntry;

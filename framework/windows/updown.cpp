@@ -88,7 +88,9 @@ void TCustomUpDown::CreateParams(TCreateParams& params) {
 }
 
 void TCustomUpDown::CreateWnd() {
+    const TRect bounds = GetBoundsRect();
     TWinControl::CreateWnd();
+    SetBoundsRect(bounds); // the native window prefers a width of its own
     ApplyRange();
     SendMessageW(FHandle, UDM_SETPOS32, 0, FPosition);
     Connect();
@@ -270,6 +272,7 @@ void TCustomUpDown::CNNotify(TMessage& message) {
     const auto newValue = static_cast<int>(std::clamp(target, kLowest, kHighest));
     const TUpDownDirection direction = step.iDelta > 0 ? updUp : step.iDelta < 0 ? updDown : updNone;
     message.Result = TRUE; // no step
+    const HWND window = FHandle;
     TLifeGuard alive(*this);
     try {
         if (!CanChange(newValue, direction))
@@ -277,6 +280,14 @@ void TCustomUpDown::CNNotify(TMessage& message) {
     } catch (...) {
         // Told here, as the native window would take a step after an exception in its parent.
         TheApplication().HandleException(alive ? this : nullptr);
+        return;
+    }
+    if (FHandle != window) {
+        // A handler had the window made anew: the step belongs to the new one.
+        const std::int64_t position = std::int64_t{GetPosition()} + step.iDelta;
+        FPosition = InRange(static_cast<int>(std::clamp(position, kLowest, kHighest)));
+        if (FHandle)
+            SendMessageW(FHandle, UDM_SETPOS32, 0, FPosition);
         return;
     }
     FPosition = GetPosition();

@@ -77,7 +77,8 @@ std::vector<Variant> OtherValues(const TPersistent& object, const TPropInfo& pro
         values.emplace_back(property.Name == u"Time" ? 0.5 : property.Name.ends_with(u"Date") ? 2.0 : 2.5);
         break;
     default:
-        values.emplace_back(u"T"); // one character fits all of them
+        // One character fits all of them; fields for numbers take no letter for a text.
+        values.emplace_back(property.Name == u"Text" ? u"7" : u"T");
     }
     return values;
 }
