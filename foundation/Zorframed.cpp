@@ -1,7 +1,5 @@
 #include "foundation/Zorframed.h"
 
-#include "framework/graphics/handles.h"
-
 namespace ZOR {
 
 void RepaintFrame(TWinControl& control, TFrameRepaint how) {
@@ -22,6 +20,36 @@ void RepaintFrame(TWinControl& control, TFrameRepaint how) {
 bool HasScrollBars(TWinControl& control) {
     return control.HandleAllocated() &&
            (GetWindowLongPtrW(control.GetHandle(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)) != 0;
+}
+
+namespace {
+
+TUniqueRegion BorderRegion(TWinControl& control, WPARAM asked) {
+    RECT window{};
+    GetWindowRect(control.GetHandle(), &window);
+    TUniqueRegion border(CreateRectRgnIndirect(&window));
+    if (asked > 1)
+        CombineRgn(border.Get(), border.Get(), reinterpret_cast<HRGN>(asked), RGN_AND);
+    const TPoint origin = control.GetClientOrigin();
+    const TRect client = control.GetClientRect();
+    const TUniqueRegion inside(
+        CreateRectRgn(origin.X, origin.Y, origin.X + client.Width(), origin.Y + client.Height()));
+    CombineRgn(border.Get(), border.Get(), inside.Get(), RGN_DIFF);
+    return border;
+}
+
+} // namespace
+
+TNativeFramePaint::TNativeFramePaint(TWinControl& control, TMessage& message)
+    : FMessage(message), FAsked(message.WParam), FRegion(BorderRegion(control, message.WParam)) {
+    FMessage.WParam = reinterpret_cast<WPARAM>(FRegion.Get());
+}
+
+TNativeFramePaint::~TNativeFramePaint() {
+    FMessage.WParam = FAsked;
+    // Painting that goes through GetDCEx gives the region to the system, which frees it.
+    if (GetObjectType(FRegion.Get()) != OBJ_REGION)
+        FRegion.Release();
 }
 
 namespace {

@@ -8,6 +8,7 @@
 #include "foundation/Requirement_rules.h"
 #include "foundation/Zorboundlabel.h"
 #include "foundation/Zorutils.h"
+#include "framework/graphics/handles.h"
 
 namespace ZOR {
 
@@ -43,6 +44,21 @@ inline constexpr TFraming EditFraming{};
 void RepaintFrame(TWinControl& control, TFrameRepaint how);
 /// Whether the window shows scroll bars now.
 bool HasScrollBars(TWinControl& control);
+/// Confines WM_NCPAINT to the border while the message is on its way to the native procedure: themed painting fills the
+/// whole rectangle that it is given, with the text and whatever lies inside a control.
+class TNativeFramePaint {
+public:
+    TNativeFramePaint(TWinControl& control, TMessage& message);
+    TNativeFramePaint(const TNativeFramePaint&) = delete;
+    TNativeFramePaint& operator=(const TNativeFramePaint&) = delete;
+    ~TNativeFramePaint();
+
+private:
+    TMessage& FMessage;
+    WPARAM FAsked; // 0 and 1 stand for the whole frame, anything else is a region of the screen
+    TUniqueRegion FRegion;
+};
+
 /// Paints an empty field with its hint, in grey italics of the control's font, in answer to WM_PAINT.
 void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message);
 /// The same in a window that is a part of the control.
@@ -193,9 +209,10 @@ private:
         const bool nativeFirst = Framing.Place != TFramePlace::Border || HasScrollBars(*this);
         if (FramesBorder && !nativeFirst && PaintRequirementFrame(this, true))
             return;
-        if (message.WParam == 0)
-            message.WParam = 1; // the whole frame, in the one form that themed native painting understands
-        TBase::WndProc(message);
+        {
+            const TNativeFramePaint within(*this, message);
+            TBase::WndProc(message);
+        }
         if (FramesBorder && nativeFirst && alive)
             PaintRequirementFrame(this, true);
     }

@@ -192,6 +192,9 @@ std::optional<TEntryState> TypeDurationDigit(char16_t digit, const TEntryState& 
             parts.Minutes.erase(0, parts.MinutesTo);
         if ((parts.SeparatorIsSelected || !parts.HasSeparator) && parts.Minutes.empty())
             parts.Minutes = NoMinutes;
+        const bool isFull = parts.Hours.size() >= HourDigitsThatLeadOn;
+        if (parts.NothingIsSelected() && isFull && parts.From < parts.Hours.size())
+            ++parts.To; // typed over, as minutes are; hours of more digits grow at their end
         parts.Hours.replace(parts.From, parts.To - parts.From, 1, digit);
         if (parts.Hours.size() > MaximumHourDigits)
             return std::nullopt;

@@ -100,9 +100,11 @@ protected:
     }
 
     void Arrange() override {
-        constexpr int kFrame = 5; // the sunken border on both sides and a pixel between it and the arrows
+        constexpr int kFrame = 5;        // the sunken border on both sides and a pixel between it and the arrows
+        constexpr int kSunkenBorder = 2; // a flat border lies within the client area instead
+        const int inset = this->GetCtl3D() ? 0 : kSunkenBorder;
         const int width = FUpDown->GetWidth();
-        FUpDown->SetBounds(this->GetWidth() - width - kFrame, 0, width, this->GetHeight() - kFrame);
+        FUpDown->SetBounds(this->GetWidth() - width - kFrame + inset, inset, width, this->GetHeight() - kFrame);
         TBase::Arrange();
     }
     int EditRectRight() const override {

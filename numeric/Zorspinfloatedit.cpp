@@ -172,12 +172,28 @@ void TZORSpinFloatEdit::Step(int steps) {
 
 // Focus
 
+void TZORSpinFloatEdit::SelectPart(TTimePart part) {
+    Select(TimePartSelection(GetText(), part, Entry(), FormatSettings()));
+}
+
 void TZORSpinFloatEdit::DoEnter() {
-    if (FTryb != tStandard && !BeingClicked() && (FFocusOnMinutes || GetAutoSelect())) {
-        const TTimePart part = FFocusOnMinutes ? TTimePart::Minutes : TTimePart::Hours;
-        Select(TimePartSelection(GetText(), part, Entry(), FormatSettings()));
-    }
+    FEnteredByClick = BeingClicked();
+    if (FTryb != tStandard && !FEnteredByClick && (FFocusOnMinutes || GetAutoSelect()))
+        SelectPart(FFocusOnMinutes ? TTimePart::Minutes : TTimePart::Hours);
     TZORSpinButtons::DoEnter();
+}
+
+void TZORSpinFloatEdit::Dispatch(TMessage& message) {
+    TLifeGuard alive(*this);
+    TZORSpinButtons::Dispatch(message);
+    if (alive && message.Msg == WM_LBUTTONUP && std::exchange(FEnteredByClick, false))
+        SelectClickedPart();
+}
+
+/// The click that enters a duration selects a part; further ones place the caret.
+void TZORSpinFloatEdit::SelectClickedPart() {
+    if (FTryb != tStandard && GetAutoSelect() && GetSelLength() == 0)
+        SelectPart(TimePartAt(EntryState(), Entry(), FormatSettings()));
 }
 
 void TZORSpinFloatEdit::CMExit(TMessage& message) {
@@ -197,10 +213,11 @@ void TZORSpinFloatEdit::CMExit(TMessage& message) {
 void TZORSpinFloatEdit::KeepPerson() {
     TLifeGuard alive(*this);
     SetFWymagany(wError);
+    if (!alive || !CanFocus())
+        return; // its program takes it away: nobody is left to ask
     // The focus comes back before the message and not after it, or the next field would be entered meanwhile and could
     // have a message of its own as it is left again.
-    if (alive && CanFocus())
-        SetFocus();
+    SetFocus();
     if (!alive)
         return;
     ReleaseCapture(); // the press that left the field ends with the message

@@ -85,6 +85,7 @@ protected:
     void Paste() override;
     char16_t KeypadDecimal(char16_t key) const override;
     void DoEnter() override;
+    void Dispatch(TMessage& message) override;
     void CMExit(TMessage& message) override;
     void ChangingEx(TObject* sender, bool& allowChange, int newValue, TUpDownDirection direction) override;
     void Step(int steps) override;
@@ -92,6 +93,8 @@ protected:
 private:
     TSpinFloatEntry Entry() const;
     void ShowRange(bool outOfRange);
+    void SelectPart(TTimePart part);
+    void SelectClickedPart();
     void KeepPerson();
 
     TTryb FTryb = tStandard;
@@ -101,6 +104,7 @@ private:
     Extended FMinValue = 0;
     bool FZaokraglaj = false;
     bool FFocusOnMinutes = false;
+    bool FEnteredByClick = false;
     String FLastValidTime; // the last duration that could be read
 };
 

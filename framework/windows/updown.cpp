@@ -1,5 +1,6 @@
 #include "framework/windows/updown.h"
 
+#include "framework/graphics/brushes.h"
 #include "framework/windows/application.h"
 #include "framework/windows/edit.h"
 
@@ -292,6 +293,13 @@ void TCustomUpDown::CNNotify(TMessage& message) {
     }
     FPosition = GetPosition();
     message.Result = FALSE;
+}
+
+void TCustomUpDown::WMEraseBkgnd(TMessage& message) {
+    // The arrows leave a line between them when the height is odd.
+    const RECT client = ToWin(GetClientRect());
+    FillRect(reinterpret_cast<HDC>(message.WParam), &client, GetBrush()->GetHandle());
+    message.Result = TRUE;
 }
 
 void TCustomUpDown::CNScroll(TMessage& message) {

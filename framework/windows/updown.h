@@ -81,6 +81,7 @@ protected:
     void KeepWindowState() override;
     void Dispatch(TMessage& message) override;
     void CNNotify(TMessage& message) override;
+    void WMEraseBkgnd(TMessage& message) override;
     void Notification(TComponent* component, TOperation operation) override;
     void Loaded() override;
 

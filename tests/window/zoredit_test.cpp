@@ -136,6 +136,20 @@ TEST_F(FramedEdit, ShowsEachStateAsAFrameOfItsColour) {
     }
 }
 
+TEST_F(FramedEdit, RepaintingTheNativeFrameKeepsTheText) {
+    Edit->Text = u"text";
+    Paint();
+    const int ink = InkPixels(*Edit);
+    EXPECT_GT(ink, 10);
+    MoveMouse(Edit->ClientToScreen({60, 5}));
+    MoveMouse(Form->ClientToScreen({5, 5}));
+    EXPECT_EQ(InkPixels(*Edit), ink) << "the pointer came and went";
+    Edit->Wymagany = wRequired;
+    Edit->Wymagany = wNone;
+    EXPECT_EQ(InkPixels(*Edit), ink) << "a frame came and went";
+    ExpectSteadyHandles(100, [&] { SendMessageW(Edit->Handle, WM_NCPAINT, 0, 0); });
+}
+
 TEST_F(FramedEdit, FrameFollowsResizingAndOwnColours) {
     Edit->Wymagany = wRequired;
     Edit->BorderColors->RequiredColor = 0x123456;

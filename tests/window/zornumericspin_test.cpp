@@ -156,8 +156,9 @@ TEST_F(SpinEdit, TheArrowsStandInsideTheFrameBesideTheText) {
         for (const int height : {21, 40, 5}) {
             Field.Height = height;
             EXPECT_GE(Field.Height, Field.GetMinHeight());
-            EXPECT_EQ(Arrows().Left, Field.Width - 15 - 5);
-            EXPECT_EQ(Arrows().Top, 0);
+            // The same place within the window: a flat border lies inside the client area.
+            EXPECT_EQ(Arrows().Left, Field.Width - 15 - (sunken ? 5 : 3));
+            EXPECT_EQ(Arrows().Top, sunken ? 0 : 2);
             EXPECT_EQ(Arrows().Height, Field.Height - 5);
             EXPECT_LE(Arrows().Left + Arrows().Width, Field.ClientWidth);
         }
@@ -173,7 +174,7 @@ TEST_F(SpinEdit, TheArrowsStandInsideTheFrameBesideTheText) {
     EXPECT_EQ(textRight(), beside) << "a new font keeps the room of the arrows";
     Field.BiDiMode = bdRightToLeft;
     EXPECT_EQ(textRight(), beside);
-    EXPECT_EQ(Arrows().Left, Field.Width - 15 - 5);
+    EXPECT_EQ(Arrows().Left, Field.Width - 15 - 3);
     Field.ShowUpDown = false;
     EXPECT_FALSE(IsWindowVisible(Arrows().Handle));
     EXPECT_EQ(textRight(), beside) << "until the next resize";
@@ -182,10 +183,40 @@ TEST_F(SpinEdit, TheArrowsStandInsideTheFrameBesideTheText) {
     Field.ShowUpDown = true;
     Field.ChangeScale(2, 1);
     EXPECT_EQ(Arrows().Width, 30);
-    EXPECT_EQ(Arrows().Left, Field.Width - 30 - 5);
+    EXPECT_EQ(Arrows().Left, Field.Width - 30 - 3);
     EXPECT_LE(textRight(), Arrows().Left);
     Field.Enabled = false;
     EXPECT_FALSE(IsWindowEnabled(Arrows().Handle)) << "grey with the field";
+}
+
+TEST_F(SpinEdit, TheArrowsStayVisible) {
+    const auto ink = [&](const TRect& area) {
+        Application->ProcessMessages();
+        const TWindowDC dc(Field.Handle);
+        int count = 0;
+        for (int y = area.Top; y < area.Bottom; ++y) {
+            for (int x = area.Left; x < area.Right; ++x)
+                count += GetPixel(dc, x, y) != 0xFFFFFF ? 1 : 0;
+        }
+        return count;
+    };
+    for (const int height : {21, 22}) {
+        Field.Wymagany = wNone;
+        Field.Height = height;
+        Form->Update();
+        const TRect arrows = Arrows().BoundsRect;
+        const int drawn = ink(arrows);
+        EXPECT_GT(drawn, 50);
+        MoveMouse(Field.ClientToScreen({5, 5}));
+        MoveMouse(Form->ClientToScreen({5, 5}));
+        EXPECT_EQ(ink(arrows), drawn) << "the pointer came and went";
+        Field.Value = height;
+        Field.Wymagany = wRequired;
+        EXPECT_EQ(ink(arrows), drawn) << "a frame as well";
+        // Between the buttons the field shows, not what was on the screen before.
+        const TWindowDC dc(Field.Handle);
+        EXPECT_NE(GetPixel(dc, arrows.Left + 1, (arrows.Top + arrows.Bottom) / 2), 0u);
+    }
 }
 
 TEST_F(SpinEdit, AnErrorStaysUntilTheProgramEndsIt) {

@@ -79,6 +79,7 @@ TEST_F(SpinFloatEdit, DurationsAreTypedInTwoParts) {
     Field.MaxValue = 60000;
     Try({
         {"four digits", u"|00|:00", u"0745", u"07:45|"},
+        {"over full hours", u"|08:00", u"0745", u"07:45|"},
         {"a separator leads on", u"|00|:00", u"7:5", u"7:5|"},
         {"so does a point", u"|00|:00", u"7.", u"7:|00|"},
         {"and a comma", u"|00|:00", u"7,", u"7:|00|"},
@@ -113,6 +114,12 @@ TEST_F(SpinFloatEdit, EnteringSelectsAPart) {
     Other.SetFocus();
     ClickArrow(false);
     EXPECT_EQ(Marked(), u"03:|30|");
+    Other.SetFocus();
+    ClickOn(Field, {10, 10});
+    ASSERT_TRUE(WaitFor([&] { return Field.Focused(); }));
+    EXPECT_EQ(Marked(), u"|03|:30") << "the part that was clicked";
+    ClickOn(Field, {90, 10});
+    EXPECT_TRUE(WaitFor([&] { return Marked() == u"03:30|"; })) << "a further click places the caret";
     Other.SetFocus();
     Field.AutoSelect = false;
     Field.FocusOnMinutes = false;
@@ -290,6 +297,7 @@ TEST_F(SpinFloatEdit, TwoWrongFieldsDoNotHoldThePersonForEver) {
     EXPECT_EQ(second.Text, u"5") << "the press that found no way in steps nothing";
     Field.Enabled = false;
     EXPECT_TRUE(WaitFor([&] { return !Field.Focused(); })) << "a program can always take the field out";
+    EXPECT_EQ(boxes.Seen.size(), 2u) << "without a word to the person";
 }
 
 TEST_F(SpinFloatEdit, UnreadableTextsNeverStay) {
