@@ -11,11 +11,11 @@
 namespace ZOR {
 
 /// Framing of the fields for decimal numbers: no hint inside.
-inline constexpr TFraming DecimalFraming{EditRequirement, TFrameRepaint::NonClient, TFrameRepaint::NonClient, true,
-                                         false};
+inline constexpr TFraming DecimalFraming{.HintInside = false};
 /// Framing of the spin edit: it repaints as a whole when the program sets a state, and an error stays until the program
 /// ends it.
-inline constexpr TFraming SpinFraming{PlainRequirement, TFrameRepaint::Repaint, TFrameRepaint::NonClient, true, false};
+inline constexpr TFraming SpinFraming{
+    .Requirement = PlainRequirement, .StateChanged = TFrameRepaint::Repaint, .HintInside = false};
 
 /// The least height in pixels of a field in that font.
 int NumericMinHeight(const TFont& font);
@@ -154,8 +154,23 @@ protected:
     /// Carries out what the rules made of a key; the host hears of it where it shall.
     void PerformKey(const TKeyAction& action, char16_t& key) {
         key = action.Key;
-        if (ApplyInput(action.Text, action.Selection) && action.ReachesHost)
-            TBase::KeyPress(key);
+        FPreparing = key != 0;
+        const TAtScopeEnd prepared(*this, [this] { FPreparing = false; });
+        if (!ApplyInput(action.Text, action.Selection) || !action.ReachesHost)
+            return;
+        FPreparing = false;
+        TBase::KeyPress(key);
+    }
+    void CNCommand(TMessage& message) override {
+        if (FPreparing && HighWord(message.WParam) == EN_CHANGE)
+            this->Change();
+        else
+            TBase::CNCommand(message);
+    }
+    /// The text that a key is then typed into is judged like any other, but one key is one change for the host.
+    void Change() override {
+        if (!FPreparing)
+            TBase::Change();
     }
     /// Puts a text right that does not stand, and remembers one that does. True when the change that is being told of
     /// still is the last one: a repair is a change of its own, which the host has heard of by then.
@@ -174,6 +189,7 @@ protected:
 
 private:
     bool FEditorEnabled = true;
+    bool FPreparing = false;     // a key is about to be typed over a text that has just been set for it
     bool FKeypadDecimal = false; // the character on its way comes from the keypad's decimal key
 };
 

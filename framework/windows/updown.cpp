@@ -256,6 +256,15 @@ void TCustomUpDown::Dispatch(TMessage& message) {
     case CN_HSCROLL:
     case CN_VSCROLL:
         return CNScroll(message);
+    case CM_MOUSELEAVE: {
+        // The system watches one window at a time, and by now it is the one that the pointer went on to.
+        TLifeGuard alive(*this);
+        TWinControl::Dispatch(message);
+        TMessage leave{WM_MOUSELEAVE, 0, 0, 0};
+        if (alive)
+            DefaultHandler(leave);
+        return;
+    }
     default:
         TWinControl::Dispatch(message);
     }

@@ -655,7 +655,7 @@ object NumbersPage: TNumbersPage
       MinValue = -6000.000000000000000000
       Value = -765.000000000000000000
       BoundLabel.Active = True
-      BoundLabel.Caption = 'Saldo miesi'#261'ca'
+      BoundLabel.Caption = 'Bilans godzin'
       BoundLabel.Indent = 3
       BoundLabel.Font.Charset = EASTEUROPE_CHARSET
       BoundLabel.Font.Color = clWindowText

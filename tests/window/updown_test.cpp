@@ -117,6 +117,29 @@ TEST_F(UpDown, HandlersMayTakeItAway) {
     EXPECT_EQ(Form->ControlCount, 1);
 }
 
+TEST_F(UpDown, ArrowsCoolDownWhenThePointerGoesOnToAnotherControl) {
+    const auto pixels = [&] {
+        Application->ProcessMessages();
+        Arrows.Update();
+        std::vector<COLORREF> colors;
+        for (int y = 0; y < Arrows.Height; ++y) {
+            for (int x = 0; x < Arrows.Width; ++x)
+                colors.push_back(PixelOf(Arrows, {x, y}));
+        }
+        return colors;
+    };
+    TEdit neighbour(nullptr);
+    neighbour.Parent = Form.get();
+    neighbour.SetBounds(216, 20, 60, 40);
+    MoveMouse(Form->ClientToScreen({5, 5}));
+    const auto cool = pixels();
+    MoveMouse(Arrows.ClientToScreen({8, 5}));
+    const auto hot = pixels();
+    MoveMouse(neighbour.ClientToScreen({20, 5}));
+    EXPECT_TRUE(WaitFor([&] { return pixels() == cool; }));
+    EXPECT_TRUE(hot != cool) << "the theme of this desktop shows which arrow the pointer is on";
+}
+
 TEST_F(UpDown, ShowsItsPositionInTheAssociatedField) {
     TEdit field(nullptr);
     field.Parent = Form.get();

@@ -65,6 +65,26 @@ TEST_F(FloatEdit, TypesWithACommaWhereNumbersHaveOne) {
     EXPECT_EQ(Field.Text, u"15");
 }
 
+TEST_F(FloatEdit, OneKeyIsOneChange) {
+    FormatSettings() = SettingsOf(u',');
+    Enter();
+    const struct {
+        String Before, Typed, After;
+        int Changes;
+    } rows[] = {
+        {u"|12,34|", u"5", u"5|,00", 1}, {u"|12,34|", u"0", u"0|,00", 1}, {u"1,|25", u"9", u"1,9|5", 1},
+        {u"1,25|", u"9", u"1,25|", 0},   {u"1,25|", u"\b", u"1,2|0", 1},  {u"|", u"7", u"7|", 1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(Utf8Encode(row.Before + u" and " + row.Typed));
+        Put(row.Before);
+        TypeKeys(row.Typed);
+        EXPECT_EQ(Marked(), row.After);
+        EXPECT_EQ(Changes, row.Changes);
+        EXPECT_EQ(Field.Modified, row.Changes > 0);
+    }
+}
+
 TEST_F(FloatEdit, TypesDecimalsUnderAPointWhenTheSeparatorFollows) {
     FormatSettings() = SettingsOf(u'.');
     Enter();
