@@ -73,6 +73,7 @@ TCustomUpDown::TCustomUpDown(TComponent* owner) : TWinControl(owner) {
 void TCustomUpDown::CreateParams(TCreateParams& params) {
     TWinControl::CreateParams(params);
     CreateSubClass(params, UPDOWN_CLASSW);
+    params.WindowClass.style |= CS_HREDRAW | CS_VREDRAW; // both arrows change with the size
     params.ExStyle &= ~static_cast<DWORD>(WS_EX_RIGHT);
     params.Style |= UDS_HOTTRACK;
     params.Style |= FAlignButton == udRight ? UDS_ALIGNRIGHT : UDS_ALIGNLEFT;

@@ -133,6 +133,8 @@ TEST_F(UpDown, ArrowsCoolDownWhenThePointerGoesOnToAnotherControl) {
     neighbour.SetBounds(216, 20, 60, 40);
     MoveMouse(Form->ClientToScreen({5, 5}));
     const auto cool = pixels();
+    Arrows.Repaint();
+    EXPECT_TRUE(pixels() == cool) << "a new size repaints both arrows";
     MoveMouse(Arrows.ClientToScreen({8, 5}));
     const auto hot = pixels();
     MoveMouse(neighbour.ClientToScreen({20, 5}));
