@@ -49,7 +49,8 @@ TRect Tzor_cal_popup_form::PlaceFor(const TRect& target, const TRect& workArea) 
 
 void Tzor_cal_popup_form::DoShow() {
     TZORPopup::DoShow();
-    if (FView != cvMonth)
+    // The person may have left another view behind, and the field may ask for another one now.
+    if (FCalendar->GetCurrentView() != FView)
         FCalendar->SetCurrentView(FView);
 }
 

@@ -39,7 +39,7 @@ void TZORDateTimePicker::Change() {
 void TZORDateTimePicker::WndProc(TMessage& message) {
     TLifeGuard alive(*this);
     TZORFramed::WndProc(message);
-    if (!alive || GetFWymagany() == wNone)
+    if (!alive || !ShowsFrame())
         return;
     // The native one paints its border in these states by itself, without being asked.
     switch (message.Msg) {
@@ -80,7 +80,7 @@ void TZORDateTimePicker::ParentWindowProc(const TMessage& message) {
     case DTN_DATETIMECHANGE:
     case DTN_DROPDOWN:
     case NM_SETCURSOR: // the pointer crosses the parts that light up
-        if (GetFWymagany() != wNone)
+        if (ShowsFrame())
             RepaintFrame(*this, TFrameRepaint::NonClient);
         break;
     default:

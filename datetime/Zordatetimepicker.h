@@ -46,6 +46,9 @@ protected:
     virtual void ParentWindowProc(const TMessage& message);
 
 private:
+    /// Whether a frame stands over the native border: a state's, or the grey one of a flat picker.
+    bool ShowsFrame() const { return GetFWymagany() != wNone || !GetCtl3D(); }
+
     bool FZORMode = false;
     bool FInvertedCheck = false;
 };

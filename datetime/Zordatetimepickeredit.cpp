@@ -206,9 +206,10 @@ void TZORDateTimePickerEdit::RestoreByEscape(int caret) {
 }
 
 void TZORDateTimePickerEdit::ClearByDelete() {
+    const bool hadText = GetTextLen() != 0;
     const bool changed = FValue.ClearByDelete();
     set_text();
-    if (changed)
+    if (changed || hadText)
         Announce();
 }
 
@@ -463,24 +464,23 @@ void TZORDateTimePickerEdit::cust_cal_Click() {
 
 // Leaving
 
-/// The text without blanks around it, with a time that was typed without its separator, and read. False when it cannot
-/// be read, and when a handler has destroyed the field.
-bool TZORDateTimePickerEdit::CompleteText() {
+/// The text without blanks around it, with a time that was typed without its separator, and read; what can be read
+/// shows as the bounds and the view make it.
+void TZORDateTimePickerEdit::CompleteText() {
     TLifeGuard alive(*this);
     const String text = GetText();
     const String completed = CompletedOnExit(text, Field());
     if (completed != text)
         SetEditText(completed);
-    if (!sprawdz_combosa() || !alive)
-        return false;
-    if (GetText() != double_to_text(FValue.Current(), Field()))
-        set_text(); // what the bounds or the view have made of it
-    return true;
+    if (sprawdz_combosa() && alive && GetText() != double_to_text(FValue.Current(), Field()))
+        set_text();
 }
 
+// An error that the program has set on an empty field is told of as well: nothing but a date, or Esc, ends it.
 void TZORDateTimePickerEdit::DoExit() {
     TLifeGuard alive(*this);
-    if (!CompleteText() && (!alive || !TellInvalid()))
+    CompleteText();
+    if (!alive || (GetFWymagany() == wError && !TellInvalid()))
         return;
     TZORFramedCombo::DoExit();
 }

@@ -108,7 +108,7 @@ private:
     bool HandleOwnKey(WORD key, TShiftState shift);
     void OpenCalendar();
     void ShowDateInCalendar();
-    bool CompleteText();
+    void CompleteText();
     bool TellInvalid();
 
     TDateValue FValue;

@@ -474,12 +474,10 @@ bool TDateValue::SetTime(TDateTime value) {
     const TDateTime old = FDateTime;
     const TDateTime day = DateOf(FDateTime);
     FDateTime = day < 0 ? day - TimeOf(value) : day + TimeOf(value);
-    if (HasDate()) {
-        if (IsBound(FMaxDate) && FDateTime > FMaxDate)
-            FDateTime = FMaxDate;
-        else if (IsBound(FMinDate) && FDateTime < FMinDate)
-            FDateTime = Lowest();
-    }
+    if (IsBound(FMaxDate) && FDateTime > FMaxDate)
+        FDateTime = FMaxDate;
+    else if (IsBound(FMinDate) && FDateTime < FMinDate)
+        FDateTime = Lowest();
     return FDateTime != old;
 }
 

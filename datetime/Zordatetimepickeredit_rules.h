@@ -137,7 +137,8 @@ public:
     /// view. With MinDate above MaxDate, MaxDate is looked at first. 0 is a date below MinDate like any other: see
     /// Clear. True also when the bounds turn another value into the one that is held, as the text may show the other.
     bool SetDate(TDateTime value, TDateTimeView view);
-    /// Sets the time of day alone; whole days in `value` are ignored. Without a date only the time is kept.
+    /// Sets the time of day alone; whole days in `value` are ignored. What then lies beyond a bound becomes the bound,
+    /// also without a date: a time on its own is below MinDate like any other value. Otherwise it makes no date.
     bool SetTime(TDateTime value);
     /// Bounds; those without whole days are none. A date that the field holds is moved inside.
     bool SetMinDate(TDateTime value, TDateTimeView view);

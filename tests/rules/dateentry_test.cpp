@@ -49,11 +49,6 @@ TEST(DateEntry, SettingsMakeEveryLocaleTypeable) {
     EXPECT_TRUE(EntrySettings(odd).ShortDateFormat == u"MM-dd-yyyy");
 }
 
-TEST(DateEntry, KeypadDigitsAreTheirVirtualKeys) {
-    for (int key = 0; key < 256; ++key)
-        EXPECT_EQ(IsNumKey(key), key >= 96 && key <= 105) << key;
-}
-
 // Texts as the native edit leaves them, the caret behind what was typed.
 TEST(DateEntry, KeysRewriteTheText) {
     const TDateField yearFirst = Typed(YearFirst(), dfShort);

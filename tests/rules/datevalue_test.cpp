@@ -175,8 +175,8 @@ TEST(DateValue, TimeIsSetAlone) {
 
     TDateValue none;
     none.SetMinDate(march15, dtvDay);
-    none.SetTime(0.5);
-    EXPECT_FALSE(none.HasDate()) << "a bound makes no date out of a time";
+    EXPECT_TRUE(none.SetTime(0.5));
+    EXPECT_EQ(none.Current(), march15) << "a time alone is below the bound";
 }
 
 TEST(DateValue, BoundsAndViewsMoveIt) {
