@@ -120,13 +120,11 @@ TDateTime TMonthCalendar::Bounded(TDateTime value) const {
 
 void TMonthCalendar::SetDate(TDateTime value) {
     value = Bounded(DateOf(value));
-    if (FDate == value)
-        return;
     const TDateTime days = FEndDate - FDate;
     FDate = value;
     FEndDate = Bounded(FMultiSelect ? value + days : value);
     if (HandleAllocated())
-        ShowSelection();
+        ShowSelection(); // also when it is the same day: the person may have gone on to another month
 }
 
 void TMonthCalendar::SetEndDate(TDateTime value) {
