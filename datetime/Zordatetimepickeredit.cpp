@@ -296,7 +296,7 @@ void TZORDateTimePickerEdit::KeyPress(char16_t& key) {
     }
     TZORFramedCombo::KeyPress(key);
     if (alive)
-        FTypedKey = key;
+        FTypedKey = key == u':' || key == Field().Settings.DateSeparator ? SeparatorKey : key;
 }
 
 // A key runs through the filter and the native edit first; the mask then rewrites what has become of the text, and the

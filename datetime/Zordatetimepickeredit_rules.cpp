@@ -243,15 +243,29 @@ TEntryText KeyOnFullText(TEntryText state, int key, const String& mask, const TD
     return {text, std::min(caret + (passesSeparator ? 1 : 0), Length(text)), 0};
 }
 
+/// What a separator does that was typed into an empty text or one that fills its mask: it stands there already.
+TEntryText SeparatorTyped(TEntryText state, const String& mask) {
+    const int length = Length(state.Text);
+    for (int at = state.SelStart; state.SelLength == 0 && at < std::min(state.SelStart + 2, length); ++at) {
+        if (mask[static_cast<std::size_t>(at)] != DigitPlace) {
+            state.SelStart = at + 1;
+            break;
+        }
+    }
+    return state;
+}
+
 } // namespace
 
 TEntryText RewriteTypedDate(const TEntryText& before, const TEntryText& after, int key, const TDateField& field,
                             TDateTime minDate) {
+    const String mask = EntryMask(field);
+    if (key == SeparatorKey)
+        return before.Text.empty() || FillsMask(before.Text, mask, field) ? SeparatorTyped(before, mask) : after;
     const bool isKnown = IsNumeric(key) || key == BackspaceKey || key == DeleteKey;
     if (!isKnown || after.Text == before.Text || after.Text.empty())
         return after;
     const bool dropsFirst = key == BackspaceKey && before.SelLength == 0 && after.SelStart == 0;
-    const String mask = EntryMask(field);
     if (!dropsFirst && FillsMask(before.Text, mask, field))
         return KeyOnFullText(before, key, mask, field, minDate);
     TEntryText result = after;

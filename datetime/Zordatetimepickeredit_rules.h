@@ -26,6 +26,8 @@ const TEnumInfo& DescribeEnum(TDateTimeView);
 
 inline constexpr int BackspaceKey = 8;
 inline constexpr int DeleteKey = 46;
+/// A separator that was typed, whichever it is: as a character, the point has the number of the Delete key.
+inline constexpr int SeparatorKey = u':';
 
 /// The lowest date that the field accepts at all, 1753-01-01.
 inline constexpr TDateTime LowestDate = -53688;
@@ -72,12 +74,14 @@ struct TEntryText {
 };
 
 /// What becomes of the field when a key was typed, given its state before the key and the state in which the native
-/// edit is after it. `key` is a digit as a character, BackspaceKey or DeleteKey; for any other nothing changes.
+/// edit is after it. `key` is a digit as a character, BackspaceKey, DeleteKey or SeparatorKey; for any other nothing
+/// changes.
 ///
 /// Digits go to the first place at or behind the caret and leave the caret behind them, or behind the separator that
 /// follows. Delete and Backspace turn the digit beside the caret into 0; Delete stays before it, Backspace goes over
 /// it, and both pass separators in their direction. What was selected becomes zeros first. A first digit removed by
 /// Backspace is dropped, and the others move up. A text that was emptied stays empty: that is how no date is entered.
+/// Separators need not be typed and change nothing; right before a separator, or a digit before it, one passes it.
 TEntryText RewriteTypedDate(const TEntryText& before, const TEntryText& after, int key, const TDateField& field,
                             TDateTime minDate = 0);
 

@@ -110,7 +110,7 @@ TEntryText NativeEdit(TEntryText state, int key) {
     const auto start = static_cast<std::size_t>(state.SelStart);
     if (state.SelLength > 0)
         state.Text.erase(start, static_cast<std::size_t>(state.SelLength));
-    if (key >= u'0' && key <= u'9')
+    if (key >= u'0' && key <= u':')
         state.Text.insert(static_cast<std::size_t>(state.SelStart++), 1, static_cast<char16_t>(key));
     else if (state.SelLength == 0 && key == DeleteKey && start < state.Text.size())
         state.Text.erase(start, 1);
@@ -248,26 +248,37 @@ TEST(DateEntry, SelectedDigitsBecomeZerosFirst) {
     EXPECT_EQ(RewriteTypedDate(all, NativeEdit(all, DeleteKey), DeleteKey, field), TEntryText{}) << "no date";
 }
 
-// A whole date typed into an empty field, and once more over itself, in every mask.
+// A whole date typed into an empty field, and once more over itself, in every mask: without and with its separators.
 TEST(DateEntry, ADateIsTypedDigitByDigit) {
-    for (const TFormatSettings& locale : All()) {
-        for (const TDTDateFormat format : {dfShort, dfLong}) {
-            const TDateField field = Typed(locale, format);
+    for (const TMaskCase& mask : EveryMask()) {
+        for (const bool withSeparators : {false, true}) {
             TEntryText state;
+            const auto type = [&](int key) {
+                state = RewriteTypedDate(state, NativeEdit(state, key), key, mask.Field);
+            };
             for (const TDateTime value :
                  {EncodeDateTime(2024, 2, 29, 18, 5, 0, 0), EncodeDateTime(1987, 10, 31, 9, 59, 0, 0)}) {
-                const String expected = double_to_text(value, field);
+                const String expected = double_to_text(value, mask.Field);
                 state.SelStart = 0;
+                if (withSeparators)
+                    type(SeparatorKey); // before the first digit it means nothing
                 for (const char16_t unit : expected) {
-                    if (unit < u'0' || unit > u'9')
-                        continue;
-                    state = RewriteTypedDate(state, NativeEdit(state, unit), unit, field);
+                    if (unit >= u'0' && unit <= u'9')
+                        type(unit);
+                    else if (withSeparators && unit != u' ')
+                        type(SeparatorKey);
                     EXPECT_EQ(state.Text.size(), expected.size());
                 }
                 EXPECT_EQ(Utf8Encode(state.Text), Utf8Encode(expected));
                 EXPECT_EQ(state.SelStart, static_cast<int>(expected.size()));
             }
         }
+    }
+    constexpr int carets[] = {0, 1, 2, 5, 5, 5, 8, 8, 8, 9, 10};
+    for (int caret = 0; caret < 11; ++caret) {
+        const TEntryText before{u"2024-02-29", caret, 0};
+        EXPECT_EQ(RewriteTypedDate(before, NativeEdit(before, SeparatorKey), SeparatorKey, Typed(YearFirst(), dfShort)),
+                  (TEntryText{before.Text, carets[caret], 0}));
     }
 }
 
