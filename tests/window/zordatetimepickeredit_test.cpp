@@ -159,7 +159,7 @@ TEST_F(DateEdit, TypesDatesAsEachCountryWritesThem) {
         {"masked, year first", &kYearFirst, true, dfShort, u"20240229", u"2024-02-29", EncodeDate(2024, 2, 29)},
         {"free, Polish", &kPolish, false, dfShort, u"7.3.2024", u"07.03.2024", EncodeDate(2024, 3, 7)},
         {"masked, Polish", &kPolish, true, dfShort, u"15112023", u"15.11.2023", EncodeDate(2023, 11, 15)},
-        {"masked, with points", &kPolish, true, dfShort, u"15.11.2023", u"15.11.2023", EncodeDate(2023, 11, 15)},
+        {"masked, with dashes", &kYearFirst, true, dfShort, u"2024-02-29", u"2024-02-29", EncodeDate(2024, 2, 29)},
         {"masked, American", &kAmerican, true, dfShort, u"12312023", u"12/31/2023", EncodeDate(2023, 12, 31)},
         {"with a time", &kYearFirst, false, dfLong, u"2024-05-06 1230", u"2024-05-06 12:30",
          EncodeDateTime(2024, 5, 6, 12, 30, 0, 0)},
@@ -214,6 +214,13 @@ TEST_F(DateEdit, OverwritesAndEmptiesUnderTheMask) {
     Edit->SetFocus();
     PressKey('V', {ssCtrl}); // whatever the clipboard holds, the keys of commands pass the filter
     Edit->Clear();
+    Start(kPolish);
+    Edit->UseMaskEdit = true;
+    Edit->Date = kDay;
+    Edit->SelStart = 1;
+    TypeText(u".");
+    EXPECT_EQ(Edit->Text, u"15.03.2024") << "no key to delete with";
+    EXPECT_EQ(Edit->SelStart, 3);
 }
 
 TEST_F(DateEdit, StepsTheMarkedPart) {
