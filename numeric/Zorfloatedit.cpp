@@ -83,20 +83,14 @@ char16_t TZORFloatEdit::KeypadDecimal(char16_t) const {
 }
 
 void TZORFloatEdit::KeyPress(char16_t& key) {
-    if (!IsValidChar(key)) {
+    if (!IsValidChar(key))
         key = 0;
-        return;
-    }
     TLifeGuard alive(*this);
-    const bool isCommand = IsCommandChar(key);
-    const TKeyAction action = FloatKeyPress(key, EntryState(), Entry(), FormatSettings());
+    const bool isCommand = IsCommandChar(key) && key != u'\b';
+    const TKeyAction action = FloatAcceptedKey(key, EntryState(), Entry(), FormatSettings());
     PerformKey(action, key);
-    if (!alive || isCommand || !action.ReachesHost || !TextIsEmpty())
-        return;
-    // The native edit starts afresh: undoing what is typed now does not lead back to what was cleared before.
-    Perform(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(u""));
-    if (alive)
-        SetSelLength(1);
+    if (alive && !isCommand && action.ReachesHost && TextIsEmpty())
+        StartAfresh();
 }
 
 void TZORFloatEdit::Change() {
@@ -110,7 +104,7 @@ void TZORFloatEdit::Paste() {
     if (!GetEditorEnabled() || GetReadOnly())
         return;
     if (const auto text = ClipboardText(GetHandle()))
-        ApplyInput(PasteFloat(*text, FormatSettings()), std::nullopt);
+        PutPasted(PasteFloat(*text, FormatSettings()));
 }
 
 // Focus

@@ -125,7 +125,12 @@ bool IsValidFloatChar(char16_t key, const TDecimalEntry& entry, const TFormatSet
 
 TKeyAction FloatKeyPress(char16_t key, const TEntryState& state, const TDecimalEntry& entry,
                          const TFormatSettings& settings) {
-    if (key == 0 || !IsValidFloatChar(key, entry, settings))
+    return FloatAcceptedKey(IsValidFloatChar(key, entry, settings) ? key : u'\0', state, entry, settings);
+}
+
+TKeyAction FloatAcceptedKey(char16_t key, const TEntryState& state, const TDecimalEntry& entry,
+                            const TFormatSettings& settings) {
+    if (key == 0)
         return Rejects();
     if ((IsCommandChar(key) && key != Backspace) || entry.ReadOnly)
         return Passes(key);

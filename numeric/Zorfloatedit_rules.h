@@ -44,6 +44,9 @@ bool IsValidFloatChar(char16_t key, const TDecimalEntry& entry, const TFormatSet
 /// selection length of 1.
 TKeyAction FloatKeyPress(char16_t key, const TEntryState& state, const TDecimalEntry& entry,
                          const TFormatSettings& settings);
+/// The same for a key that the control has judged already: a descendant may take other characters.
+TKeyAction FloatAcceptedKey(char16_t key, const TEntryState& state, const TDecimalEntry& entry,
+                            const TFormatSettings& settings);
 
 /// Change: an unreadable text gives way to `lastValidText`, written with the decimals of this field, or to nothing
 /// where that is no number here. An unfinished number stays but is not remembered. The caret stays where the two texts

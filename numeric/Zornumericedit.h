@@ -151,6 +151,20 @@ protected:
             Select(*selection);
         return true;
     }
+    /// What was pasted is the whole text; the person types on behind it.
+    void PutPasted(const String& text) { ApplyInput(text, TEntrySelection{static_cast<int>(text.size()), 0}); }
+    /// Makes the native edit of an empty field forget: undoing what is typed now does not lead back to what was cleared
+    /// before. To the host this is no change.
+    void StartAfresh() {
+        TLifeGuard alive(*this);
+        {
+            FPreparing = true;
+            const TAtScopeEnd prepared(*this, [this] { FPreparing = false; });
+            this->Perform(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(u""));
+        }
+        if (alive)
+            this->SetSelLength(1);
+    }
     /// Carries out what the rules made of a key; the host hears of it where it shall.
     void PerformKey(const TKeyAction& action, char16_t& key) {
         key = action.Key;

@@ -20,7 +20,11 @@ bool TFieldUpDown::CanChange(int newValue, TUpDownDirection direction) {
 void TFieldUpDown::Dispatch(TMessage& message) {
     if (message.Msg == WM_LBUTTONDOWN && !IsDesigning() && !TakeFocus())
         return;
+    TLifeGuard alive(*this);
     TCustomUpDown::Dispatch(message);
+    // A flat frame lies within the client area, so the arrows have just painted over it.
+    if (message.Msg == WM_PAINT && alive && GetParent() && !GetParent()->GetCtl3D())
+        RepaintFrame(*GetParent(), TFrameRepaint::NonClient);
 }
 
 bool TFieldUpDown::TakeFocus() {

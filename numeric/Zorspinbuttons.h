@@ -95,16 +95,18 @@ protected:
     void Dispatch(TMessage& message) override {
         TLifeGuard alive(*this);
         TBase::Dispatch(message);
-        if (alive && message.Msg == CM_ENABLEDCHANGED)
+        if (!alive)
+            return;
+        if (message.Msg == CM_ENABLEDCHANGED)
             FUpDown->SetEnabled(this->GetEnabled());
+        else if (message.Msg == WM_SIZE)
+            RepaintFrame(*this, TFrameRepaint::NonClient); // where the arrows came to stand
     }
 
     void Arrange() override {
-        constexpr int kFrame = 5;        // the sunken border on both sides and a pixel between it and the arrows
-        constexpr int kSunkenBorder = 2; // a flat border lies within the client area instead
-        const int inset = this->GetCtl3D() ? 0 : kSunkenBorder;
+        constexpr int kFrame = 5; // the sunken border on both sides and a pixel between it and the arrows
         const int width = FUpDown->GetWidth();
-        FUpDown->SetBounds(this->GetWidth() - width - kFrame + inset, inset, width, this->GetHeight() - kFrame);
+        FUpDown->SetBounds(this->GetWidth() - width - kFrame, 0, width, this->GetHeight() - kFrame);
         TBase::Arrange();
     }
     int EditRectRight() const override {

@@ -151,7 +151,7 @@ void TZORSpinFloatEdit::Paste() {
     if (!GetEditorEnabled() || GetReadOnly())
         return;
     if (const auto text = ClipboardText(GetHandle()))
-        ApplyInput(PasteSpinFloat(*text, Entry(), FormatSettings()), std::nullopt);
+        PutPasted(PasteSpinFloat(*text, Entry(), FormatSettings()));
 }
 
 void TZORSpinFloatEdit::ChangingEx(TObject*, bool& allowChange, int, TUpDownDirection direction) {
@@ -222,6 +222,8 @@ void TZORSpinFloatEdit::KeepPerson() {
         return;
     ReleaseCapture(); // the press that left the field ends with the message
     ShowBladValidacjiMessage();
+    if (alive)
+        SetFWymagany(wError); // the pointer has left the field for the message
 }
 
 void TZORSpinFloatEdit::ShowBladValidacjiMessage() {

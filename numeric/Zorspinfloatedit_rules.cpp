@@ -179,13 +179,13 @@ TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, co
     if (reading.Kind == TNumberText::Unreadable)
         return leave;
     Extended value = reading.Value;
-    leave.Accepted = CheckSpinFloatValueEx(value, entry) == 0;
-    if (leave.Accepted) {
-        const Extended step = WrittenSingle(entry.Increment);
-        if (IsDuration(entry) && entry.Zaokraglaj && !IsMultiple(value, step))
-            value = RozRound(value, step, TStepDirection::None);
-        value = CheckSpinFloatValue(value, entry);
-    }
+    Extended rounded = value;
+    if (IsDuration(entry) && entry.Zaokraglaj)
+        rounded = RozRound(value, WrittenSingle(entry.Increment), TStepDirection::None);
+    // One of the two within the range is enough: rounding may lead into it, and where it leads out, back to its end.
+    leave.Accepted = CheckSpinFloatValueEx(value, entry) == 0 || CheckSpinFloatValueEx(rounded, entry) == 0;
+    if (leave.Accepted)
+        value = CheckSpinFloatValue(rounded, entry);
     String written = SpinFloatText(value, entry, settings);
     if (written != text)
         leave.Text = std::move(written);

@@ -95,8 +95,9 @@ struct TSpinFloatLeave {
     std::optional<String> Text = std::nullopt;
 };
 
-/// CMExit. A value within the range is rounded where Zaokraglaj asks for it and written in full; one outside is written
-/// in full as it is; an unreadable text stays, so that nothing typed is lost. An empty text counts as MinValue.
+/// CMExit. A duration is rounded first where Zaokraglaj asks for it, which may lead into the range. A value within it
+/// is written in full; one outside is written in full as it was typed; an unreadable text stays, so that nothing typed
+/// is lost. An empty text counts as MinValue.
 TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings);
 
 /// ShowBladValidacjiMessage: what the box says. Polish users also read the range, in the form of the field.

@@ -59,6 +59,7 @@ public:
     }
 
     Extended Number() {
+        using Limits = std::numeric_limits<Extended>;
         constexpr Extended known[] = {0,
                                       1,
                                       -1,
@@ -73,10 +74,10 @@ public:
                                       1e18L,
                                       -1e19L,
                                       1e300L,
-                                      std::numeric_limits<Extended>::denorm_min(),
-                                      std::numeric_limits<Extended>::max(),
-                                      std::numeric_limits<Extended>::infinity(),
-                                      std::numeric_limits<Extended>::quiet_NaN()};
+                                      Limits::denorm_min(),
+                                      Limits::max(),
+                                      Limits::infinity(),
+                                      Limits::quiet_NaN()};
         const unsigned which = Below(std::size(known) + 4);
         if (which < std::size(known))
             return known[which];

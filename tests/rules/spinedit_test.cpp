@@ -1,8 +1,5 @@
 #include "numeric/Zorspinedit_rules.h"
 
-#include "framework/system/exceptions.h"
-#include "framework/system/strings.h"
-
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -65,25 +62,6 @@ TEST(SpinEdit, RangeAndSteps) {
     EXPECT_EQ(PositionBeforeStep(12, TStepDirection::Down), 13);
     EXPECT_EQ(PositionBeforeStep(INT_MIN, TStepDirection::Up), INT_MIN);
     EXPECT_EQ(PositionBeforeStep(INT_MAX, TStepDirection::Down), INT_MAX);
-}
-
-TEST(SpinEdit, Leaving) {
-    const TSpinEntry percent{1, -10, 100};
-    const struct {
-        const char16_t* Text;
-        const char* After; // "!" for a conversion error
-    } rows[] = {
-        {u"7", "7"}, {u"007", "007"}, {u"+5", "+5"}, {u"101", "100"},      {u"-11", "-10"}, {u"-0", "0"},
-        {u"", "!"},  {u"abc", "!"},   {u"-", "!"},   {u"2147483648", "!"}, {u"1.5", "!"},
-    };
-    for (const auto& row : rows) {
-        std::string after = "!";
-        try {
-            after = Utf8Encode(LeaveSpin(row.Text, percent).value_or(row.Text));
-        } catch (const EConvertError&) {
-        }
-        EXPECT_EQ(after, row.After) << Utf8Encode(row.Text);
-    }
 }
 
 } // namespace

@@ -369,7 +369,8 @@ TEST(SpinFloatEdit, Leaving) {
         {"rounded", Entry(tTime, {}, 15, true), u"1:10", true, "01:15"},
         {"a tie, up", Entry(tTime, Signed, 2, true), u"-0:5", true, "-00:04"},
         {"rounded, but within the range", Entry(tTime, {0, 100}, 15, true), u"1:38", true, "01:30"},
-        {"outside is outside before it is rounded", Entry(tTime, {0, 100}, 15, true), u"1:41", false, "01:41"},
+        {"rounded into the range", Entry(tTime, {0, 90}, 15, true), u"1:32", true, "01:30"},
+        {"outside of it all the same", Entry(tTime, {0, 90}, 15, true), u"1:41", false, "01:41"},
         {"numbers are not rounded", Entry(tStandard, {}, 0.25F, true), u"1,1", true, "1,10"},
         {"a multiple of tenths of a minute", Entry(tTime, {}, 0.1F, true), u"1:10", true, "01:10"},
     };
