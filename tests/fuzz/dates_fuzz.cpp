@@ -49,7 +49,7 @@ void CheckRewriting(const TDateField& field, const String& text, int caret, int 
 
 TEntryText NativeEdit(TEntryText state, int key) {
     state.Text.erase(static_cast<std::size_t>(state.SelStart), static_cast<std::size_t>(state.SelLength));
-    if (key >= u'0' && key <= u'9')
+    if ((key >= u'0' && key <= u'9') || key == SeparatorKey)
         state.Text.insert(static_cast<std::size_t>(state.SelStart++), 1, static_cast<char16_t>(key));
     else if (state.SelLength == 0 && key == DeleteKey)
         Delete(state.Text, state.SelStart + 1, 1);
@@ -70,7 +70,9 @@ void CheckTyping(const TDateField& field, const String& keys) {
             state.SelLength = unit / 64 % (size - state.SelStart + 1);
             continue;
         }
-        const int key = unit % 12 == 11 ? BackspaceKey : unit % 12 == 10 ? DeleteKey : u'0' + unit % 12;
+        constexpr int others[] = {SeparatorKey, DeleteKey, BackspaceKey};
+        const int choice = unit % 13;
+        const int key = choice < 10 ? u'0' + choice : others[choice - 10];
         const TEntryText after = NativeEdit(state, key);
         const TEntryText result = RewriteTypedDate(state, after, key, field);
         Demand(result.Text.empty() || result.Text.size() == length, "a text that lost its length", result.Text);
