@@ -20,8 +20,8 @@ struct TRequirementPolicy {
 
 /// Edit, memo, float edit, spin float edit, combo boxes.
 inline constexpr TRequirementPolicy EditRequirement{};
-/// Mask edit, rich edit, list box, check box, check-list box, month calendar, spin edit: an error stays until the program
-/// ends it. Ending it on leaving would turn a required field into one that asks for nothing.
+/// Mask edit, rich edit, list box, check box, check-list box, month calendar, spin edit: an error stays until the
+/// program ends it. Ending it on leaving would turn a required field into one that asks for nothing.
 inline constexpr TRequirementPolicy PlainRequirement{false, false, false};
 /// Date edit and date-time picker: an error stays until the program or a corrected value ends it (see Restore).
 inline constexpr TRequirementPolicy DateRequirement{true, false, false};
