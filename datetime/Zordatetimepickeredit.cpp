@@ -71,7 +71,6 @@ void TZORDateTimePickerEdit::ValueChanged(bool changed) {
     if (!changed)
         return;
     set_text();
-    ShowDateInCalendar();
     Announce();
 }
 
@@ -137,6 +136,7 @@ void TZORDateTimePickerEdit::set_text() {
     SetText(double_to_text(FValue.Current(), Field()));
     FShowingText = false;
     TextIsRead();
+    ShowDateInCalendar();
 }
 
 /// The text agrees with the value.
@@ -219,7 +219,6 @@ void TZORDateTimePickerEdit::StepPart(int caret, int step) {
         return;
     set_text();
     SetSelStart(CaretAfterStep(GetText(), caret, field));
-    ShowDateInCalendar();
     Announce();
 }
 
@@ -280,7 +279,6 @@ void TZORDateTimePickerEdit::TypeMonth(char16_t character) {
         return;
     set_text();
     SetSelStart(caret);
-    ShowDateInCalendar();
     Announce();
 }
 
