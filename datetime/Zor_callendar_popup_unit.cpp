@@ -30,6 +30,11 @@ Tzor_cal_popup_form::~Tzor_cal_popup_form() {
     DestroyHandle(); // while the calendar is there
 }
 
+void Tzor_cal_popup_form::CreateParams(TCreateParams& params) {
+    TZORPopup::CreateParams(params);
+    params.Style |= WS_BORDER; // sets it off from white fields around
+}
+
 void Tzor_cal_popup_form::Prepare() {
     // The same letters as in the field; those of another monitor are larger, and so is the calendar.
     if (const TWinControl* target = GetTarget()) {
@@ -38,8 +43,8 @@ void Tzor_cal_popup_form::Prepare() {
             SetFont(target->GetFont());
     }
     const TSize required = FCalendar->GetRequiredSize();
-    SetBounds(GetLeft(), GetTop(), std::max(required.Width, kDesignedSize.Width),
-              std::max(required.Height, kDesignedSize.Height));
+    SetClientWidth(std::max(required.Width, kDesignedSize.Width));
+    SetClientHeight(std::max(required.Height, kDesignedSize.Height));
 }
 
 TRect Tzor_cal_popup_form::PlaceFor(const TRect& target, const TRect& workArea) const {

@@ -25,6 +25,7 @@ public:
     void SetView(TCalendarView value) { FView = value; }
 
 protected:
+    void CreateParams(TCreateParams& params) override;
     void Prepare() override;
     TRect PlaceFor(const TRect& target, const TRect& workArea) const override;
     void DoShow() override;

@@ -425,6 +425,10 @@ void TZORDateTimePickerEdit::OpenCalendar() {
         FPopup->OnCloseUp = [this](TObject*) { CloseUp(); };
     }
     TLifeGuard alive(*this);
+    if (!Focused())
+        SetFocus(); // the one that is left comes first
+    if (!alive || !Focused())
+        return;
     DropDown();
     if (!alive)
         return;
