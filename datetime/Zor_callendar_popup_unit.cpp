@@ -43,13 +43,12 @@ void Tzor_cal_popup_form::Prepare() {
             SetFont(target->GetFont());
     }
     const TSize required = FCalendar->GetRequiredSize();
-    SetClientWidth(std::max(required.Width, kDesignedSize.Width));
-    SetClientHeight(std::max(required.Height, kDesignedSize.Height));
+    FSize = {std::max(required.Width, kDesignedSize.Width) + GetWidth() - GetClientWidth(),
+             std::max(required.Height, kDesignedSize.Height) + GetHeight() - GetClientHeight()};
 }
 
 TRect Tzor_cal_popup_form::PlaceFor(const TRect& target, const TRect& workArea) const {
-    return PopupPlace(target, {GetWidth(), GetHeight()}, workArea, CalendarPlacing,
-                      GetTarget() && GetTarget()->UseRightToLeftAlignment());
+    return PopupPlace(target, FSize, workArea, CalendarPlacing, GetTarget() && GetTarget()->UseRightToLeftAlignment());
 }
 
 void Tzor_cal_popup_form::DoShow() {

@@ -35,6 +35,7 @@ private:
     void Pick();
 
     TMonthCalendar* FCalendar;
+    TSize FSize; // that shows a whole month, in pixels
     TCalendarView FView = cvMonth;
 };
 
