@@ -1,5 +1,7 @@
 #include "controls/Extrasigns_rules.h"
 
+#include "framework/system/strings.h"
+
 #include <algorithm>
 #include <array>
 
@@ -37,19 +39,6 @@ constexpr std::array<TSign, 22> Signs{{
     {u'\u00DF', u'\u00DF'}, // sharp s, which has no capital here
 }};
 
-bool IsHighSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xD800;
-}
-
-bool IsLowSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
-}
-
-bool SplitsPair(StringView text, std::size_t position) {
-    return position > 0 && position < text.size() && IsHighSurrogate(text[position - 1]) &&
-           IsLowSurrogate(text[position]);
-}
-
 } // namespace
 
 int ScaledExtraSignsKeySize(int dpi) {
@@ -86,7 +75,7 @@ std::optional<TSignInsertion> InsertSign(StringView text, std::size_t selectionS
     if (lengthLimit > 0 && text.size() >= static_cast<std::size_t>(lengthLimit))
         return std::nullopt;
     std::size_t place = std::min(selectionStart, text.size());
-    if (SplitsPair(text, place))
+    if (SplitsSurrogates(text, place))
         --place;
     TSignInsertion insertion;
     insertion.Text.reserve(text.size() + 1);

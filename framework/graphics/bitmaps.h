@@ -41,7 +41,7 @@ public:
     /// highest byte means nothing. Row 0 is the uppermost. EListError when there is no such row.
     std::uint32_t* GetScanLine(int row) const;
 
-    /// Writes a PNG file; EOSError when that fails.
+    /// Writes a PNG file; EOSError when that fails, EListError when the picture is empty.
     void SaveToPng(const String& fileName) const;
 
 private:

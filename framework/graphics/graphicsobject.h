@@ -61,8 +61,10 @@ public:
 
 protected:
     void Changed() {
-        if (OnChange)
-            OnChange(this);
+        if (!OnChange)
+            return;
+        const TNotifyEvent handler = OnChange; // it may reassign the event or free the object
+        handler(this);
     }
 };
 

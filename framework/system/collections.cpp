@@ -217,8 +217,10 @@ void TCollection::Assign(TPersistent* source) {
         return;
     WithinUpdate(*this, [&] {
         Clear();
-        for (TCollectionItem* item : collection->FItems)
-            Add()->Assign(item);
+        for (TCollectionItem* item : collection->FItems) {
+            if (TCollectionItem* copy = Add())
+                copy->Assign(item);
+        }
     });
 }
 

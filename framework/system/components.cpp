@@ -11,7 +11,7 @@ namespace framework {
 namespace {
 
 // Below this many owned components a walk is quicker than a table.
-constexpr std::size_t kIndexNamesFrom = 16;
+constexpr std::size_t indexNamesFrom = 16;
 
 struct TRegistry {
     TNameMap<const TClassInfo*> Classes;
@@ -21,6 +21,15 @@ struct TRegistry {
 TRegistry& Registry() {
     static TRegistry registry;
     return registry;
+}
+
+/// Takes out the last occurrence, which is the only one: what came late mostly goes early. False when there is none.
+bool TakeOut(std::vector<TComponent*>& components, const TComponent* component) {
+    const auto found = std::find(components.rbegin(), components.rend(), component);
+    if (found == components.rend())
+        return false;
+    components.erase(std::next(found).base());
+    return true;
 }
 
 } // namespace
@@ -36,7 +45,8 @@ const TClassInfo& TComponent::StaticClass() {
     return info;
 }
 
-TComponent::TComponent(TComponent* owner) {
+// By way of the other constructor, so that the destructor runs when the owner refuses the component.
+TComponent::TComponent(TComponent* owner) : TComponent() {
     if (owner)
         owner->InsertComponent(this);
 }
@@ -47,6 +57,7 @@ TComponent::~TComponent() {
     DestroyComponents();
     if (FOwner)
         FOwner->RemoveComponent(this);
+    RemoveNotifications(); // asked for by those who heard of the death
     for (TLifeGuard* guard = FGuards; guard; guard = guard->FNext)
         guard->FComponent = nullptr;
 }
@@ -77,11 +88,9 @@ void TComponent::Destroying() {
 void TComponent::RemoveNotifications() {
     while (!FFreeNotifies.empty()) {
         TComponent* other = FFreeNotifies.back();
-        FFreeNotifies.pop_back();
-        other->RemoveFreeNotification(this);
+        RemoveFreeNotification(other);
         other->Notification(this, opRemove);
     }
-    FComponentState >> csFreeNotification;
 }
 
 void TComponent::DestroyComponents() {
@@ -109,11 +118,15 @@ void TComponent::SetName(const String& name) {
         FOwner->ValidateRename(this, FName, name);
     else
         ValidateRename(nullptr, FName, name);
-    if (FOwner)
+    if (FOwner) {
         FOwner->IndexName(this, false);
+        FOwner->FillField(this, false);
+    }
     FName = name;
-    if (FOwner)
+    if (FOwner) {
         FOwner->IndexName(this, true);
+        FOwner->FillField(this, true);
+    }
 }
 
 void TComponent::ValidateRename(TComponent* component, const String& oldName, const String& newName) {
@@ -147,7 +160,7 @@ void TComponent::IndexName(TComponent* component, bool present) {
     if (component->FName.empty())
         return;
     if (!NameIndexed()) {
-        if (!present || FComponents.size() < kIndexNamesFrom)
+        if (!present || FComponents.size() < indexNamesFrom)
             return;
         for (TComponent* each : FComponents) {
             if (!each->FName.empty())
@@ -161,18 +174,28 @@ void TComponent::IndexName(TComponent* component, bool present) {
         FNameIndex.erase(component->FName);
 }
 
+/// Lets the published field of the component's name point to it, or to nothing again.
+void TComponent::FillField(TComponent* component, bool present) {
+    const TFieldInfo* field = component->FName.empty() ? nullptr : ClassInfo().FindField(component->FName);
+    if (!field)
+        return;
+    if (present && component->InheritsFrom(field->ObjectClass()))
+        field->Set(*this, component);
+    else if (!present && field->Get(*this) == component)
+        field->Set(*this, nullptr);
+}
+
 void TComponent::InsertOwned(TComponent* component) {
     FComponents.push_back(component);
     component->FOwner = this;
     IndexName(component, true);
+    FillField(component, true);
 }
 
 void TComponent::RemoveOwned(TComponent* component) {
     IndexName(component, false);
-    // Components mostly go in the reverse order of their coming.
-    const auto found = std::find(FComponents.rbegin(), FComponents.rend(), component);
-    if (found != FComponents.rend())
-        FComponents.erase(std::next(found).base());
+    FillField(component, false);
+    TakeOut(FComponents, component);
     component->FOwner = nullptr;
 }
 
@@ -200,8 +223,10 @@ void TComponent::RemoveComponent(TComponent* component) {
 }
 
 void TComponent::Notification(TComponent* component, TOperation operation) {
-    if (operation == opRemove && component)
-        RemoveFreeNotification(component);
+    // Nobody keeps a pointer to one that comes; telling all of all would cost the square of their number.
+    if (operation != opRemove || !component)
+        return;
+    RemoveFreeNotification(component);
     // A walk by index from the end: a component may remove itself when it hears of another's death.
     for (std::size_t i = FComponents.size(); i-- > 0;) {
         if (i < FComponents.size() && FComponents[i] != component)
@@ -210,18 +235,25 @@ void TComponent::Notification(TComponent* component, TOperation operation) {
 }
 
 void TComponent::FreeNotification(TComponent* component) {
-    if (!component || component == this || std::ranges::find(FFreeNotifies, component) != FFreeNotifies.end())
+    if (!component || component == this)
         return;
-    FFreeNotifies.push_back(component);
-    FComponentState << csFreeNotification;
-    component->FreeNotification(this);
+    // Thousands may point to one component, each of them to few.
+    const bool isShorter = FFreeNotifies.size() < component->FFreeNotifies.size();
+    const auto& list = isShorter ? FFreeNotifies : component->FFreeNotifies;
+    if (std::ranges::find(list, isShorter ? component : this) != list.end())
+        return;
+    for (const auto& [one, other] : {std::pair(this, component), std::pair(component, this)}) {
+        one->FFreeNotifies.push_back(other);
+        one->FComponentState << csFreeNotification;
+    }
 }
 
 void TComponent::RemoveFreeNotification(TComponent* component) {
-    if (std::erase(FFreeNotifies, component) != 0)
-        component->RemoveFreeNotification(this);
-    if (FFreeNotifies.empty())
-        FComponentState >> csFreeNotification;
+    if (!component || !TakeOut(FFreeNotifies, component))
+        return;
+    TakeOut(component->FFreeNotifies, this);
+    for (TComponent* each : {this, component})
+        each->ChangeState(csFreeNotification, !each->FFreeNotifies.empty());
 }
 
 void TComponent::SetSubComponent(bool value) {

@@ -13,25 +13,19 @@ namespace framework {
 enum TOperation { opInsert, opRemove };
 
 enum TComponentStateElement {
-    csLoading,    ///< a text form is setting the properties; Loaded() follows
-    csReading,    ///< this component's own properties are being read
-    csWriting,    ///< being saved
-    csDestroying, ///< the destructor has begun
-    csDesigning,  ///< handled by a form designer: it must not act on the user's behalf
-    csAncestor,
-    csUpdating,
-    csFixups,
+    csLoading,          ///< a text form is setting the properties; Loaded() follows
+    csReading,          ///< this component's own properties are being read
+    csWriting,          ///< being saved
+    csDestroying,       ///< the destructor has begun
+    csDesigning,        ///< handled by a form designer: it must not act on the user's behalf
+    csAncestor,         ///< brought along by the owner's class or its ancestor's form, not by the owner's own form
     csFreeNotification, ///< some other component is told when this one dies
     csInline,           ///< the root of an inline frame
-    csDesignInstance,
 };
 using TComponentState = Set<TComponentStateElement>;
 
 enum TComponentStyleElement {
-    csInheritable,
-    csCheckPropAvail,
     csSubComponent, ///< streamed with the component that holds it, as its sub-object
-    csTransient,
 };
 using TComponentStyle = Set<TComponentStyleElement>;
 
@@ -104,8 +98,9 @@ public:
     virtual void BeforeDestruction() {}
 
 protected:
-    /// Called on every component of the owner, and on those that asked for it, when a component comes or goes.
-    /// Overrides clear their pointers to `component` on opRemove and call the inherited one.
+    /// Called on the owner when a component comes or goes; when one goes also on every other component of the owner and
+    /// on those that asked for it. Overrides clear their pointers to `component` on opRemove and call the inherited
+    /// one. They must not raise on opRemove, as it comes from destructors.
     virtual void Notification(TComponent* component, TOperation operation);
     /// Called when a text form has set all properties of everything in it.
     virtual void Loaded();
@@ -121,10 +116,12 @@ private:
     friend class TFormSaver;
     friend class TLifeGuard;
 
+    TComponent() = default;
     void InsertOwned(TComponent* component);
     void RemoveOwned(TComponent* component);
     bool NameIndexed() const { return !FNameIndex.empty(); }
     void IndexName(TComponent* component, bool present);
+    void FillField(TComponent* component, bool present);
     void RemoveNotifications();
     void DestroyComponents();
 
@@ -137,7 +134,7 @@ private:
     TNameMap<TComponent*> FNameIndex;       // kept once there are many
     std::vector<TComponent*> FFreeNotifies; // mutual: both sides know each other
     TComponentState FComponentState;
-    TComponentStyle FComponentStyle = {csInheritable};
+    TComponentStyle FComponentStyle;
     TLifeGuard* FGuards = nullptr;
 };
 

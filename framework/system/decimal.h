@@ -52,6 +52,8 @@ bool TryParseNumber(StringView text, char16_t decimalSeparator, TWrittenNumber& 
 /// The nearest float; false when the number lies beyond the range. One too small becomes zero.
 bool TryMakeFloat(const TWrittenNumber& number, Extended& value);
 bool TryMakeFloat(const TWrittenNumber& number, double& value);
+/// Whether TryMakeFloat makes an Extended of it; quick, unless the number begins like the greatest one.
+bool FitsExtended(const TWrittenNumber& number);
 /// The number times 10^scale, a half rounded away from zero; false when it does not fit.
 bool TryMakeScaled(const TWrittenNumber& number, int scale, std::int64_t& units);
 

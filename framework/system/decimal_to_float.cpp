@@ -199,4 +199,20 @@ bool TryMakeFloat(const TWrittenNumber& number, double& value) {
     return TryMakeNearest(number, value);
 }
 
+bool FitsExtended(const TWrittenNumber& number) {
+    using Limits = std::numeric_limits<Extended>;
+    if (number.Digits.empty() || number.Exponent <= Limits::max_exponent10)
+        return true;
+    if (number.Exponent > Limits::max_exponent10 + 1)
+        return false;
+    static const TDecimal greatest = DecimalFromFloat(Limits::max(), std::numeric_limits<int>::max());
+    for (std::size_t i = 0; i < Limits::digits10; ++i) {
+        const int digit = i < number.Digits.size() ? number.Digits[i] - '0' : 0;
+        if (digit != greatest.Digits[i])
+            return digit < greatest.Digits[i];
+    }
+    Extended value = 0;
+    return TryMakeFloat(number, value);
+}
+
 } // namespace framework

@@ -63,6 +63,12 @@ std::unique_ptr<TComponent> CreateFromTextForm(std::string_view bytes, TComponen
     return CreateFromTextForm(ParseTextForm(bytes, parsing), owner, options);
 }
 
+std::unique_ptr<TComponent> CreateForm(const TClassInfo& info, TComponent* owner) {
+    const TFormDocument none;
+    const TLoadOptions options;
+    return TFormLoader(none, options).Construct(info, owner);
+}
+
 TFormLoader::TFormLoader(const TFormDocument& document, const TLoadOptions& options)
     : FDocument(document), FOptions(options),
       FFileName(options.FileName.empty() ? document.FileName() : options.FileName) {
@@ -76,6 +82,11 @@ void TFormLoader::At(TFormPlace place, StringView property, String object) {
     FPlace = place;
     FProperty = property;
     FObject = std::move(object);
+}
+
+void TFormLoader::At(const TLoadedComponent& entry) {
+    FFileName = entry.File;
+    At(entry.Place, {}, entry.Name);
 }
 
 String TFormLoader::ObjectPath() const {
@@ -131,8 +142,7 @@ void TFormLoader::Load(TComponent& root) {
     TLoadSession session;
     RunIn(session, false, [&] {
         Read(session.Enter(root, false));
-        session.Close();
-        CallLoaded();
+        Finish();
     });
 }
 
@@ -146,14 +156,40 @@ std::unique_ptr<TComponent> TFormLoader::Create(TComponent* owner) {
         WithPlace([&] { entry = &session.Enter(*session.Create(FindClass(source.ClassName()), owner), true); });
         MarkParts(*entry->Component);
         Read(*entry);
-        session.Close();
-        CallLoaded();
-        At(entry->Place, {}, entry->Name);
-        if (!entry->Alive)
-            Fail(u"the object was destroyed when it had been read");
-        root.reset(entry->Component);
+        root = Finished(*entry);
     });
     return root;
+}
+
+std::unique_ptr<TComponent> TFormLoader::Construct(const TClassInfo& info, TComponent* owner) {
+    TLoadSession session;
+    std::unique_ptr<TComponent> root;
+    RunIn(session, false, [&] {
+        TLoadedComponent& entry = session.Enter(*session.Create(info, owner), true);
+        if (entry.Name.empty())
+            entry.Name = info.Name(); // it read no form
+        root = Finished(entry);
+    });
+    return root;
+}
+
+/// All forms of the session are read.
+void TFormLoader::Finish() {
+    for (TLoadedComponent* root : FSession->Roots) {
+        ResolveWaiting([root](const TWaitingReference&, StringView name) {
+            return root->Alive && TNameEqual()(root->Component->GetName(), name) ? root->Component : nullptr;
+        });
+    }
+    FSession->Close();
+    CallLoaded();
+}
+
+std::unique_ptr<TComponent> TFormLoader::Finished(TLoadedComponent& entry) {
+    Finish();
+    At(entry);
+    if (!entry.Alive)
+        Fail(u"the object was destroyed when it had been read");
+    return std::unique_ptr<TComponent>(entry.Component);
 }
 
 void TFormLoader::Read(TLoadedComponent& root) {
@@ -186,7 +222,7 @@ void TFormLoader::CallLoaded() {
         TLoadedComponent& entry = FSession->Components[i];
         if (!entry.Alive || !entry.Component->FComponentState.Contains(csLoading))
             continue;
-        At(entry.Place, {}, entry.Name);
+        At(entry);
         WithPlace([&] { entry.Component->Loaded(); });
         if (entry.Alive)
             entry.Component->ChangeState(csLoading, false);
@@ -195,7 +231,7 @@ void TFormLoader::CallLoaded() {
         TLoadedComponent& entry = FSession->Components[i];
         if (!entry.Alive)
             continue;
-        At(entry.Place, {}, entry.Name);
+        At(entry);
         WithPlace([&] { entry.Component->LoadFinished(); });
     }
 }
@@ -212,6 +248,7 @@ void TFormLoader::Abandon(std::size_t firstOwn, bool joined) {
         } catch (...) { // NOLINT(bugprone-empty-catch): the first exception tells what went wrong
         }
     }
+    TWaitingReferences::Current().Forget(FSession->Number());
     auto& components = FSession->Components;
     for (std::size_t i = components.size(); i-- > firstOwn;) {
         TLoadedComponent& entry = components[i];
@@ -231,9 +268,9 @@ void TFormLoader::Abandon(std::size_t firstOwn, bool joined) {
 
 void TFormLoader::OpenRoot(TLoadedComponent& root) {
     const TFormObject source = FDocument.Root();
-    root.Place = PlaceOf(source);
-    root.Name = NameOf(source);
-    At(root.Place, {}, root.Name);
+    FSession->Roots.push_back(&root);
+    FFile = FSession->Files.emplace_back(FFileName);
+    Describe(root, source);
     CheckClass(*root.Component, source.ClassName());
     if (source.Kind() == TFormObjectKind::Inherited) {
         // What is there already came from the ancestor's form.
@@ -241,6 +278,14 @@ void TFormLoader::OpenRoot(TLoadedComponent& root) {
         MarkParts(*root.Component);
     }
     BeginReading(root, source, RootName(*root.Component, source.Name()), nullptr);
+}
+
+/// Notes where the form speaks of a component, here and for messages to come.
+void TFormLoader::Describe(TLoadedComponent& entry, const TFormObject& source) {
+    entry.Place = PlaceOf(source);
+    entry.Name = NameOf(source);
+    entry.File = FFile;
+    At(entry);
 }
 
 /// Marks what a component owns as brought along by its class: a saved form says `inherited` of it.
@@ -259,8 +304,7 @@ void TFormLoader::OpenChild(const TFormObject& source) {
         entry = CreateObject(source, *frame.Scope->Component);
     if (!entry)
         return;
-    entry->Place = FPlace;
-    entry->Name = FObject;
+    Describe(*entry, source);
     BeginReading(*entry, source, String(source.Name()), isNew ? parent : nullptr);
 }
 
@@ -310,10 +354,10 @@ void TFormLoader::SkipObject(const TFormObject& source) {
     }
 }
 
-void TFormLoader::CheckClass(const TComponent& component, StringView className) const {
+const TClassInfo& TFormLoader::CheckClass(const TComponent& component, StringView className) const {
     for (const TClassInfo* info = &component.ClassInfo(); info; info = info->Parent()) {
         if (TNameEqual()(info->Name(), className))
-            return;
+            return *info;
     }
     Fail(u"the object is a " + component.ClassName() + u", not a " + String(className));
 }
@@ -322,13 +366,15 @@ void TFormLoader::CheckClass(const TComponent& component, StringView className) 
 void TFormLoader::BeginReading(TLoadedComponent& entry, const TFormObject& source, const String& name,
                                TComponent* parent) {
     TComponent& component = *entry.Component;
-    component.ChangeState(csLoading, true);
-    component.ChangeState(csReading, true);
-    if (source.Kind() == TFormObjectKind::Inherited)
-        component.ChangeState(csAncestor, true);
     WithPlace([&] {
         component.Updating();
-        if (entry.Alive && !name.empty())
+        if (!entry.Alive)
+            return;
+        component.ChangeState(csLoading, true);
+        component.ChangeState(csReading, true);
+        if (source.Kind() == TFormObjectKind::Inherited)
+            component.ChangeState(csAncestor, true);
+        if (!name.empty())
             component.SetName(name);
         if (entry.Alive && parent)
             component.SetParentComponent(parent);
@@ -347,6 +393,7 @@ void TFormLoader::PushObject(TLoadedComponent& entry, const TFormObject& source)
     frame.Life.Component = &entry;
     const bool ownsChildren = FFrames.empty() || entry.Component->FComponentState.Contains(csInline);
     frame.Scope = ownsChildren ? &entry : FFrames.back().Scope;
+    frame.Class = &CheckClass(*entry.Component, source.ClassName());
     frame.Place = entry.Place;
     frame.Name = entry.Name;
     frame.Position = FFrames.empty() ? std::nullopt : source.Position();
@@ -378,6 +425,7 @@ void TFormLoader::OpenItem(const TFormObject& source) {
     At(PlaceOf(source));
     TCollection& collection = *FFrames.back().Collection;
     TCollectionItem* item = nullptr;
+    const int index = collection.GetCount();
     WithPlace([&] { item = collection.Add(); });
     if (!item)
         Fail(u"an item was destroyed when it joined the collection");
@@ -386,7 +434,7 @@ void TFormLoader::OpenItem(const TFormObject& source) {
     frame.Life = {FFrames.back().Life.Component, item->LifeToken(), true};
     frame.Scope = FFrames.back().Scope;
     frame.Place = FPlace;
-    frame.Name = u"[" + IntToStr(item->GetIndex()) + u"]";
+    frame.Name = u"[" + IntToStr(index) + u"]";
     frame.NextProperty = source.Properties().begin();
     frame.EndOfProperties = source.Properties().end();
     FFrames.push_back(std::move(frame));
@@ -403,6 +451,10 @@ void TFormLoader::CloseFrame() {
     } else if (frame.IsObject()) {
         TComponent* component = frame.Life.Component->Component;
         component->ChangeState(csReading, false);
+        if (frame.Scope == frame.Life.Component) {
+            At(frame.Place, {}, frame.Name);
+            CheckFields(*component, *frame.Class);
+        }
         if (!frame.Position)
             return;
         TComponent* parent = component->GetParentComponent();
@@ -411,6 +463,25 @@ void TFormLoader::CloseFrame() {
         At(frame.Place, {}, frame.Name);
         if (parent)
             WithPlace([&] { parent->SetChildOrder(component, *frame.Position); });
+    }
+}
+
+/// Fields are filled while components get their names. Those of a class under construction, and those whose component
+/// was named before its class was complete, are still empty; those of the class that the form is for must not remain
+/// so.
+void TFormLoader::CheckFields(TComponent& owner, const TClassInfo& named) {
+    for (const TFieldInfo& field : owner.ClassInfo().Fields()) {
+        TComponent* component = owner.FindComponent(field.Name);
+        if (component)
+            owner.FillField(component, true);
+        if (field.Get(owner) || !named.FindField(field.Name) || FSkippedNames.contains(field.Name))
+            continue;
+        if (!component)
+            Fail(u"the form has no component for the field " + field.Name);
+        if (const TLoadedComponent* entry = FSession->Find(component))
+            At(*entry);
+        Fail(u"a " + component->ClassName() + u" does not fit the field " + field.Name + u", which takes a " +
+             field.ObjectClass().Name());
     }
 }
 

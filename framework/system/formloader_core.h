@@ -3,8 +3,8 @@
 // The machinery behind formloader.h.
 
 #include "framework/system/formloader.h"
-#include "framework/system/loadsession.h"
 #include "framework/system/strings.h"
+#include "framework/system/waitingreferences.h"
 
 #include <new>
 #include <optional>
@@ -20,23 +20,19 @@ public:
 
     void Load(TComponent& root);
     std::unique_ptr<TComponent> Create(TComponent* owner);
+    std::unique_ptr<TComponent> Construct(const TClassInfo& info, TComponent* owner);
+    using TFindWaited = std::function<TComponent*(const TWaitingReference& reference, StringView root)>;
+    /// Sets the waiting references whose root is found.
+    void ResolveWaiting(const TFindWaited& find);
 
 private:
-    /// Tells whether what is being read is still there: the component and, inside a collection, the item.
-    struct TTargetLife {
-        TLoadedComponent* Component = nullptr;
-        std::weak_ptr<const void> Item;
-        bool InItem = false;
-
-        bool Lasts() const { return Component->Alive && !(InItem && Item.expired()); }
-    };
-
     /// An object, collection or item whose reading has begun.
     struct TFrame {
         TPersistent* Target = nullptr;
         TCollection* Collection = nullptr; ///< set for a collection
         TTargetLife Life;
         TLoadedComponent* Scope = nullptr; ///< who owns the children, and where names are looked up first
+        const TClassInfo* Class = nullptr; ///< of an object, as the form names it
         TFormPlace Place;
         String Name; ///< of an object, `.Property` of a collection, `[index]` of an item
         std::optional<std::int32_t> Position;
@@ -48,25 +44,23 @@ private:
         bool IsObject() const { return !Collection && !Life.InItem; }
     };
 
-    /// A property that waits for the component it names.
-    struct TReference {
-        TTargetLife Life;
-        TPersistent* Target;
-        TFormProperty Property;
-        TLoadedComponent* Scope;
-        String ObjectPath;
-    };
-
-    /// Where a property path leads; no property when it is unknown and was skipped.
+    /// Where a property path leads; no property when the object does not publish the name that comes next.
     struct TDestination {
         TPersistent* Object = nullptr;
         const TPropInfo* Property = nullptr;
+        StringView Unknown = {};
+    };
+    struct TScopedReference {
+        TReference Reference;
+        TLoadedComponent* Scope;
     };
 
     // What is being done, for messages.
 
     /// Messages speak of this place and property, of the innermost frame's object unless another is given.
     void At(TFormPlace place, StringView property = {}, String object = {});
+    /// Messages speak of this component, perhaps of another form in the session.
+    void At(const TLoadedComponent& entry);
     String ObjectPath() const;
     EFormLoad Error(StringView problem) const;
     [[noreturn]] void Fail(StringView problem) const { throw Error(problem); }
@@ -83,7 +77,9 @@ private:
     void RunIn(TLoadSession& session, bool joined, const TBody& body);
     void Read(TLoadedComponent& root);
     void Step();
+    void Finish();
     void CallLoaded();
+    std::unique_ptr<TComponent> Finished(TLoadedComponent& entry);
     void Abandon(std::size_t firstOwn, bool joined);
 
     // Objects, collections and items.
@@ -94,30 +90,37 @@ private:
     TLoadedComponent* FindExisting(const TFormObject& source, TComponent& scope);
     TLoadedComponent* CreateObject(const TFormObject& source, TComponent& scope);
     void SkipObject(const TFormObject& source);
-    void CheckClass(const TComponent& component, StringView className) const;
+    /// The class of that name among the component's own and its ancestors; raises when there is none.
+    const TClassInfo& CheckClass(const TComponent& component, StringView className) const;
+    void Describe(TLoadedComponent& entry, const TFormObject& source);
     void BeginReading(TLoadedComponent& entry, const TFormObject& source, const String& name, TComponent* parent);
     void PushObject(TLoadedComponent& entry, const TFormObject& source);
     void OpenCollection(TCollection& collection, const TFormProperty& property);
     void OpenItem(const TFormObject& source);
     void CloseFrame();
+    void CheckFields(TComponent& owner, const TClassInfo& named);
 
     // Properties.
 
     void ReadProperty(const TFormProperty& property);
-    TDestination FindDestination(TPersistent& start, const TFormProperty& property);
+    static TDestination FindDestination(TPersistent& start, StringView path);
+    TDestination FindKnown(TPersistent& start, StringView path);
     void ReadObjectProperty(const TDestination& destination, const TFormProperty& property);
     void ReadEvent(const TDestination& destination, const TFormValue& value);
     void ResolveReferences();
-    void Resolve(const TReference& reference);
+    void Resolve(const TScopedReference& reference);
+    void SetReference(const TReference& reference, TComponent* component);
+    TComponent* FindFirst(StringView name, const TLoadedComponent& scope) const;
     TComponent* FindNamed(StringView path, const TLoadedComponent& scope) const;
 
     const TFormDocument& FDocument;
     const TLoadOptions& FOptions;
     String FFileName;
+    StringView FFile; ///< the same for as long as the session lasts
     TLoadSession* FSession = nullptr;
     TLoadedComponent* FRoot = nullptr;
     std::vector<TFrame> FFrames;
-    std::vector<TReference> FReferences;
+    std::vector<TScopedReference> FReferences;
     TNameMap<bool> FSkippedNames;
 
     TFormPlace FPlace;

@@ -21,12 +21,26 @@ StringView TakeName(StringView& path) {
     throw EPropertyError(std::move(problem));
 }
 
+/// Designers call a form that one of its components refers to its Owner.
+bool MeansOwner(StringView name) {
+    return TNameEqual()(name, u"Owner");
+}
+
+TComponent* FindPart(TComponent* start, StringView path) {
+    while (start && !path.empty()) {
+        const StringView name = TakeName(path);
+        TComponent* part = start->FindComponent(name);
+        start = part || !MeansOwner(name) ? part : start;
+    }
+    return start;
+}
+
 } // namespace
 
 void TFormLoader::ReadProperty(const TFormProperty& property) {
     At({property.Line(), property.Column()}, property.Name());
     WithPlace([&] {
-        const TDestination destination = FindDestination(*FFrames.back().Target, property);
+        const TDestination destination = FindKnown(*FFrames.back().Target, property.Name());
         if (!destination.Property)
             return;
         FTargetClass = &destination.Object->ClassInfo();
@@ -41,9 +55,9 @@ void TFormLoader::ReadProperty(const TFormProperty& property) {
 }
 
 /// Follows a path such as Font.Name; every name but the last is that of an object.
-TFormLoader::TDestination TFormLoader::FindDestination(TPersistent& start, const TFormProperty& property) {
+TFormLoader::TDestination TFormLoader::FindDestination(TPersistent& start, StringView path) {
     TDestination place{&start};
-    for (StringView path = property.Name(); !path.empty();) {
+    while (!path.empty()) {
         if (place.Property) {
             if (place.Property->Kind != tkClass)
                 Refuse(place.Property->Name + u" is no object");
@@ -54,14 +68,23 @@ TFormLoader::TDestination TFormLoader::FindDestination(TPersistent& start, const
         }
         const StringView name = TakeName(path);
         place.Property = place.Object->ClassInfo().FindProperty(name);
-        if (place.Property)
-            continue;
-        const String problem = u"a " + place.Object->ClassName() + u" has no published property " + String(name);
-        if (!FOptions.SkipUnknownProperties)
-            Refuse(problem);
-        Skip(problem, place.Object->ClassName());
-        break;
+        if (!place.Property) {
+            place.Unknown = name;
+            break;
+        }
     }
+    return place;
+}
+
+/// The same; an unknown name is refused or skipped.
+TFormLoader::TDestination TFormLoader::FindKnown(TPersistent& start, StringView path) {
+    const TDestination place = FindDestination(start, path);
+    if (place.Property)
+        return place;
+    const String problem = u"a " + place.Object->ClassName() + u" has no published property " + String(place.Unknown);
+    if (!FOptions.SkipUnknownProperties)
+        Refuse(problem);
+    Skip(problem, place.Object->ClassName());
     return place;
 }
 
@@ -79,8 +102,9 @@ void TFormLoader::ReadObjectProperty(const TDestination& destination, const TFor
     case TFormValueKind::Identifier:
         if (info.ReadOnly())
             Refuse(u"the property is read-only");
-        FReferences.push_back(
-            {FFrames.back().Life, FFrames.back().Target, property, FFrames.back().Scope, ObjectPath()});
+        FReferences.push_back({{FFrames.back().Life, FFrames.back().Target, String(property.Name()),
+                                String(property.Value().Text()), FPlace, ObjectPath()},
+                               FFrames.back().Scope});
         break;
     case TFormValueKind::Nil:
         if (IsSubObject(object, info))
@@ -120,48 +144,100 @@ void TFormLoader::ReadEvent(const TDestination& destination, const TFormValue& v
 // References between components
 
 void TFormLoader::ResolveReferences() {
-    for (const TReference& reference : FReferences) {
-        if (!reference.Life.Lasts() || !FRoot->Alive)
+    for (const TScopedReference& each : FReferences) {
+        if (!each.Reference.Life.Lasts() || !FRoot->Alive)
             continue;
-        At({reference.Property.Line(), reference.Property.Column()}, reference.Property.Name(), reference.ObjectPath);
-        WithPlace([&] { Resolve(reference); });
+        At(each.Reference.Place, each.Reference.Property, each.Reference.ObjectPath);
+        WithPlace([&] { Resolve(each); });
     }
 }
 
-void TFormLoader::Resolve(const TReference& reference) {
-    const TDestination destination = FindDestination(*reference.Target, reference.Property);
-    FTargetClass = &destination.Object->ClassInfo();
-    FTargetProperty = destination.Property;
-    const StringView path = reference.Property.Value().Text();
-    TComponent* component = FindNamed(path, *reference.Scope);
-    if (!component) {
-        const String problem = u"there is no component " + String(path);
-        StringView rest = path;
-        if (!FSkippedNames.contains(TakeName(rest)))
-            Refuse(problem);
-        Skip(problem, destination.Object->ClassName());
+void TFormLoader::Resolve(const TScopedReference& scoped) {
+    const TReference& reference = scoped.Reference;
+    TComponent* component = FindNamed(reference.Wanted, *scoped.Scope);
+    if (component) {
+        SetReference(reference, component);
         return;
     }
+    StringView rest = reference.Wanted;
+    const StringView first = TakeName(rest);
+    const String problem = u"there is no component " + reference.Wanted;
+    if (FSkippedNames.contains(first))
+        Skip(problem, FindDestination(*reference.Target, reference.Property).Object->ClassName());
+    else if (rest.empty() || FindFirst(first, *scoped.Scope))
+        Refuse(problem);
+    else
+        TWaitingReferences::Current().Add(reference, *FRoot->Component, FFileName, FSession->Number());
+}
+
+void TFormLoader::SetReference(const TReference& reference, TComponent* component) {
+    const TDestination destination = FindDestination(*reference.Target, reference.Property);
+    if (!destination.Property)
+        Refuse(u"there is no property " + String(destination.Unknown) + u" any more");
+    FTargetClass = &destination.Object->ClassInfo();
+    FTargetProperty = destination.Property;
     SetObjectProp(*destination.Object, destination.Property->Name, component);
 }
 
-/// Finds the component that a form calls `path`: among those of the inline frame and of the root, the root itself, or
-/// by way of another root.
-TComponent* TFormLoader::FindNamed(StringView path, const TLoadedComponent& scope) const {
+/// Finds what a form calls `name`: a component of the inline frame or of the root, the root itself, or another root.
+TComponent* TFormLoader::FindFirst(StringView name, const TLoadedComponent& scope) const {
     const TComponent& root = *FRoot->Component;
-    const StringView first = TakeName(path);
-    TComponent* found = scope.Alive ? scope.Component->FindComponent(first) : nullptr;
+    TComponent* found = scope.Alive ? scope.Component->FindComponent(name) : nullptr;
     if (!found)
-        found = root.FindComponent(first);
-    if (!found && (TNameEqual()(first, root.GetName()) || TNameEqual()(first, FDocument.Root().Name())))
+        found = root.FindComponent(name);
+    if (!found &&
+        (MeansOwner(name) || TNameEqual()(name, root.GetName()) || TNameEqual()(name, FDocument.Root().Name())))
         found = FRoot->Component;
     if (!found && FOptions.FindRoot)
-        found = FOptions.FindRoot(first);
+        found = FOptions.FindRoot(name);
     if (!found && root.GetOwnerComponent())
-        found = root.GetOwnerComponent()->FindComponent(first);
-    while (found && !path.empty())
-        found = found->FindComponent(TakeName(path));
+        found = root.GetOwnerComponent()->FindComponent(name);
     return found;
+}
+
+TComponent* TFormLoader::FindNamed(StringView path, const TLoadedComponent& scope) const {
+    const StringView first = TakeName(path);
+    return FindPart(FindFirst(first, scope), path);
+}
+
+// References to forms that come later
+
+void TFormLoader::ResolveWaiting(const TFindWaited& find) {
+    TWaitingReferences::Current().ForEach([&](TWaitingReference& each) {
+        StringView path = each.Reference.Wanted;
+        TComponent* root = find(each, TakeName(path));
+        if (!root || !each.Lasts())
+            return;
+        each.Settled = true;
+        FFileName = each.FileName;
+        At(each.Reference.Place, each.Reference.Property, each.Reference.ObjectPath);
+        WithPlace([&] {
+            TComponent* component = FindPart(root, path);
+            if (!component)
+                Refuse(u"there is no component " + each.Reference.Wanted);
+            SetReference(each.Reference, component);
+        });
+    });
+}
+
+std::vector<TPendingReference> PendingReferences() {
+    std::vector<TPendingReference> result;
+    TWaitingReferences::Current().ForEach([&](const TWaitingReference& each) {
+        const TReference& reference = each.Reference;
+        result.push_back({each.FileName, reference.ObjectPath, reference.Property, reference.Wanted,
+                          reference.Place.Line, reference.Place.Column});
+    });
+    return result;
+}
+
+void ResolvePendingReferences(const TFindRoot& findRoot) {
+    const TFormDocument none;
+    const TLoadOptions options;
+    TFormLoader(none, options).ResolveWaiting([&](const TWaitingReference& each, StringView name) {
+        TComponent* root = findRoot ? findRoot(name) : nullptr;
+        const TComponent* owner = each.Root.Alive ? each.Root.Component->GetOwnerComponent() : nullptr;
+        return root || !owner ? root : owner->FindComponent(name);
+    });
 }
 
 } // namespace framework

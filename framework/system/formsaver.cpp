@@ -188,7 +188,7 @@ void TFormSaver::WriteRow(const TPropInfo& row) {
         break;
     case tkMethod:
         FBuilder.Property(name);
-        FBuilder.Identifier(MethodPath(row));
+        FBuilder.Identifier(row.GetMethod(*frame.Target) ? MethodPath(row) : u"nil");
         break;
     default:
         FBuilder.Property(name);
@@ -201,7 +201,7 @@ void TFormSaver::WriteObjectRow(const TPropInfo& row, const String& name) {
     TPersistent* instance = row.GetInstance(*outer.Target);
     if (!IsSubObject(*outer.Target, row)) {
         FBuilder.Property(name);
-        FBuilder.Identifier(PathTo(*As<TComponent>(instance), row));
+        FBuilder.Identifier(instance ? PathTo(*As<TComponent>(instance), row) : u"nil");
         return;
     }
     if (IsOpen(instance))

@@ -7,12 +7,6 @@
 
 namespace framework {
 
-/// Where reading is, 1-based as in EFormError.
-struct TFormPlace {
-    std::uint32_t Line = 0;
-    std::uint32_t Column = 0;
-};
-
 /// Sets a property to the value of a form. A value that does not fit raises EPropertyError, whose message may begin
 /// with "TClass.Property: "; what the setter raises comes through. `place` is moved to an element while it is read.
 void ReadFormValue(TPersistent& object, const TPropInfo& property, const TFormValue& value, TFormPlace& place);

@@ -5,10 +5,11 @@ namespace framework {
 namespace {
 
 thread_local TLoadSession* currentSession = nullptr;
+thread_local std::uint64_t sessionCount = 0;
 
 } // namespace
 
-TLoadSession::TLoadSession() : FOuter(currentSession) {
+TLoadSession::TLoadSession() : FOuter(currentSession), FNumber(++sessionCount) {
     currentSession = this;
 }
 
@@ -26,16 +27,16 @@ void TLoadSession::Close() {
     FClosed = true;
 }
 
-bool TLoadSession::Knows(const TComponent* component) const {
+const TLoadedComponent* TLoadSession::Find(const TComponent* component) const {
     const auto found = FIndex.find(component);
-    return found != FIndex.end() && found->second->Alive;
+    return found != FIndex.end() && found->second->Alive ? found->second : nullptr;
 }
 
 bool TLoadSession::Takes(const TComponent& root) const {
     if (FCreating)
         return true;
     for (const TComponent* each = &root; each; each = each->GetOwnerComponent()) {
-        if (Knows(each))
+        if (Find(each))
             return true;
     }
     return false;

@@ -7,6 +7,7 @@
 #include "framework/system/formvalues.h"
 
 #include <deque>
+#include <memory>
 #include <unordered_map>
 
 namespace framework {
@@ -20,6 +21,16 @@ struct TLoadedComponent {
     bool Created;     ///< by the load, which frees it when it fails
     TFormPlace Place; ///< of its object in the form
     String Name;      ///< for messages, as it may be gone by then
+    StringView File;  ///< with that form; the session keeps it
+};
+
+/// Tells whether what is being read is still there: the component and, inside a collection, the item.
+struct TTargetLife {
+    TLoadedComponent* Component = nullptr;
+    std::weak_ptr<const void> Item;
+    bool InItem = false;
+
+    bool Lasts() const { return Component->Alive && !(InItem && Item.expired()); }
 };
 
 class TLoadSession {
@@ -37,16 +48,24 @@ public:
     /// True when a load into `root` is part of this one: the root or an owner of it is being loaded, or a component is
     /// just being constructed, which is then the root or makes it.
     bool Takes(const TComponent& root) const;
-    bool Knows(const TComponent* component) const;
+    /// Null for one that the load has not met.
+    const TLoadedComponent* Find(const TComponent* component) const;
     TLoadedComponent& Enter(TComponent& component, bool created);
     TComponent* Create(const TClassInfo& info, TComponent* owner);
 
+    /// Tells this load from all others of the thread.
+    std::uint64_t Number() const { return FNumber; }
+
     /// In the order in which they were created or first met.
     std::deque<TLoadedComponent> Components;
+    /// Those of them into which a form was read.
+    std::vector<TLoadedComponent*> Roots;
+    std::deque<String> Files;
 
 private:
     std::unordered_map<const TComponent*, TLoadedComponent*> FIndex;
     TLoadSession* FOuter;
+    std::uint64_t FNumber;
     bool FCreating = false;
     bool FClosed = false;
 };

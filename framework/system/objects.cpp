@@ -6,7 +6,7 @@ namespace framework {
 TObject::~TObject() = default;
 
 const TClassInfo& TObject::StaticClass() {
-    static const TClassInfo info(u"TObject", nullptr, {}, {}, nullptr);
+    static const TClassInfo info(u"TObject", nullptr, {}, {}, {}, nullptr);
     return info;
 }
 

@@ -135,22 +135,16 @@ bool TPropInfo::ReadOnly() const {
 }
 
 TClassInfo::TClassInfo(StringView name, const TClassInfo* parent, std::vector<TPropInfo> ownProperties,
-                       std::vector<TMethodInfo> ownMethods, TFactory factory)
+                       std::vector<TMethodInfo> ownMethods, std::vector<TFieldInfo> ownFields, TFactory factory)
     : FName(name), FParent(parent), FFactory(factory) {
     if (parent) {
         FProperties = parent->FProperties;
-        FPropertyIndex = parent->FPropertyIndex;
         FMethods = parent->FMethods;
+        FFields = parent->FFields;
     }
-    for (TPropInfo& property : ownProperties) {
-        const auto [place, added] = FPropertyIndex.try_emplace(property.Name, FProperties.size());
-        if (added)
-            FProperties.push_back(std::move(property));
-        else
-            FProperties[place->second] = std::move(property);
-    }
-    for (TMethodInfo& method : ownMethods)
-        FMethods.push_back(std::move(method));
+    FProperties.Add(std::move(ownProperties));
+    FMethods.Add(std::move(ownMethods));
+    FFields.Add(std::move(ownFields));
 }
 
 bool TClassInfo::InheritsFrom(const TClassInfo& ancestor) const {
@@ -159,20 +153,6 @@ bool TClassInfo::InheritsFrom(const TClassInfo& ancestor) const {
             return true;
     }
     return false;
-}
-
-const TPropInfo* TClassInfo::FindProperty(StringView name) const {
-    const auto found = FPropertyIndex.find(name);
-    return found == FPropertyIndex.end() ? nullptr : &FProperties[found->second];
-}
-
-const TMethodInfo* TClassInfo::FindMethod(StringView name) const {
-    // The last one wins: a descendant's method replaces an inherited one of the same name.
-    for (auto method = FMethods.rbegin(); method != FMethods.rend(); ++method) {
-        if (TNameEqual()(method->Name, name))
-            return &*method;
-    }
-    return nullptr;
 }
 
 TComponent* TClassInfo::Create(TComponent* owner) const {
@@ -313,7 +293,15 @@ bool IsStoredProp(const TPersistent& object, const TPropInfo& property) {
         return false;
     if (property.Stored && !property.Stored(object))
         return false;
-    if (property.Stored && !property.DefaultOrdinal)
+    // Objects and handlers of which a form cannot speak are left out even so.
+    const bool ruled = property.Stored && !property.DefaultOrdinal;
+    if (property.Kind == tkClass) {
+        const bool written = ruled || property.GetInstance(object);
+        return written && (!property.ReadOnly() || IsSubObject(object, property));
+    }
+    if (property.Kind == tkMethod)
+        return property.GetMethod(object) || (ruled && !property.IsAssigned(object));
+    if (ruled)
         return true;
     switch (property.Kind) {
     case tkInteger:
@@ -326,18 +314,13 @@ bool IsStoredProp(const TPersistent& object, const TPropInfo& property) {
         return !IsZeroValue(property.GetValue(object));
     case tkVariant:
         return !VarIsEmpty(property.GetValue(object));
-    case tkClass: {
-        TPersistent* instance = property.GetInstance(object);
-        return instance && (!property.ReadOnly() || IsSubObject(object, property));
-    }
-    case tkMethod:
-        return property.GetMethod(object) != nullptr;
     case tkStrings:
         return !property.GetLines(object).empty();
     case tkBinary:
         return !property.GetBytes(object).empty();
+    default:
+        return false;
     }
-    return false;
 }
 
 String SetToText(const TEnumInfo& elements, std::int64_t bits) {

@@ -10,7 +10,10 @@
 //         return info;
 //     }
 //
-// From this one table come access by name (GetPropValue, ...), text forms and the inspector.
+// From this one table come access by name (GetPropValue, ...), text forms and the inspector. A form class goes on with
+// the methods that its text form names in events, and the fields that hold its components:
+//
+//             {}, {Method<&TCustomerForm::SaveClick>(u"SaveClick")}, {Field<&TCustomerForm::NameEdit>(u"NameEdit")});
 
 #include "framework/system/names.h"
 #include "framework/system/objects.h"
@@ -124,26 +127,59 @@ struct TMethodInfo {
     void (*Invoker)() = nullptr;              ///< really R (*)(TObject*, Arguments...)
 };
 
+/// A member of a class that points to the owned component of its name, and is null while there is none of the member's
+/// class.
+struct TFieldInfo {
+    String Name;
+    const TClassInfo& (*ObjectClass)() = nullptr;
+    TComponent* (*Get)(const TComponent& owner) = nullptr;
+    void (*Set)(TComponent& owner, TComponent* value) = nullptr; ///< null, or of the member's class
+};
+
+/// Rows of one kind, the ancestors' first. A row that repeats an inherited name replaces it in its old place.
+template <class TRow>
+class TNamedRows {
+public:
+    void Add(std::vector<TRow> rows) {
+        for (TRow& row : rows) {
+            const auto [place, added] = FIndex.try_emplace(row.Name, FRows.size());
+            if (added)
+                FRows.push_back(std::move(row));
+            else
+                FRows[place->second] = std::move(row);
+        }
+    }
+    const TRow* Find(StringView name) const {
+        const auto found = FIndex.find(name);
+        return found == FIndex.end() ? nullptr : &FRows[found->second];
+    }
+    std::span<const TRow> Rows() const { return FRows; }
+
+private:
+    std::vector<TRow> FRows;
+    TNameMap<std::size_t> FIndex;
+};
+
 /// What describes a class at run time.
 class TClassInfo {
 public:
     using TFactory = TComponent* (*)(TComponent* owner);
 
     TClassInfo(StringView name, const TClassInfo* parent, std::vector<TPropInfo> ownProperties,
-               std::vector<TMethodInfo> ownMethods, TFactory factory);
+               std::vector<TMethodInfo> ownMethods, std::vector<TFieldInfo> ownFields, TFactory factory);
 
     const String& Name() const { return FName; }
     const TClassInfo* Parent() const { return FParent; }
     bool InheritsFrom(const TClassInfo& ancestor) const;
 
-    /// All published properties in published order: the ancestors' first. A row that repeats an inherited name
-    /// replaces it in its old place.
-    std::span<const TPropInfo> Properties() const { return FProperties; }
-    /// Letter case aside; null when there is none.
-    const TPropInfo* FindProperty(StringView name) const;
-    const TMethodInfo* FindMethod(StringView name) const;
-    /// All published methods, the ancestors' first.
-    std::span<const TMethodInfo> Methods() const { return FMethods; }
+    // What is published, inherited rows included, in published order; see TNamedRows. The Find functions take a name in
+    // any letter case and answer null when there is none.
+    std::span<const TPropInfo> Properties() const { return FProperties.Rows(); }
+    const TPropInfo* FindProperty(StringView name) const { return FProperties.Find(name); }
+    std::span<const TMethodInfo> Methods() const { return FMethods.Rows(); }
+    const TMethodInfo* FindMethod(StringView name) const { return FMethods.Find(name); }
+    std::span<const TFieldInfo> Fields() const { return FFields.Rows(); }
+    const TFieldInfo* FindField(StringView name) const { return FFields.Find(name); }
 
     /// True when the class is a component that can be created with an owner alone.
     bool CanCreate() const { return FFactory != nullptr; }
@@ -153,9 +189,9 @@ public:
 private:
     String FName;
     const TClassInfo* FParent;
-    std::vector<TPropInfo> FProperties;
-    TNameMap<std::size_t> FPropertyIndex;
-    std::vector<TMethodInfo> FMethods;
+    TNamedRows<TPropInfo> FProperties;
+    TNamedRows<TMethodInfo> FMethods;
+    TNamedRows<TFieldInfo> FFields;
     TFactory FFactory;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
-// How rows of published tables are made from accessors: the templates behind Property, Event, Method and DescribeClass.
+// How rows of published tables are made from accessors: the templates behind Property, Event, Method, Field and
+// DescribeClass.
 // A part of published.h, which includes it at its end; nobody else does.
 
 #include <initializer_list>
@@ -299,6 +300,23 @@ TMethodInfo Method(StringView name) {
     return method;
 }
 
+/// A pointer member of a form class that holds the component of this name for as long as the form owns one. Give it
+/// an initialiser, `= nullptr`. A text form of the class has to have the component; see LoadTextForm.
+template <auto Member>
+TFieldInfo Field(StringView name) {
+    using Owner = typename rows::Member<decltype(Member)>::Owner;
+    using Pointer = rows::ValueOf<Member>;
+    static_assert(std::is_pointer_v<Pointer>, "a field points to a component, which its owner frees");
+    TFieldInfo field;
+    field.Name = name;
+    field.ObjectClass = &std::remove_pointer_t<Pointer>::StaticClass;
+    field.Get = [](const TComponent& owner) -> TComponent* { return static_cast<const Owner&>(owner).*Member; };
+    field.Set = [](TComponent& owner, TComponent* value) {
+        static_cast<Owner&>(owner).*Member = static_cast<Pointer>(value);
+    };
+    return field;
+}
+
 template <auto Rule>
 TPropInfo TPropInfo::StoredWhen() const {
     TPropInfo row = *this;
@@ -326,12 +344,12 @@ private:
 /// The description of class T; components that can be built from an owner alone can then be created by name.
 template <class T>
 TClassInfo DescribeClass(StringView name, const TClassInfo& parent, TPropRows properties = {},
-                         std::vector<TMethodInfo> methods = {}) {
+                         std::vector<TMethodInfo> methods = {}, std::vector<TFieldInfo> fields = {}) {
     TClassInfo::TFactory factory = nullptr;
     if constexpr (!std::is_abstract_v<T> && std::is_convertible_v<T*, TComponent*> &&
                   std::is_constructible_v<T, TComponent*>)
         factory = [](TComponent* owner) -> TComponent* { return new T(owner); };
-    return TClassInfo(name, &parent, std::move(properties).Take(), std::move(methods), factory);
+    return TClassInfo(name, &parent, std::move(properties).Take(), std::move(methods), std::move(fields), factory);
 }
 
 } // namespace framework

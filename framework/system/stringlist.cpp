@@ -6,6 +6,7 @@
 #include "framework/system/updates.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace framework {
@@ -289,14 +290,16 @@ void TStrings::SetTextStr(const String& text) {
 
 String TStrings::GetDelimitedText() const {
     const int count = GetCount();
-    if (count == 1 && Get(0).empty()) // otherwise it could not be told from an empty list
+    const bool canQuote = QuoteChar != u'\0';
+    if (count == 1 && Get(0).empty() && canQuote) // otherwise it could not be told from an empty list
         return String(2, QuoteChar);
     String text;
     for (int i = 0; i < count; ++i) {
         const String item = Get(i);
-        const bool needsQuotes = std::ranges::any_of(item, [this](char16_t unit) {
-            return unit == QuoteChar || unit == Delimiter || (!StrictDelimiter && IsBlank(unit));
-        });
+        const bool needsQuotes =
+            canQuote && std::ranges::any_of(item, [this](char16_t unit) {
+                return unit == QuoteChar || unit == Delimiter || (!StrictDelimiter && IsBlank(unit));
+            });
         if (i > 0)
             text += Delimiter;
         text += needsQuotes ? InQuotes(item, QuoteChar) : item;
@@ -437,14 +440,68 @@ void TStringList::PutObject(int index, TObject* object) {
 
 int TStringList::AddObject(const String& text, TObject* object) {
     int index = GetCount();
-    if (FSorted && Find(text, index)) {
-        if (Duplicates == dupIgnore)
-            return index;
-        if (Duplicates == dupError)
-            throw EListError(u"String list does not allow duplicates");
-    }
+    if (FSorted && Find(text, index) && !TakesDuplicate())
+        return index;
     InsertItem(index, text, object);
     return index;
+}
+
+bool TStringList::TakesDuplicate() const {
+    if (Duplicates == dupError)
+        throw EListError(u"String list does not allow duplicates");
+    return Duplicates == dupAccept;
+}
+
+void TStringList::AddStrings(const TStrings& strings) {
+    if (!FSorted) {
+        TStrings::AddStrings(strings);
+        return;
+    }
+    std::vector<TItem> items;
+    const int count = strings.GetCount();
+    for (int i = 0; i < count; ++i)
+        items.push_back({strings.Get(i), strings.GetItemObject(i)});
+    AddSorted(std::move(items));
+}
+
+void TStringList::SetLines(const std::vector<String>& lines) {
+    if (!FSorted) {
+        TStrings::SetLines(lines);
+        return;
+    }
+    std::vector<TItem> items;
+    for (const String& line : lines)
+        items.push_back({line, nullptr});
+    items = Fresh(std::move(items), false);
+    WithinUpdate(*this, [&] {
+        Clear();
+        FItems = std::move(items);
+    });
+}
+
+/// Sorted, and without those that may not come in; `beside` those that are there, or in their place.
+std::vector<TStringList::TItem> TStringList::Fresh(std::vector<TItem> items, bool beside) const {
+    std::ranges::stable_sort(items, SortOrder());
+    std::vector<TItem> fresh;
+    for (TItem& item : items) {
+        int index = 0;
+        const bool isThere = (beside && Find(item.Text, index)) || (!fresh.empty() && !SortOrder()(fresh.back(), item));
+        if (!isThere || TakesDuplicate())
+            fresh.push_back(std::move(item));
+    }
+    return fresh;
+}
+
+/// One by one, each would move half of those that are there.
+void TStringList::AddSorted(std::vector<TItem> items) {
+    std::vector<TItem> fresh = Fresh(std::move(items), true);
+    if (fresh.empty())
+        return;
+    Changing();
+    const auto middle = static_cast<std::ptrdiff_t>(FItems.size());
+    FItems.insert(FItems.end(), std::move_iterator(fresh.begin()), std::move_iterator(fresh.end()));
+    std::inplace_merge(FItems.begin(), FItems.begin() + middle, FItems.end(), SortOrder());
+    Changed();
 }
 
 void TStringList::Insert(int index, const String& text) {
@@ -559,8 +616,7 @@ void TStringList::SetCaseSensitive(bool value) {
 }
 
 void TStringList::SortItems() {
-    std::ranges::stable_sort(
-        FItems, [this](const TItem& left, const TItem& right) { return CompareStrings(left.Text, right.Text) < 0; });
+    std::ranges::stable_sort(FItems, SortOrder());
 }
 
 void TStringList::Sort() {

@@ -24,7 +24,7 @@ public:
 
     /// Between the items of DelimitedText.
     char16_t Delimiter = u',';
-    /// Around the items of DelimitedText that need it.
+    /// Around the items of DelimitedText that need it; NUL for none.
     char16_t QuoteChar = u'"';
     /// DelimitedText is cut at Delimiter alone; otherwise blanks and control characters separate too.
     bool StrictDelimiter = false;
@@ -140,6 +140,10 @@ public:
     void PutObject(int index, TObject* object) override;
 
     int AddObject(const String& text, TObject* object) override;
+    /// A sorted list takes all at once, in time n log n; with dupError it takes all or none.
+    void AddStrings(const TStrings& strings) override;
+    /// As AddStrings, after the present lines have gone.
+    void SetLines(const std::vector<String>& lines) override;
     void Insert(int index, const String& text) override;
     void InsertObject(int index, const String& text, TObject* object) override;
     void Delete(int index) override;
@@ -157,7 +161,7 @@ public:
     void CustomSort(const std::function<int(const TStringList& list, int first, int second)>& compare);
 
     TNotifyEvent OnChange;   ///< after a change, or once after an update
-    TNotifyEvent OnChanging; ///< before a change, or once before an update
+    TNotifyEvent OnChanging; ///< before a change, or once before an update; must leave the list as it is
 
 protected:
     int CompareStrings(StringView left, StringView right) const override;
@@ -172,6 +176,12 @@ private:
     };
 
     void CheckUnsorted() const;
+    auto SortOrder() const {
+        return [this](const TItem& left, const TItem& right) { return CompareStrings(left.Text, right.Text) < 0; };
+    }
+    bool TakesDuplicate() const;
+    std::vector<TItem> Fresh(std::vector<TItem> items, bool beside) const;
+    void AddSorted(std::vector<TItem> items);
     void SortItems();
     int PlaceOf(StringView text) const;
     void InsertItem(int index, const String& text, TObject* object);

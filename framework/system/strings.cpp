@@ -3,19 +3,13 @@
 #include "framework/system/casemapping.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace framework {
 
 namespace {
 
 constexpr char32_t replacementCharacter = 0xFFFD;
-
-constexpr bool IsHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-constexpr bool IsLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
 
 void AppendUtf8(std::string& target, char32_t code) {
     if (code < 0x80) {
@@ -65,6 +59,8 @@ constexpr Utf8Lead ClassifyLead(unsigned char lead) {
     return {0, 0, 0};
 }
 
+constexpr char32_t malformed = 0xFFFFFFFF;
+
 /// Reads one code point at `position` and moves behind it; a malformed sequence is left at the first byte that
 /// cannot belong to it, so that a torn character never swallows the sound one after it.
 char32_t DecodeOne(std::string_view text, std::size_t& position) {
@@ -73,16 +69,16 @@ char32_t DecodeOne(std::string_view text, std::size_t& position) {
         return lead;
     const Utf8Lead kind = ClassifyLead(lead);
     if (kind.Followers == 0)
-        return replacementCharacter;
+        return malformed;
     char32_t code = lead & (0x3F >> kind.Followers);
     unsigned char low = kind.NextLow;
     unsigned char high = kind.NextHigh;
     for (int i = 0; i < kind.Followers; ++i) {
         if (position == text.size())
-            return replacementCharacter;
+            return malformed;
         const auto next = static_cast<unsigned char>(text[position]);
         if (next < low || next > high)
-            return replacementCharacter;
+            return malformed;
         code = (code << 6) | (next & 0x3F);
         ++position;
         low = 0x80;
@@ -159,9 +155,32 @@ std::string Utf8Encode(StringView text) {
 String Utf8Decode(std::string_view text) {
     String result;
     result.reserve(text.size());
-    for (std::size_t position = 0; position < text.size();)
-        AppendUtf16(result, DecodeOne(text, position));
+    for (std::size_t position = 0; position < text.size();) {
+        const char32_t code = DecodeOne(text, position);
+        AppendUtf16(result, code == malformed ? replacementCharacter : code);
+    }
     return result;
+}
+
+std::size_t Utf8SoundLength(std::string_view text) {
+    std::size_t position = 0;
+    while (position < text.size()) {
+        // Mostly it is ASCII, which is passed over in blocks.
+        std::uint64_t words[4];
+        while (text.size() - position >= sizeof words) {
+            std::memcpy(words, text.data() + position, sizeof words);
+            if (((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080u) != 0)
+                break;
+            position += sizeof words;
+        }
+        const std::size_t blockEnd = std::min(position + sizeof words, text.size());
+        while (position < blockEnd) {
+            const std::size_t start = position;
+            if (DecodeOne(text, position) == malformed)
+                return start;
+        }
+    }
+    return text.size();
 }
 
 String AsciiToString(std::string_view text) {

@@ -16,6 +16,19 @@ namespace framework {
 std::string Utf8Encode(StringView text);
 /// UTF-8 to UTF-16; every malformed byte sequence becomes one U+FFFD.
 String Utf8Decode(std::string_view text);
+/// How many bytes at the start are well-formed UTF-8: all of them when the answer is the size.
+std::size_t Utf8SoundLength(std::string_view text);
+/// The halves of a character beyond U+FFFF, which takes two units.
+constexpr bool IsHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+/// True when the 0-based index lies between the two halves of one character.
+constexpr bool SplitsSurrogates(StringView text, std::size_t index) {
+    return index > 0 && index < text.size() && IsHighSurrogate(text[index - 1]) && IsLowSurrogate(text[index]);
+}
 /// A text of 7-bit characters widened unit by unit, for literals and identifiers; other bytes become U+FFFD.
 String AsciiToString(std::string_view text);
 

@@ -25,15 +25,21 @@
 
 namespace framework {
 
+/// A place in a form's text, both 1-based, the column counted in characters (code points), a tab being one; 0 when
+/// there is no text.
+struct TFormPlace {
+    std::uint32_t Line = 0;
+    std::uint32_t Column = 0;
+};
+
 /// A form that cannot be read. The message reads "file(line,column): problem"; without a file name it starts at the
 /// bracket, and without a position (a document built by hand) it is the problem alone.
 class EFormError : public Exception {
 public:
     EFormError(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem);
     const String& FileName() const { return FFileName; }
-    /// 1-based; 0 when the fault has no place in a text.
+    /// As in TFormPlace.
     std::uint32_t Line() const { return FLine; }
-    /// 1-based, counted in characters (code points), a tab being one.
     std::uint32_t Column() const { return FColumn; }
     /// The message without the place.
     const String& Problem() const { return FProblem; }

@@ -1,4 +1,5 @@
 #include "framework/system/decimal.h"
+#include "framework/system/names.h"
 #include "framework/system/strings.h"
 #include "framework/system/textform_nodes.h"
 
@@ -15,10 +16,6 @@ String Place(StringView fileName, std::uint32_t line, std::uint32_t column, Stri
     return message.append(problem);
 }
 
-char16_t FoldAscii(char16_t unit) {
-    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
-}
-
 } // namespace
 
 EFormError::EFormError(StringView fileName, std::uint32_t line, std::uint32_t column, StringView problem)
@@ -29,6 +26,11 @@ EFormError::EFormError(StringView fileName, std::uint32_t line, std::uint32_t co
 bool TryReadFormFloat(StringView digits, Extended& number) {
     TWrittenNumber written;
     return TryParseNumber(digits, u'.', written) && TryMakeFloat(written, number);
+}
+
+bool FormFloatFits(StringView digits) {
+    TWrittenNumber written;
+    return TryParseNumber(digits, u'.', written) && FitsExtended(written);
 }
 
 // ---- Values ----
@@ -98,13 +100,7 @@ TFormRange<TFormObject> TFormValue::Items() const {
 }
 
 bool TFormValue::IsIdentifier(StringView name) const {
-    const StringView text = Text();
-    if (Kind() != TFormValueKind::Identifier || text.size() != name.size())
-        return false;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (FoldAscii(text[i]) != FoldAscii(name[i]))
-            return false;
-    return true;
+    return Kind() == TFormValueKind::Identifier && TNameEqual()(Text(), name);
 }
 
 // ---- Properties ----

@@ -77,6 +77,8 @@ struct TFormNameNode {
 
 /// The number that a Float's digits spell; false when no Extended is as large.
 bool TryReadFormFloat(StringView digits, Extended& number);
+/// The same answer without the number, which takes long to find for great exponents.
+bool FormFloatFits(StringView digits);
 
 /// All that a document owns.
 struct TFormNodes {

@@ -226,8 +226,7 @@ void TFormScanner::Float(TFormNumber& number, const char* start) {
     constexpr std::size_t alwaysFits = 300;
     if (!hasExponent && number.Spelling.size() < alwaysFits)
         return;
-    Extended value = 0;
-    if (!TryReadFormFloat(Utf8Decode(number.Spelling), value))
+    if (!FormFloatFits(AsciiToString(number.Spelling)))
         FailAt(start, "the number does not fit");
 }
 

@@ -3,7 +3,6 @@
 #include "framework/system/strings.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace framework {
 
@@ -37,65 +36,10 @@ char16_t FromCodePage(unsigned char byte, TFallbackEncoding encoding) {
 }
 
 std::string Convert(std::string_view bytes, TFallbackEncoding encoding) {
-    std::string text;
-    text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char byte : bytes) {
-        const char16_t unit = FromCodePage(static_cast<unsigned char>(byte), encoding);
-        if (unit < 0x80) {
-            text += byte;
-        } else if (unit < 0x800) {
-            text += static_cast<char>(0xC0 | (unit >> 6));
-            text += static_cast<char>(0x80 | (unit & 0x3F));
-        } else {
-            text += static_cast<char>(0xE0 | (unit >> 12));
-            text += static_cast<char>(0x80 | ((unit >> 6) & 0x3F));
-            text += static_cast<char>(0x80 | (unit & 0x3F));
-        }
-    }
-    return text;
-}
-
-// The length of the well-formed sequence at `at`, 0 for a malformed one.
-std::size_t SequenceLength(const unsigned char* at, const unsigned char* end) {
-    const auto continues = [&](std::size_t index, unsigned low = 0x80, unsigned high = 0xBF) {
-        return static_cast<std::size_t>(end - at) > index && at[index] >= low && at[index] <= high;
-    };
-    const unsigned lead = *at;
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xC2 && lead <= 0xDF)
-        return continues(1) ? 2 : 0;
-    if (lead >= 0xE0 && lead <= 0xEF)
-        return continues(1, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF) && continues(2) ? 3 : 0;
-    if (lead >= 0xF0 && lead <= 0xF4)
-        return continues(1, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF) && continues(2) && continues(3) ? 4
-                                                                                                                    : 0;
-    return 0;
-}
-
-// The offset of the first byte that is not UTF-8, or the size.
-std::size_t WellFormedLength(std::string_view bytes) {
-    const auto* const begin = reinterpret_cast<const unsigned char*>(bytes.data());
-    const auto* const end = begin + bytes.size();
-    const auto* at = begin;
-    while (at != end) {
-        std::uint64_t words[4];
-        while (static_cast<std::size_t>(end - at) >= sizeof words) {
-            std::memcpy(words, at, sizeof words);
-            if (((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080u) != 0)
-                break;
-            at += sizeof words;
-        }
-        // One step beyond the block that was refused, or the rest.
-        const auto* const stop = static_cast<std::size_t>(end - at) >= sizeof words ? at + sizeof words : end;
-        while (at < stop) {
-            const std::size_t length = SequenceLength(at, end);
-            if (length == 0)
-                return static_cast<std::size_t>(at - begin);
-            at += length;
-        }
-    }
-    return bytes.size();
+    String text(bytes.size(), u' ');
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [encoding](char byte) { return FromCodePage(static_cast<unsigned char>(byte), encoding); });
+    return Utf8Encode(text);
 }
 
 [[noreturn]] void Refuse(std::string_view bytes, std::size_t offset, const TParseOptions& options, StringView problem) {
@@ -110,7 +54,7 @@ TFormPlace PlaceOf(std::string_view text, std::size_t offset) {
     const std::size_t newline = before.rfind('\n');
     const std::string_view line = newline == before.npos ? before : before.substr(newline + 1);
     const auto startsCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
-    TFormPlace place;
+    TFormPlace place{1, 1};
     place.Line += static_cast<std::uint32_t>(std::count(before.begin(), before.end(), '\n'));
     place.Column += static_cast<std::uint32_t>(std::count_if(line.begin(), line.end(), startsCharacter));
     return place;
@@ -129,7 +73,7 @@ std::string ReadFormSource(std::string_view bytes, const TParseOptions& options,
     if (const std::size_t newline = bytes.find('\n'); newline != bytes.npos)
         layout.LineEnd = newline > 0 && bytes[newline - 1] == '\r' ? TFormLineEnd::CrLf : TFormLineEnd::Lf;
 
-    const std::size_t sound = WellFormedLength(bytes);
+    const std::size_t sound = Utf8SoundLength(bytes);
     if (sound == bytes.size())
         return std::string(bytes);
     if (options.FallbackEncoding == TFallbackEncoding::None || layout.ByteOrderMark)

@@ -6,11 +6,6 @@
 
 namespace framework {
 
-struct TFormPlace {
-    std::uint32_t Line = 1;
-    std::uint32_t Column = 1;
-};
-
 /// The place of a byte of well-formed UTF-8, counted from the start: for messages, not for every token.
 TFormPlace PlaceOf(std::string_view text, std::size_t offset);
 

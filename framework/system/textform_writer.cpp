@@ -15,17 +15,6 @@ constexpr std::size_t IndentationStep = 2;
 // Without a bound the blanks of a deeply nested form would outgrow all the rest.
 constexpr std::size_t WidestIndentation = 256;
 
-bool IsHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-bool IsLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-bool SplitsPair(StringView text, std::size_t index) {
-    return index > 0 && index < text.size() && IsHighSurrogate(text[index - 1]) && IsLowSurrogate(text[index]);
-}
-
 const char* Keyword(TFormObjectKind kind) {
     switch (kind) {
     case TFormObjectKind::Inherited:
@@ -251,7 +240,7 @@ void TTextFormWriter::Text(StringView text) {
         }
         std::size_t end = std::min(start + PieceLength, text.size());
         // Two codes may stand on two lines, a character as UTF-8 cannot.
-        if (FLayout.RawText && SplitsPair(text, end))
+        if (FLayout.RawText && SplitsSurrogates(text, end))
             --end;
         Piece(text.substr(start, end - start));
         start = end;
@@ -283,7 +272,7 @@ bool TTextFormWriter::StandsForItself(StringView piece, std::size_t index) const
     if (!FLayout.RawText)
         return false;
     const bool isSurrogate = IsHighSurrogate(unit) || IsLowSurrogate(unit);
-    return !isSurrogate || SplitsPair(piece, index) || SplitsPair(piece, index + 1);
+    return !isSurrogate || SplitsSurrogates(piece, index) || SplitsSurrogates(piece, index + 1);
 }
 
 void TTextFormWriter::Quoted(StringView run) {

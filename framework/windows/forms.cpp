@@ -321,7 +321,9 @@ std::vector<TComponent*> TCustomForm::GetChildren(TComponent* root) const {
 // Loading and scaling
 
 void TCustomForm::Updating() {
-    FDesignPixelsPerInch = 0;
+    // A second text form, that of a descendant, means the pixels that the first one was designed in.
+    if (std::exchange(FScaledOnLoad, false))
+        ScaleTo(FDesignPixelsPerInch, FPixelsPerInch);
     FPendingClient = {};
 }
 
@@ -342,16 +344,18 @@ void TCustomForm::Loaded() {
         SetClientHeight(FPendingClient.Height);
     FPendingClient = {};
     TWinControl::Loaded();
-    if (FScaled && FDesignPixelsPerInch > 0 && FDesignPixelsPerInch != FPixelsPerInch)
+    FScaledOnLoad = FScaled && FDesignPixelsPerInch > 0 && FDesignPixelsPerInch != FPixelsPerInch;
+    if (FScaledOnLoad)
         ScaleTo(FPixelsPerInch, FDesignPixelsPerInch);
     else if (FDesignPixelsPerInch > 0)
-        FPixelsPerInch = FScaled ? FPixelsPerInch : FDesignPixelsPerInch;
+        FPixelsPerInch = FDesignPixelsPerInch;
     if (FActiveControl && !FActiveControl->CanFocus())
         FActiveControl = nullptr;
 }
 
 void TCustomForm::LoadFinished() {
-    if (Fire(*this, OnCreate, this) && FShowOnLoad)
+    const bool isCreated = std::exchange(FCreateTold, true);
+    if ((isCreated || Fire(*this, OnCreate, this)) && FShowOnLoad)
         SetVisible(true);
 }
 

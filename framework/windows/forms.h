@@ -153,7 +153,7 @@ protected:
     void DestroyHandle() override;
     void Dispatch(TMessage& message) override;
     void Loaded() override;
-    /// Fires OnCreate, then shows the form when its text form says so.
+    /// Fires OnCreate, once in the life of the form, then shows the form when its text form says so.
     void LoadFinished() override;
     void Updating() override;
     void Notification(TComponent* component, TOperation operation) override;
@@ -189,7 +189,9 @@ private:
     int FFocusMessages = 0;          // counts focus changes, so that one can see that another came in between
     int FFocusSuspended = 0;
     int FPixelsPerInch;
-    int FDesignPixelsPerInch = 0; // the resolution that the text form being loaded was designed at
+    int FDesignPixelsPerInch = 0; // the resolution that the text form was designed at
+    bool FScaledOnLoad = false;   // from that to FPixelsPerInch
+    bool FCreateTold = false;     // OnCreate was fired
     TFormBorderStyle FBorderStyle = bsSizeable;
     TBorderIcons FBorderIcons = {biSystemMenu, biMinimize, biMaximize};
     TFormStyle FFormStyle = fsNormal;

@@ -31,6 +31,7 @@ public:
 
     TComponent* FLink = nullptr;
     std::string Heard;
+    std::function<void(TComponent*)> OnInsert;
     std::function<void(TComponent*)> OnRemove;
     TNotifyEvent OnWork;
 
@@ -40,8 +41,8 @@ protected:
         if (component == FLink && operation == opRemove)
             FLink = nullptr;
         Heard += (operation == opInsert ? "+" : "-") + Utf8Encode(component->GetName());
-        if (OnRemove && operation == opRemove)
-            OnRemove(component);
+        if (const auto& handler = operation == opInsert ? OnInsert : OnRemove)
+            handler(component);
     }
 };
 
@@ -131,8 +132,8 @@ TEST_F(Components, HaveNamesThatTellThemApart) {
 }
 
 // Names are looked up in a table that every renaming and every death has to keep.
-TEST_F(Components, FindNamesAmongTenThousand) {
-    constexpr int count = 10000;
+TEST_F(Components, FindNamesAmongThousands) {
+    constexpr int count = 3000;
     TComponent root(nullptr);
     std::vector<TComponent*> parts;
     for (int i = 0; i < count; ++i) {
@@ -157,14 +158,23 @@ TEST_F(Components, FindNamesAmongTenThousand) {
     EXPECT_EQ(root.FindComponent(u"Component1"), parts[1]);
 }
 
-TEST_F(Components, HearOfSiblingsThatComeAndGo) {
+TEST_F(Components, HearOfSiblingsThatGoAndTheirOwnerOfAll) {
     TPart root(nullptr, u"root");
     TPart watcher(&root, u"watcher");
     root.Heard.clear();
     auto* part = new TPart(&root, u"part");
     delete part;
-    EXPECT_EQ(watcher.Heard, "+-part"); // without a name yet when it came
-    EXPECT_EQ(root.Heard, "+-part");
+    EXPECT_EQ(watcher.Heard, "-part");
+    EXPECT_EQ(root.Heard, "+-part"); // without a name yet when it came
+
+    // An owner that refuses it keeps no pointer to what was never built.
+    root.OnInsert = [&](TComponent* component) {
+        component->FreeNotification(&watcher);
+        throw EInvalidOperation(u"no more");
+    };
+    EXPECT_EQ(Problem([&] { new TPart(&root, u"refused"); }), "no more");
+    EXPECT_EQ(root.GetComponentCount(), 1);
+    EXPECT_FALSE(watcher.GetComponentState().Contains(csFreeNotification));
 }
 
 TEST_F(Components, ForgetLinksToTheDead) {
@@ -191,6 +201,12 @@ TEST_F(Components, ForgetLinksToTheDead) {
     delete lasting;
     EXPECT_EQ(stranger.Heard, "");
     stranger.FLink = nullptr;
+
+    // One who asks in the very moment of death is told before it is too late.
+    auto* asked = new TPart(&root, u"asked");
+    root.OnRemove = [&](TComponent* component) { stranger.SetLink(component); };
+    delete asked;
+    EXPECT_EQ(stranger.FLink, nullptr);
 }
 
 // The owner frees its parts the newest first; parts that still live hear of those they point to.

@@ -1,3 +1,4 @@
+#include "framework/system/decimal.h"
 #include "framework/system/exceptions.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
@@ -162,6 +163,19 @@ TEST(Floats, ReadToTheEndsOfTheRange) {
         EXPECT_TRUE(TryStrToFloat(u"3.6452e-4951", wide, invariant));
         EXPECT_EQ(wide, std::numeric_limits<Extended>::denorm_min());
         EXPECT_FALSE(TryStrToFloat(u"1.19e4932", wide, invariant));
+    }
+
+    // The quick answer is that of the conversion, on both sides of the greatest number too.
+    const int last = std::numeric_limits<Extended>::max_exponent10;
+    const String greatest = FloatToStrF(std::numeric_limits<Extended>::max(), ffExponent, 18, 0, invariant);
+    for (const String& digits : {String(u"1"), String(u"1.1"), String(u"2"), String(u"9.999"), greatest.substr(0, 15),
+                                 greatest.substr(0, 18), greatest.substr(0, greatest.find(u'E')) + u"9"}) {
+        for (int exponent = last - 1; exponent <= last + 1; ++exponent) {
+            const String text = digits + u"e" + IntToStr(exponent);
+            TWrittenNumber number;
+            ASSERT_TRUE(TryParseNumber(text, u'.', number));
+            EXPECT_EQ(FitsExtended(number), TryMakeFloat(number, wide)) << Utf8Encode(text);
+        }
     }
 }
 

@@ -159,6 +159,8 @@ TYPED_TEST(EveryList, ReadsDelimitedTextByItsOwnRules) {
     EXPECT_EQ(list.GetDelimitedText(), u"a b; c;'d;e'");
     list.StrictDelimiter = false;
     EXPECT_EQ(list.GetDelimitedText(), u"'a b';' c';'d;e'");
+    list.QuoteChar = u'\0'; // quotes nothing
+    EXPECT_EQ(list.GetDelimitedText(), u"a b; c;d;e");
 }
 
 TYPED_TEST(EveryList, IsAssignedFromAnyOther) {
@@ -201,6 +203,30 @@ TEST(StringList, KeepsItselfSorted) {
                                                       [&] { list.Exchange(0, 1); }, [&] { list.Move(0, 1); }})
         EXPECT_EQ(Problem(action), "Operation not allowed on sorted list");
     EXPECT_EQ(Lines(list), "Apple|apple|banana|FIG|fig|pear|");
+    EXPECT_EQ(Problem([&] { list.SetLines({u"x", u"X"}); }), "String list does not allow duplicates");
+    TStringList known;
+    Fill(known, {u"new", u"PEAR"});
+    EXPECT_EQ(Problem([&] { list.AddStrings(known); }), "String list does not allow duplicates");
+    EXPECT_EQ(Lines(list), "Apple|apple|banana|FIG|fig|pear|") << "all or none";
+
+    // Many at once take the same places as one by one.
+    for (const TDuplicates duplicates : {dupIgnore, dupAccept}) {
+        TStringList more;
+        TStringList single;
+        Fill(more, {u"kiwi", u"PEAR", u"aa", u"Kiwi"});
+        single.SetSorted(true);
+        single.Duplicates = duplicates;
+        TStringList all;
+        all.Duplicates = duplicates;
+        all.SetSorted(true);
+        all.SetLines(more.GetLines());
+        all.AddStrings(more);
+        for (int i = 0; i < 2 * more.GetCount(); ++i)
+            single.Add(more.Get(i % more.GetCount()));
+        EXPECT_TRUE(std::ranges::equal(all.GetLines(), single.GetLines(),
+                                       [](const String& left, const String& right) { return SameText(left, right); }))
+            << Lines(all) << " " << Lines(single);
+    }
 
     list.SetCaseSensitive(true);
     EXPECT_EQ(Lines(list), "Apple|FIG|apple|banana|fig|pear|");

@@ -217,4 +217,75 @@ TEST(StandardForm, TakesNewControlsBetweenInheritedOnes) {
     EXPECT_EQ(names, "Label1 Edit2 Edit1 Added ");
 }
 
+/// A form class that is derived from, both with forms designed at half the resolution of the screen.
+class TBaseForm : public TForm {
+    FRAMEWORK_CLASS(TBaseForm)
+public:
+    explicit TBaseForm(TComponent* owner) : TForm(owner) {
+        LoadTextForm(*this, ParseTextForm("object BaseForm: TBaseForm\n"
+                                          "  ClientHeight = 101\n"
+                                          "  ClientWidth = 151\n"
+                                          "  PixelsPerInch = 48\n"
+                                          "  OnCreate = FormCreate\n"
+                                          "  object Edit1: TEdit\n"
+                                          "    Left = 11\n"
+                                          "    Top = 13\n"
+                                          "    Width = 41\n"
+                                          "  end\n"
+                                          "end\n"));
+    }
+    void FormCreate(TObject*) { SeenAtCreation += std::to_string(GetComponentCount()) + " "; }
+
+    TEdit* Edit1 = nullptr;
+    std::string SeenAtCreation;
+};
+
+const TClassInfo& TBaseForm::StaticClass() {
+    static const TClassInfo info =
+        DescribeClass<TBaseForm>(u"TBaseForm", TForm::StaticClass(), {},
+                                 {Method<&TBaseForm::FormCreate>(u"FormCreate")}, {Field<&TBaseForm::Edit1>(u"Edit1")});
+    return info;
+}
+
+class TDerivedForm : public TBaseForm {
+    FRAMEWORK_CLASS(TDerivedForm)
+public:
+    explicit TDerivedForm(TComponent* owner) : TBaseForm(owner) {
+        LoadTextForm(*this, ParseTextForm("inherited DerivedForm: TDerivedForm\n"
+                                          "  ClientWidth = 171\n"
+                                          "  inherited Edit1: TEdit\n"
+                                          "    Left = 31\n"
+                                          "  end\n"
+                                          "  object Edit2: TEdit\n"
+                                          "    Left = 7\n"
+                                          "    Width = 9\n"
+                                          "  end\n"
+                                          "end\n"));
+    }
+
+    TEdit* Edit2 = nullptr;
+};
+
+const TClassInfo& TDerivedForm::StaticClass() {
+    static const TClassInfo info = DescribeClass<TDerivedForm>(u"TDerivedForm", TBaseForm::StaticClass(), {}, {},
+                                                               {Field<&TDerivedForm::Edit2>(u"Edit2")});
+    return info;
+}
+
+TEST(StandardForm, IsScaledAndCreatedOnceWhenItsClassHasAnAncestorWithAForm) {
+    RegisterStandardControls();
+    ASSERT_EQ(Screen->PixelsPerInch, 96);
+    // A plain new tells of the ancestor's form by itself, before there is another.
+    for (const bool together : {true, false}) {
+        SCOPED_TRACE(together ? "CreateForm" : "new");
+        const auto form = together ? CreateForm<TDerivedForm>(nullptr) : std::make_unique<TDerivedForm>(nullptr);
+        EXPECT_EQ(form->SeenAtCreation, together ? "2 " : "1 ");
+        EXPECT_EQ(form->ClientWidth, 342);
+        EXPECT_EQ(form->ClientHeight, 202);
+        EXPECT_EQ(form->Edit1->BoundsRect, Bounds(62, 26, 82, form->Edit1->Height));
+        EXPECT_EQ(form->Edit2->Left, 14);
+        EXPECT_EQ(form->Edit2->Width, 18);
+    }
+}
+
 } // namespace
