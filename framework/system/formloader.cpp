@@ -125,9 +125,11 @@ template <class TBody>
 void TFormLoader::RunIn(TLoadSession& session, bool joined, const TBody& body) {
     FSession = &session;
     const std::size_t firstOwn = session.Components.size();
+    const std::uint64_t firstWaiting = TWaitingReferences::Current().NextNumber();
     try {
         body();
     } catch (...) {
+        TWaitingReferences::Current().Forget(session.Number(), firstWaiting);
         Abandon(firstOwn, joined);
         throw;
     }
@@ -175,7 +177,9 @@ std::unique_ptr<TComponent> TFormLoader::Construct(const TClassInfo& info, TComp
 
 /// All forms of the session are read.
 void TFormLoader::Finish() {
-    for (TLoadedComponent* root : FSession->Roots) {
+    // Setters may load further ones.
+    for (std::size_t i = 0; i < FSession->Roots.size(); ++i) {
+        const TLoadedComponent* root = FSession->Roots[i];
         ResolveWaiting([root](const TWaitingReference&, StringView name) {
             return root->Alive && TNameEqual()(root->Component->GetName(), name) ? root->Component : nullptr;
         });
@@ -248,7 +252,6 @@ void TFormLoader::Abandon(std::size_t firstOwn, bool joined) {
         } catch (...) { // NOLINT(bugprone-empty-catch): the first exception tells what went wrong
         }
     }
-    TWaitingReferences::Current().Forget(FSession->Number());
     auto& components = FSession->Components;
     for (std::size_t i = components.size(); i-- > firstOwn;) {
         TLoadedComponent& entry = components[i];

@@ -53,6 +53,7 @@ struct TPendingReference {
     std::uint32_t Column = 0;
 };
 
+/// Finds a form or data module; null when there is none of that name.
 using TFindRoot = std::function<TComponent*(StringView name)>;
 
 struct TLoadOptions {
@@ -64,8 +65,7 @@ struct TLoadOptions {
     bool SkipUnknownClasses = false;
     /// Hears of everything passed over. Without it, both switches raise EInvalidOperation.
     std::function<void(const TSkippedPart& part)> OnSkipped;
-    /// Finds the form or data module of that name, for references such as `Data.Customers`; null when there is none.
-    /// Asked before the components of the root's owner are searched.
+    /// For references such as `Data.Customers`. Asked before the components of the root's owner are searched.
     TFindRoot FindRoot;
     /// How CreateFromTextForm reads bytes that are not UTF-8.
     TFallbackEncoding FallbackEncoding = TFallbackEncoding::None;

@@ -2,9 +2,10 @@
 
 namespace framework {
 
-TWaitingReference::TWaitingReference(const TReference& reference, TComponent& root, StringView file, std::uint64_t load)
+TWaitingReference::TWaitingReference(const TReference& reference, TComponent& root, StringView file, std::uint64_t load,
+                                     std::uint64_t number)
     : Holder(*reference.Life.Component->Component, false), Root(root, false), Reference(reference), FileName(file),
-      Load(load) {
+      Load(load), Number(number) {
     Reference.Life.Component = &Holder;
 }
 
@@ -14,12 +15,12 @@ TWaitingReferences& TWaitingReferences::Current() {
 }
 
 void TWaitingReferences::Add(const TReference& reference, TComponent& root, StringView file, std::uint64_t load) {
-    FReferences.emplace_back(reference, root, file, load);
+    FReferences.emplace_back(reference, root, file, load, FNextNumber++);
 }
 
-void TWaitingReferences::Forget(std::uint64_t load) {
+void TWaitingReferences::Forget(std::uint64_t load, std::uint64_t first) {
     for (TWaitingReference& each : FReferences)
-        each.Settled = each.Settled || each.Load == load;
+        each.Settled = each.Settled || (each.Load == load && each.Number >= first);
     Sweep();
 }
 

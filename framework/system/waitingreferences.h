@@ -19,7 +19,8 @@ struct TReference {
 };
 
 struct TWaitingReference {
-    TWaitingReference(const TReference& reference, TComponent& root, StringView file, std::uint64_t load);
+    TWaitingReference(const TReference& reference, TComponent& root, StringView file, std::uint64_t load,
+                      std::uint64_t number);
     TWaitingReference(const TWaitingReference&) = delete;
     TWaitingReference& operator=(const TWaitingReference&) = delete;
 
@@ -29,7 +30,8 @@ struct TWaitingReference {
     TLoadedComponent Root; ///< whose form has the reference
     TReference Reference;
     String FileName;
-    std::uint64_t Load; ///< the number of the session
+    std::uint64_t Load;   ///< the number of the session
+    std::uint64_t Number; ///< its own
     bool Settled = false;
 };
 
@@ -39,8 +41,10 @@ public:
     static TWaitingReferences& Current();
 
     void Add(const TReference& reference, TComponent& root, StringView file, std::uint64_t load);
-    /// Those of a load that failed.
-    void Forget(std::uint64_t load);
+    /// The number that the next reference gets.
+    std::uint64_t NextNumber() const { return FNextNumber; }
+    /// Those of a load that failed, from this one on.
+    void Forget(std::uint64_t load, std::uint64_t first);
     /// Calls `visit` for each one that lasts; it may settle the reference, load forms, and destroy anything.
     template <class TVisit>
     void ForEach(const TVisit& visit);
@@ -50,6 +54,7 @@ private:
     void Sweep();
 
     std::list<TWaitingReference> FReferences;
+    std::uint64_t FNextNumber = 0;
     int FWalks = 0;
 };
 
