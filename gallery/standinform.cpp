@@ -32,7 +32,7 @@ TStandInForm::TStandInForm(const TFormObject& form) : TForm(nullptr) {
     std::vector<TMethodInfo> methods;
     CollectMethods(form, &TForm::StaticClass(), methods);
     Info = std::make_unique<TClassInfo>(form.ClassName(), &TForm::StaticClass(), std::vector<TPropInfo>(),
-                                        std::move(methods), nullptr);
+                                        std::move(methods), std::vector<TFieldInfo>(), nullptr);
 }
 
 } // namespace gallery
