@@ -36,6 +36,7 @@ void DrawByHand(const DRAWITEMSTRUCT& item, TFace face) {
         return;
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, 0xFFFFFF);
+    const TSelectedObject font(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageW(item.hwndItem, WM_GETFONT, 0, 0)));
     DrawTextW(item.hDC, L"OK", 2, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     const TSelectedObject hollow(item.hDC, GetStockObject(NULL_BRUSH));
     RoundRect(item.hDC, rect.left, rect.top, rect.right - 1, rect.bottom - 1, 5, 5);
@@ -49,7 +50,7 @@ LRESULT CALLBACK HandForm(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return TRUE;
 }
 
-HWND FormByHand(TFace face) {
+HWND FormByHand(TFace face, HFONT font) {
     static const wchar_t* className = [] {
         WNDCLASSW windowClass{};
         windowClass.lpfnWndProc = HandForm;
@@ -66,6 +67,7 @@ HWND FormByHand(TFace face) {
         const TPoint place = PlaceOfButton(i);
         const HWND button = CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, place.X, place.Y,
                                             Size.Width, Size.Height, form, nullptr, nullptr, nullptr);
+        SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
         if (face == TFace::Whole)
             SetWindowRgn(button, CreateRoundRectRgn(0, 0, Size.Width, Size.Height, 4, 4), FALSE);
     }
@@ -103,11 +105,12 @@ int main() {
     TheApplication().Initialize();
     try {
         const auto form = FormOfColorButtons();
+        const HFONT font = form->GetFont()->GetHandle();
         const auto ours = [&] { return PaintAll(form->GetHandle()); };
-        const HWND filled = FormByHand(TFace::Gradient);
+        const HWND filled = FormByHand(TFace::Gradient, font);
         PrintRatio("1,000 buttons, gradient only", MedianPair(ours, [&] { return PaintAll(filled); }), "ms", 1.3);
         DestroyWindow(filled);
-        const HWND whole = FormByHand(TFace::Whole);
+        const HWND whole = FormByHand(TFace::Whole, font);
         PrintRatio("1,000 buttons, same picture", MedianPair(ours, [&] { return PaintAll(whole); }), "ms", 1.3);
         DestroyWindow(whole);
     } catch (const std::exception& error) {
