@@ -32,6 +32,7 @@ TFormatSettings Country(const char16_t* shortDate, char16_t separator, const cha
 
 const TFormatSettings kYearFirst = Country(u"yyyy-MM-dd", u'-', u"hh:mm");
 const TFormatSettings kPolish = Country(u"d.MM.yyyy", u'.', u"hh:mm");
+const TFormatSettings kGerman = Country(u"dd.MM.yyyy", u'.', u"hh:mm");
 const TFormatSettings kAmerican = Country(u"M/d/yyyy", u'/', u"h:mm AMPM");
 
 const TDateTime kDay = EncodeDate(2024, 3, 15);
@@ -160,6 +161,7 @@ TEST_F(DateEdit, TypesDatesAsEachCountryWritesThem) {
         {"free, Polish", &kPolish, false, dfShort, u"7.3.2024", u"07.03.2024", EncodeDate(2024, 3, 7)},
         {"masked, Polish", &kPolish, true, dfShort, u"15112023", u"15.11.2023", EncodeDate(2023, 11, 15)},
         {"masked, with dashes", &kYearFirst, true, dfShort, u"2024-02-29", u"2024-02-29", EncodeDate(2024, 2, 29)},
+        {"free, German", &kGerman, false, dfShort, u"29.02.2024", u"29.02.2024", EncodeDate(2024, 2, 29)},
         {"masked, American", &kAmerican, true, dfShort, u"12312023", u"12/31/2023", EncodeDate(2023, 12, 31)},
         {"with a time", &kYearFirst, false, dfLong, u"2024-05-06 1230", u"2024-05-06 12:30",
          EncodeDateTime(2024, 5, 6, 12, 30, 0, 0)},
