@@ -29,4 +29,20 @@ void SetNumericEditRect(TWinControl& edit, int right, std::optional<int> rightMa
     SendMessageW(window, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
 }
 
+void TypeDifference(HWND edit, StringView before, StringView after) {
+    const std::size_t shorter = std::min(before.size(), after.size());
+    std::size_t same = 0;
+    while (same < shorter && before[same] == after[same])
+        ++same;
+    std::size_t sameAtEnd = 0;
+    while (sameAtEnd < shorter - same && before[before.size() - 1 - sameAtEnd] == after[after.size() - 1 - sameAtEnd])
+        ++sameAtEnd;
+    const std::size_t end = before.size() - sameAtEnd;
+    const String replacement(after.substr(same, after.size() - sameAtEnd - same));
+    if (same == end && replacement.empty())
+        return;
+    SendMessageW(edit, EM_SETSEL, same, static_cast<LPARAM>(end));
+    SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(WideChars(replacement)));
+}
+
 } // namespace ZOR

@@ -23,6 +23,9 @@ int NumericMinHeight(const TFont& font);
 /// only, so one that has something inside names its right margin as well.
 void SetNumericEditRect(TWinControl& edit, int right, std::optional<int> rightMargin);
 
+/// Makes one text of the other in an edit window by replacing what differs (EM_REPLACESEL), which can be undone.
+void TypeDifference(HWND edit, StringView before, StringView after);
+
 template <class TBase>
 class TZORNumericEdit : public TBase {
 public:
@@ -138,15 +141,20 @@ protected:
             Select(before.Selection);
         return true;
     }
-    /// Puts a state that the person's input led to into the field. False when a handler destroyed it.
+    /// Puts a state that the person's input led to into the field, as if it had been typed: it can be undone, and what
+    /// has not changed is not painted again. False when a handler destroyed the field.
     bool ApplyInput(const std::optional<String>& text, const std::optional<TEntrySelection>& selection) {
         TLifeGuard alive(*this);
-        if (text) {
+        const bool fits =
+            this->GetMaxLength() == 0 || (text && text->size() <= static_cast<std::size_t>(this->GetMaxLength()));
+        if (text && this->HandleAllocated() && fits)
+            TypeDifference(this->GetHandle(), this->GetText(), *text);
+        else if (text)
             this->SetText(*text);
-            if (!alive)
-                return false;
+        if (!alive)
+            return false;
+        if (text)
             this->SetModified(true);
-        }
         if (selection)
             Select(*selection);
         return true;

@@ -80,6 +80,20 @@ TEST_F(FloatEdit, OneKeyIsOneChange) {
     }
 }
 
+TEST_F(FloatEdit, WhatTheRulesTypeCanBeUndone) {
+    FormatSettings() = SettingsOf(u',');
+    Enter();
+    Put(u"1,|25");
+    TypeKeys(u"9");
+    EXPECT_EQ(Field.Text, u"1,95");
+    PressKey('Z', {ssCtrl});
+    EXPECT_EQ(Field.Text, u"1,25");
+    Put(u"1,25|");
+    Field.MaxLength = 2;
+    TypeKeys(u"\b");
+    EXPECT_EQ(Field.Text, u"1,20") << "a limit to typing does not cut what is there";
+}
+
 TEST_F(FloatEdit, TypesDecimalsUnderAPointWhenTheSeparatorFollows) {
     FormatSettings() = SettingsOf(u'.');
     Enter();
@@ -341,7 +355,7 @@ TEST_F(FloatEdit, HandlersMayTakeTheFieldAway) {
     EXPECT_TRUE(Field.Focused());
 }
 
-TEST_F(FloatEdit, FormsKeepTheValueUnderEveryLocale) {
+TEST_F(FloatEdit, FormsKeepTheValueUnderEveryLocaleAndFieldsGoWithoutATrace) {
     RegisterStandardControls();
     RegisterPackage();
     TForm form(nullptr);
@@ -367,6 +381,12 @@ TEST_F(FloatEdit, FormsKeepTheValueUnderEveryLocale) {
     EXPECT_EQ(textOf(u"Price"), u"1234.50");
     EXPECT_EQ(textOf(u"Empty"), u"");
     EXPECT_EQ(textOf(u"Zero"), u"0.00");
+    ExpectSteadyHandles(1000, [&] {
+        TZORFloatEdit field(nullptr);
+        field.Parent = Form.get();
+        field.Value = 1.5L;
+        field.Wymagany = wRequired;
+    });
 }
 
 } // namespace
