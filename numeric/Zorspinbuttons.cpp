@@ -1,6 +1,16 @@
 #include "numeric/Zorspinbuttons.h"
 
+#include "framework/graphics/brushes.h"
+
 namespace ZOR {
+
+namespace {
+
+// A flat frame lies within the client area of its field, so the arrows stand under it: this many rows of theirs belong
+// to the frame and the gap inside it.
+constexpr int kFlatFrame = 2;
+
+} // namespace
 
 const TClassInfo& TFieldUpDown::StaticClass() {
     static const TClassInfo info = DescribeClass<TFieldUpDown>(u"TFieldUpDown", TCustomUpDown::StaticClass());
@@ -18,13 +28,37 @@ bool TFieldUpDown::CanChange(int newValue, TUpDownDirection direction) {
 }
 
 void TFieldUpDown::Dispatch(TMessage& message) {
-    if (message.Msg == WM_LBUTTONDOWN && !IsDesigning() && !TakeFocus())
+    switch (message.Msg) {
+    case WM_LBUTTONDOWN:
+        if (!IsDesigning() && !TakeFocus())
+            return;
+        break;
+    case WM_NCCALCSIZE:
+        TCustomUpDown::Dispatch(message);
+        if (UnderFlatFrame())
+            reinterpret_cast<RECT*>(message.LParam)->top += kFlatFrame;
         return;
-    TLifeGuard alive(*this);
+    case WM_NCPAINT:
+        if (UnderFlatFrame())
+            return PaintUnderFrame();
+        break;
+    default:
+        break;
+    }
     TCustomUpDown::Dispatch(message);
-    // A flat frame lies within the client area, so the arrows have just painted over it.
-    if (message.Msg == WM_PAINT && alive && GetParent() && !GetParent()->GetCtl3D())
-        RepaintFrame(*GetParent(), TFrameRepaint::NonClient);
+}
+
+bool TFieldUpDown::UnderFlatFrame() const {
+    return GetParent() && !GetParent()->GetCtl3D();
+}
+
+void TFieldUpDown::PaintUnderFrame() {
+    {
+        const TWindowDC dc(FHandle, TWindowDC::Whole);
+        const RECT strip{0, 0, GetWidth(), kFlatFrame};
+        FillRect(dc, &strip, GetBrush()->GetHandle());
+    }
+    RepaintFrame(*GetParent(), TFrameRepaint::NonClient);
 }
 
 bool TFieldUpDown::TakeFocus() {

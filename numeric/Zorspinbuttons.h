@@ -27,6 +27,8 @@ protected:
 
 private:
     bool TakeFocus();
+    bool UnderFlatFrame() const;
+    void PaintUnderFrame();
 
     bool FSilent = false;
 };

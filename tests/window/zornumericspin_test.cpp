@@ -161,6 +161,7 @@ TEST_F(SpinEdit, TheArrowsStandInsideTheFrameBesideTheText) {
     {
         const TWindowDC dc(Field.Handle, TWindowDC::Whole);
         EXPECT_EQ(GetPixel(dc, Arrows().Left + 5, 0), 0x808080u) << "a flat frame goes on above the arrows";
+        EXPECT_EQ(GetPixel(dc, Arrows().Left + 5, 1), 0xFFFFFFu) << "and does not touch them";
     }
     const auto textRight = [&] {
         RECT rect{};
