@@ -33,7 +33,8 @@ const TClassInfo& TZORColorButton::StaticClass() {
         u"TZORColorButton", TButton::StaticClass(),
         {Event<&TZORColorButton::OnDrawButton>(u"OnDrawButton"),
          Property<&TZORColorButton::getColors, &TZORColorButton::setColors>(u"Colors"),
-         Property<&TZORColorButton::getColorStyles, &TZORColorButton::setColorStyles>(u"ColorStyles", csNone)});
+         Property<&TZORColorButton::getColorStyles, &TZORColorButton::setColorStyles>(u"ColorStyles", csNone),
+         Property<&TControl::GetParentFont, &TControl::SetParentFont>(u"ParentFont", false)});
     return info;
 }
 
@@ -222,7 +223,7 @@ void TZORColorButton::CNDrawItem(TMessage& message) {
     const std::shared_ptr<TCanvas> canvas = FCanvas;
     const TSavedDC saved(item.hDC);
     const TCanvasLock lock(*canvas);
-    const TCanvasBinding binding(*canvas, item.hDC);
+    const TCanvasBinding binding(canvas, item.hDC);
     canvas->SetFont(GetFont());
     canvas->SetBrush(GetBrush());
     message.Result = TRUE;

@@ -120,7 +120,10 @@ public:
             RepaintFrame(*this, Framing.EnabledChanged);
     }
     void SetParent(TWinControl* value) override {
+        TLifeGuard alive(*this);
         TBase::SetParent(value);
+        if (!alive)
+            return;
         FUnfocused = !this->Focused(); // a field that is taken away is not told that it was left
         if (FBoundLabel)
             FBoundLabel->FollowParent();
@@ -141,8 +144,9 @@ public:
 
 protected:
     void Loaded() override {
+        TLifeGuard alive(*this);
         TBase::Loaded();
-        if (FBoundLabel)
+        if (alive && FBoundLabel)
             FBoundLabel->AlignLabel();
     }
     /// The hint to show in place of the text; empty while there is a text, the focus, or nothing to say.

@@ -125,16 +125,19 @@ private:
     std::recursive_mutex FMutex;
 };
 
-/// A canvas draws on a device context while in scope.
+/// A canvas draws on a device context while in scope, and lasts as long: a handler of the painting may free the control
+/// that it belongs to.
 class TCanvasBinding {
 public:
-    TCanvasBinding(TCanvas& canvas, HDC dc) : FCanvas(canvas) { FCanvas.SetHandle(dc); }
+    TCanvasBinding(std::shared_ptr<TCanvas> canvas, HDC dc) : FCanvas(std::move(canvas)) { FCanvas->SetHandle(dc); }
     TCanvasBinding(const TCanvasBinding&) = delete;
     TCanvasBinding& operator=(const TCanvasBinding&) = delete;
-    ~TCanvasBinding() { FCanvas.SetHandle(nullptr); }
+    ~TCanvasBinding() { FCanvas->SetHandle(nullptr); }
+
+    TCanvas* operator->() const { return FCanvas.get(); }
 
 private:
-    TCanvas& FCanvas;
+    std::shared_ptr<TCanvas> FCanvas;
 };
 
 enum TGradientDirection { gdHorizontal, gdVertical };

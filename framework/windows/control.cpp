@@ -160,9 +160,11 @@ void TControl::SetAlign(TAlign value) {
         UpdateAnchorBase(); // from here on it is the anchors that place the control
     // Turning a bar by 90 degrees keeps its thickness.
     const bool turned = (isSideways(old) && isUpright(value)) || (isUpright(old) && isSideways(value));
+    TLifeGuard alive(*this);
     if (turned && !IsLoading())
         SetBounds(FLeft, FTop, FHeight, FWidth);
-    RequestAlign();
+    if (alive)
+        RequestAlign();
 }
 
 void TControl::SetAnchors(TAnchors value) {
@@ -208,12 +210,15 @@ void TControl::ChangeScale(int m, int d) {
     if (m == d)
         return;
     FConstraints->Scale(m, d);
+    TLifeGuard alive(*this);
     {
         // The anchors' base is scaled with the control, not taken from where it passes on the way.
         FAligning = true;
         const TAtScopeEnd aligned(*this, [this] { FAligning = false; });
         SetBounds(MulDiv(FLeft, m, d), MulDiv(FTop, m, d), MulDiv(FWidth, m, d), MulDiv(FHeight, m, d));
     }
+    if (!alive)
+        return;
     const TRect& base = FAnchorBase.Place;
     FAnchorBase.Place = {MulDiv(base.Left, m, d), MulDiv(base.Top, m, d), MulDiv(base.Right, m, d),
                          MulDiv(base.Bottom, m, d)};
@@ -232,11 +237,14 @@ void TControl::SetParent(TWinControl* value) {
         return;
     if (value && (value == static_cast<TControl*>(this) || IsParentOf(value)))
         throw EInvalidOperation(u"A control cannot have itself as its parent");
+    TLifeGuard alive(*this);
+    TLifeGuard parentAlive(value ? static_cast<TControl&>(*value) : *this);
     if (FParent)
         FParent->RemoveControl(this);
-    if (value)
+    if (value && alive && parentAlive)
         value->InsertControl(this);
-    UpdateAnchorBase();
+    if (alive)
+        UpdateAnchorBase();
 }
 
 TComponent* TControl::GetParentComponent() const {
@@ -274,18 +282,22 @@ void TControl::Follow(bool& flag, const std::function<void()>& takeOver) {
 }
 
 void TControl::ApplyParentProperties() {
-    Perform(CM_PARENTCOLORCHANGED);
-    Perform(CM_PARENTFONTCHANGED);
-    Perform(CM_PARENTSHOWHINTCHANGED);
-    Perform(CM_PARENTBIDIMODECHANGED);
-    Perform(CM_PARENTCTL3DCHANGED);
+    TLifeGuard alive(*this);
+    for (UINT message : {CM_PARENTCOLORCHANGED, CM_PARENTFONTCHANGED, CM_PARENTSHOWHINTCHANGED,
+                         CM_PARENTBIDIMODECHANGED, CM_PARENTCTL3DCHANGED}) {
+        if (alive)
+            Perform(message);
+    }
 }
 
 void TControl::Loaded() {
     TComponent::Loaded();
     // While its form was being read the control had not been told which properties of the parent it follows.
+    TLifeGuard alive(*this);
     if (FParent)
         ApplyParentProperties();
+    if (!alive)
+        return;
     UpdateAnchorBase();
     if (FAutoSize)
         AdjustSize();
@@ -666,7 +678,7 @@ const TClassInfo& TGraphicControl::StaticClass() {
     return info;
 }
 
-TGraphicControl::TGraphicControl(TComponent* owner) : TControl(owner), FCanvas(std::make_unique<TCanvas>()) {
+TGraphicControl::TGraphicControl(TComponent* owner) : TControl(owner), FCanvas(std::make_shared<TCanvas>()) {
 }
 
 TGraphicControl::~TGraphicControl() = default;
@@ -681,7 +693,7 @@ void TGraphicControl::Dispatch(TMessage& message) {
 void TGraphicControl::WMPaint(TMessage& message) {
     if (!message.WParam)
         return;
-    const TCanvasBinding binding(*FCanvas, reinterpret_cast<HDC>(message.WParam));
+    const TCanvasBinding binding(FCanvas, reinterpret_cast<HDC>(message.WParam));
     Paint();
 }
 

@@ -397,7 +397,7 @@ protected:
 private:
     void WMPaint(TMessage& message);
 
-    std::unique_ptr<TCanvas> FCanvas;
+    std::shared_ptr<TCanvas> FCanvas;
 };
 
 } // namespace framework

@@ -143,8 +143,10 @@ void TCustomEdit::SetBorderStyle(TBorderStyle value) {
     if (FBorderStyle == value)
         return;
     FBorderStyle = value;
+    TLifeGuard alive(*this);
     AdjustSize();
-    RecreateWnd();
+    if (alive)
+        RecreateWnd();
 }
 
 void TCustomEdit::SetCharCase(TEditCharCase value) {

@@ -77,7 +77,7 @@ const TClassInfo& TForm::StaticClass() {
 }
 
 TCustomForm::TCustomForm(TComponent* owner)
-    : TWinControl(owner), FCanvas(std::make_unique<TCanvas>()), FPixelsPerInch(TheScreen().GetPixelsPerInch()) {
+    : TWinControl(owner), FCanvas(std::make_shared<TCanvas>()), FPixelsPerInch(TheScreen().GetPixelsPerInch()) {
     FControlStyle = {csAcceptsControls, csCaptureMouse, csClickEvents, csSetCaption, csDoubleClicks};
     FControlState << csCustomPaint;
     TWinControl::SetBounds(0, 0, 320, 240);
@@ -263,8 +263,9 @@ void TCustomForm::SetBorderStyle(TFormBorderStyle value) {
         return;
     const TRect client = GetClientRect();
     FBorderStyle = value;
+    TLifeGuard alive(*this);
     RecreateWnd();
-    if (!HandleAllocated() && !IsLoading()) {
+    if (alive && !HandleAllocated() && !IsLoading()) {
         SetClientWidth(client.Width());
         SetClientHeight(client.Height());
     }
@@ -323,7 +324,7 @@ std::vector<TComponent*> TCustomForm::GetChildren(TComponent* root) const {
 void TCustomForm::Updating() {
     // A second text form, that of a descendant, means the pixels that the first one was designed in.
     if (std::exchange(FScaledOnLoad, false))
-        ScaleTo(FDesignPixelsPerInch, FPixelsPerInch);
+        ScaleWithClient(FDesignPixelsPerInch, FPixelsPerInch);
     FPendingClient = {};
 }
 
@@ -344,11 +345,14 @@ void TCustomForm::Loaded() {
         SetClientHeight(FPendingClient.Height);
     FPendingClient = {};
     TWinControl::Loaded();
-    FScaledOnLoad = FScaled && FDesignPixelsPerInch > 0 && FDesignPixelsPerInch != FPixelsPerInch;
-    if (FScaledOnLoad)
-        ScaleTo(FPixelsPerInch, FDesignPixelsPerInch);
-    else if (FDesignPixelsPerInch > 0)
+    if (!FScaled && FDesignPixelsPerInch > 0)
         FPixelsPerInch = FDesignPixelsPerInch;
+    FScaledOnLoad = FDesignPixelsPerInch > 0 && FDesignPixelsPerInch != FPixelsPerInch;
+    TLifeGuard alive(*this);
+    if (FScaledOnLoad)
+        ScaleWithClient(FPixelsPerInch, FDesignPixelsPerInch);
+    if (!alive)
+        return;
     if (FActiveControl && !FActiveControl->CanFocus())
         FActiveControl = nullptr;
 }
@@ -359,17 +363,25 @@ void TCustomForm::LoadFinished() {
         SetVisible(true);
 }
 
+/// Everything on the form; its own size is the caller's matter.
 void TCustomForm::ScaleTo(int m, int d) {
-    const TRect client = GetClientRect();
+    TLifeGuard alive(*this);
     WithoutAlign([&] {
         GetConstraints()->Scale(m, d);
         ScaleControls(m, d);
-        GetFont()->SetHeight(MulDiv(GetFont()->GetHeight(), m, d));
-        if (!HandleAllocated()) {
-            SetClientWidth(MulDiv(client.Width(), m, d));
-            SetClientHeight(MulDiv(client.Height(), m, d));
-        }
+        if (alive)
+            GetFont()->SetHeight(MulDiv(GetFont()->GetHeight(), m, d));
     });
+}
+
+void TCustomForm::ScaleWithClient(int m, int d) {
+    const TRect client = GetClientRect();
+    TLifeGuard alive(*this);
+    ScaleTo(m, d);
+    if (!alive)
+        return;
+    SetClientWidth(MulDiv(client.Width(), m, d));
+    SetClientHeight(MulDiv(client.Height(), m, d));
 }
 
 void TCustomForm::ScaleForMonitor() {
@@ -378,7 +390,10 @@ void TCustomForm::ScaleForMonitor() {
         return;
     const TRect client = GetClientRect();
     const TSize border = BorderExtent();
+    TLifeGuard alive(*this);
     ScaleTo(monitor, FPixelsPerInch);
+    if (!alive)
+        return;
     SetBounds(GetLeft(), GetTop(), MulDiv(client.Width(), monitor, FPixelsPerInch) + border.Width,
               MulDiv(client.Height(), monitor, FPixelsPerInch) + border.Height);
     FPixelsPerInch = monitor;
@@ -390,11 +405,14 @@ void TCustomForm::WMDpiChanged(TMessage& message) {
         DefaultHandler(message);
         return;
     }
+    TLifeGuard alive(*this);
     ScaleTo(monitor, FPixelsPerInch);
+    if (!alive)
+        return;
     FPixelsPerInch = monitor;
     const TRect place = FromWin(*reinterpret_cast<const RECT*>(message.LParam));
-    SetBoundsRect(place);
     Invalidate();
+    SetBoundsRect(place);
 }
 
 // Showing and closing
@@ -624,7 +642,7 @@ void TCustomForm::Dispatch(TMessage& message) {
 }
 
 void TCustomForm::PaintWindow(HDC dc) {
-    const TCanvasBinding binding(*FCanvas, dc);
+    const TCanvasBinding binding(FCanvas, dc);
     Paint();
 }
 

@@ -174,13 +174,14 @@ private:
     void WMDpiChanged(TMessage& message);
     void CloseModal();
     void ScaleTo(int m, int d);
+    void ScaleWithClient(int m, int d);
     void PlaceOnScreen();
     void TakeWindowFocus();
     void ChooseActiveControl();
     void ScaleForMonitor();
     TSize BorderExtent() const;
 
-    std::unique_ptr<TCanvas> FCanvas;
+    std::shared_ptr<TCanvas> FCanvas;
     TWinControl* FActiveControl = nullptr;
     TWinControl* FFocusedControl = nullptr;
     std::vector<HWND> FOwnedWindows; // of forms above this one, while its window is made anew

@@ -237,9 +237,10 @@ void TCustomLabel::CMDialogChar(TMessage& message) {
 }
 
 void TCustomLabel::CMTextChanged(TMessage& message) {
+    TLifeGuard alive(*this);
     TGraphicControl::CMTextChanged(message);
     AdjustBounds();
-    if (FFocusControl && FFocusControl->HandleAllocated()) // whose name this is for a screen reader
+    if (alive && FFocusControl && FFocusControl->HandleAllocated()) // whose name this is for a screen reader
         NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, FFocusControl->GetHandle(), OBJID_CLIENT, CHILDID_SELF);
 }
 

@@ -299,9 +299,9 @@ void TCustomListBox::SetStyle(TListBoxStyle value) {
 }
 
 void TCustomListBox::ChangeScale(int m, int d) {
-    TWinControl::ChangeScale(m, d);
     SetItemHeight(MulDiv(FItemHeight, m, d));
     SetScrollWidth(MulDiv(FScrollWidth, m, d));
+    TWinControl::ChangeScale(m, d);
 }
 
 // Selection

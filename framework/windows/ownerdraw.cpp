@@ -6,15 +6,12 @@
 
 namespace framework {
 
-// By value: it keeps the canvas while a handler frees the control.
-void PaintOwnerDrawn(TWinControl& control,
-                     std::shared_ptr<TCanvas> canvas, // NOLINT(performance-unnecessary-value-param)
-                     int itemCount, TMessage& message,
+void PaintOwnerDrawn(TWinControl& control, const std::shared_ptr<TCanvas>& shared, int itemCount, TMessage& message,
                      const std::function<void(int, TRect, TOwnerDrawState)>& drawItem) {
     const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(message.LParam);
     const TOwnerDrawState state = OwnerDrawState(item);
     const TSavedDC saved(item.hDC);
-    const TCanvasBinding binding(*canvas, item.hDC);
+    const TCanvasBinding canvas(shared, item.hDC);
     canvas->SetFont(control.GetFont());
     canvas->SetBrush(control.GetBrush());
     if (state.Contains(odSelected)) {

@@ -35,7 +35,7 @@ inline TOwnerDrawState OwnerDrawState(const DRAWITEMSTRUCT& item) {
 /// Paints one item in answer to CN_DRAWITEM: `drawItem` gets its index and place while `canvas` is bound to the item's
 /// device context with the font and the colours that suit the state; the focus rectangle follows. `canvas` is shared,
 /// so that it outlives a handler that frees the control.
-void PaintOwnerDrawn(TWinControl& control, std::shared_ptr<TCanvas> canvas, int itemCount, TMessage& message,
+void PaintOwnerDrawn(TWinControl& control, const std::shared_ptr<TCanvas>& canvas, int itemCount, TMessage& message,
                      const std::function<void(int, TRect, TOwnerDrawState)>& drawItem);
 /// What an item looks like when the program leaves the painting to the control.
 void DrawItemText(const TControl& control, TCanvas& canvas, TRect rect, StringView text);

@@ -107,8 +107,8 @@ void TCustomPanel::SetAlignment(TAlignment value) {
 }
 
 void TCustomPanel::FrameChanged() {
-    Realign();
     Invalidate();
+    Realign();
 }
 
 void TCustomPanel::SetBevelInner(TPanelBevel value) {
@@ -188,6 +188,7 @@ void TCustomPanel::PaintBevel(TRect& rect, TPanelBevel bevel) {
 }
 
 void TCustomPanel::Paint() {
+    TLifeGuard alive(*this);
     TCanvas& canvas = *GetCanvas();
     TRect rect = GetClientRect();
     if (!FParentBackground || !GetParentColor() ||
@@ -195,6 +196,8 @@ void TCustomPanel::Paint() {
         canvas.GetBrush()->SetColor(GetColor());
         canvas.FillRect(rect);
     }
+    if (!alive)
+        return; // what the parent paints is its handlers' matter
     PaintBevel(rect, FBevelOuter);
     rect = rect.Inflated(-FBorderWidth, -FBorderWidth);
     PaintBevel(rect, FBevelInner);
@@ -227,8 +230,8 @@ void TCustomPanel::CMTextChanged(TMessage& message) {
 }
 
 void TCustomPanel::CMFontChanged(TMessage& message) {
-    TCustomControl::CMFontChanged(message);
     Invalidate();
+    TCustomControl::CMFontChanged(message);
 }
 
 void TCustomPanel::CMEnabledChanged(TMessage& message) {

@@ -57,12 +57,18 @@ void TWinControl::InsertControl(TControl* control) {
     control->FParent = this;
     if (IsDestroying())
         return;
+    TLifeGuard alive(*this);
+    TLifeGuard controlAlive(*control);
+    const auto stays = [&] { return alive && controlAlive && control->FParent == this; };
     if (!control->IsLoading())
         control->ApplyParentProperties();
-    Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 1);
-    if (window)
+    if (stays())
+        Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 1);
+    if (stays() && window)
         window->UpdateControlState();
-    else
+    if (!stays())
+        return;
+    if (!window)
         control->Invalidate();
     control->UpdateAnchorBase();
     AlignControl(control);
@@ -71,11 +77,18 @@ void TWinControl::InsertControl(TControl* control) {
 void TWinControl::RemoveControl(TControl* control) {
     if (control->FParent != this)
         return;
+    TLifeGuard alive(*this);
+    TLifeGuard controlAlive(*control);
+    const auto stays = [&] { return alive && controlAlive && control->FParent == this; };
     if (!IsDestroying())
         Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 0);
+    if (!stays())
+        return;
     if (auto* window = As<TWinControl>(control)) {
         if (TCustomForm* form = GetParentForm(this); form && !window->IsDestroying())
             form->DefocusControl(window, true);
+        if (!stays())
+            return; // the handlers of those that were left saw to it
         window->DestroyHandle();
         std::erase(FWindows, window);
         std::erase(FTabList, window);
@@ -362,14 +375,17 @@ bool TWinControl::CanAutoSize(int& newWidth, int& newHeight) {
 }
 
 void TWinControl::ChangeScale(int m, int d) {
+    TLifeGuard alive(*this);
     WithoutAlign([&] {
         ScaleControls(m, d);
-        TControl::ChangeScale(m, d);
+        if (alive)
+            TControl::ChangeScale(m, d);
     });
 }
 
 void TWinControl::ScaleControls(int m, int d) {
-    for (int i = 0; i < GetControlCount(); ++i)
+    TLifeGuard alive(*this);
+    for (int i = 0; alive && i < GetControlCount(); ++i)
         GetControl(i)->ChangeScale(m, d);
 }
 
@@ -538,10 +554,14 @@ void TWinControl::CMEnabledChanged(TMessage&) {
 }
 
 void TWinControl::Loaded() {
+    TLifeGuard alive(*this);
     TControl::Loaded();
+    if (!alive)
+        return;
     FixupTabOrder();
     Realign();
-    UpdateControlState();
+    if (alive)
+        UpdateControlState();
 }
 
 // Finding controls
@@ -583,14 +603,14 @@ const TClassInfo& TCustomControl::StaticClass() {
     return info;
 }
 
-TCustomControl::TCustomControl(TComponent* owner) : TWinControl(owner), FCanvas(std::make_unique<TCanvas>()) {
+TCustomControl::TCustomControl(TComponent* owner) : TWinControl(owner), FCanvas(std::make_shared<TCanvas>()) {
     FControlState << csCustomPaint;
 }
 
 TCustomControl::~TCustomControl() = default;
 
 void TCustomControl::PaintWindow(HDC dc) {
-    const TCanvasBinding binding(*FCanvas, dc);
+    const TCanvasBinding binding(FCanvas, dc);
     Paint();
 }
 

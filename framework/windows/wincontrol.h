@@ -299,7 +299,7 @@ protected:
     TCanvas* GetCanvas() const { return FCanvas.get(); }
 
 private:
-    std::unique_ptr<TCanvas> FCanvas;
+    std::shared_ptr<TCanvas> FCanvas;
 };
 
 } // namespace framework

@@ -271,7 +271,10 @@ void TWinControl::CreateWnd() {
 void TWinControl::CreateHandle() {
     if (FHandle)
         return;
+    TLifeGuard alive(*this);
     CreateWnd();
+    if (!alive)
+        return; // such as by a list's handler that measures its items
     // A new child window goes below its siblings; ours lies above those that came before it.
     if (TWinControl* parent = GetParent(); parent && !parent->GetControlState().Contains(csCreating)) {
         const auto place = std::find(parent->FWindows.begin(), parent->FWindows.end(), this);
@@ -447,8 +450,9 @@ void TWinControl::CMShowingChanged(TMessage&) {
 void TWinControl::SetBounds(int left, int top, int width, int height) {
     if (!FHandle) {
         const TSize before{GetWidth(), GetHeight()};
+        TLifeGuard alive(*this);
         TControl::SetBounds(left, top, width, height);
-        if (before != TSize{GetWidth(), GetHeight()})
+        if (alive && before != TSize{GetWidth(), GetHeight()})
             Realign(); // without a window no WM_SIZE comes that would
         return;
     }
