@@ -80,6 +80,18 @@ TEST_F(Handlers, LayoutSurvivesWhatTheyDoOnResize) {
 
 // Windows and objects that go
 
+TEST_F(Handlers, AControlMayDieOnItsWayToAnotherParent) {
+    auto* edit = Add<TEdit>(Form.get(), Bounds(10, 10, 80, 21));
+    auto* next = Add<TEdit>(Form.get(), Bounds(10, 40, 80, 21));
+    auto* panel = Add<TPanel>(Form.get(), Bounds(10, 70, 80, 40));
+    edit->SetFocus();
+    next->OnEnter = [&](TObject*) { delete std::exchange(edit, nullptr); };
+    edit->Parent = panel;
+    EXPECT_EQ(edit, nullptr);
+    EXPECT_EQ(panel->ControlCount, 0);
+    EXPECT_TRUE(next->Focused());
+}
+
 TEST_F(Handlers, MayMakeTheWindowAnewAgainAndAgain) {
     auto* edit = Add<TEdit>(Form.get(), Bounds(10, 10, 80, 21));
     edit->SetFocus();
