@@ -28,7 +28,13 @@ private:
     std::unique_ptr<Textrasignsfrm> FExtraSignsForm;
 };
 
-template <class TBase>
+/// Which of the messages that follow an inserted letter a field takes as its change.
+enum class TSignsNotice {
+    Message, ///< ExtraSignsChangedMessage
+    KeyUp    ///< the release of key 0, before the field's own OnKeyUp
+};
+
+template <class TBase, TSignsNotice Notice = TSignsNotice::Message>
 class TZORScreenKeyboard : public TBase {
 public:
     explicit TZORScreenKeyboard(TComponent* owner) : TBase(owner) {}
@@ -40,7 +46,7 @@ public:
     /// Opens or closes the popup. A field that is read-only or disabled ignores it.
     void screenKeyboard() {
         if (TakesSigns())
-            FKeyboard.Toggle(*this, [this] { return this->GetMaxLength(); });
+            FKeyboard.Toggle(*this, [this] { return GetSignsLimit(); });
     }
     Textrasignsfrm* GetExtraSignsForm() const { return FKeyboard.GetForm(); }
 
@@ -51,7 +57,8 @@ public:
             FKeyboard.Hide();
         switch (message.Msg) {
         case ExtraSignsChangedMessage:
-            Fire(*this, this->OnChange, this);
+            if (Notice == TSignsNotice::Message)
+                Fire(*this, this->OnChange, this);
             return;
         case CM_EXIT:
             FKeyboard.Hide();
@@ -75,11 +82,16 @@ protected:
     }
     /// F7 belongs to the popup; hosts hear of every other key.
     void KeyUp(WORD& key, TShiftState shift) override {
-        if (key == VK_F7)
+        if (key == VK_F7) {
             screenKeyboard();
-        else
-            Fire(*this, this->OnKeyUp, this, key, shift);
+            return;
+        }
+        if (Notice == TSignsNotice::KeyUp && key == 0 && !Fire(*this, this->OnChange, this))
+            return;
+        Fire(*this, this->OnKeyUp, this, key, shift);
     }
+    /// How long a letter may make the text; 0 for no limit.
+    virtual int GetSignsLimit() const { return this->GetMaxLength(); }
 
 private:
     bool TakesSigns() const { return !this->GetReadOnly() && this->GetEnabled(); }

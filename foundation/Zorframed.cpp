@@ -9,8 +9,8 @@ void RepaintFrame(TWinControl& control, TFrameRepaint how) {
         SendMessageW(control.GetHandle(), WM_NCPAINT, 0, 0);
         return;
     }
-    // The frame lies outside of what a control invalidates itself.
-    RedrawWindow(control.GetHandle(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    // The frame lies outside of what a control invalidates itself, or on what it does not paint again.
+    RedrawWindow(control.GetHandle(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ERASE);
     if (how == TFrameRepaint::Repaint)
         control.Repaint();
     else

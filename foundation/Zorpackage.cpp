@@ -1,7 +1,15 @@
 #include "foundation/Zorpackage.h"
 
 #include "buttons/Zorcolorbutton.h"
+#include "controls/Zorcheckbox.h"
+#include "controls/Zorchecklistbox.h"
 #include "controls/Zoredit.h"
+#include "controls/Zorlistbox.h"
+#include "controls/Zormaskedit.h"
+#include "controls/Zormemo.h"
+#include "controls/Zormonthcalendar.h"
+#include "controls/Zorrichedit.h"
+#include "controls/Zorscrollbox.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
 #include "numeric/Zorfloatedit.h"
@@ -11,11 +19,19 @@
 namespace ZOR {
 
 void RegisterPackage() {
+    Zorcheckbox::Register();
+    Zorchecklistbox::Register();
+    Zorcolorbutton::Register();
     Zordatetimepicker::Register();
     Zordatetimepickeredit::Register();
     Zoredit::Register();
-    Zorcolorbutton::Register();
     Zorfloatedit::Register();
+    Zorlistbox::Register();
+    Zormaskedit::Register();
+    Zormemo::Register();
+    Zormonthcalendar::Register();
+    Zorrichedit::Register();
+    Zorscrollbox::Register();
     Zorspinedit::Register();
     Zorspinfloatedit::Register();
 }

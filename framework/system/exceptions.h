@@ -62,6 +62,24 @@ public:
     using Exception::Exception;
 };
 
+/// A file that cannot be opened for reading.
+class EFOpenError : public Exception {
+public:
+    using Exception::Exception;
+};
+
+/// A file that cannot be made.
+class EFCreateError : public Exception {
+public:
+    using Exception::Exception;
+};
+
+/// A stream or file that did not take all that was written.
+class EWriteError : public Exception {
+public:
+    using Exception::Exception;
+};
+
 /// Ends an operation without a word to the user.
 class EAbort : public Exception {
 public:

@@ -5,6 +5,8 @@
 
 #include "framework/system/published.h"
 
+#include <iosfwd>
+
 namespace framework {
 
 /// A list of texts with 0-based indexes. An index outside raises EListError "List index out of bounds (n)".
@@ -81,6 +83,15 @@ public:
     std::vector<String> GetLines() const;
     /// Replaces all lines; their objects go.
     virtual void SetLines(const std::vector<String>& lines);
+
+    /// Replaces everything by the text of a stream: UTF-8, or UTF-16 with its byte order mark. EConvertError for bytes
+    /// that are neither; nothing has changed then.
+    virtual void LoadFromStream(std::istream& stream);
+    /// Writes the text as UTF-8 without a mark.
+    virtual void SaveToStream(std::ostream& stream) const;
+    /// The same with a file. EFOpenError and EFCreateError when it cannot be opened, EWriteError when the disk is full.
+    void LoadFromFile(const String& fileName);
+    void SaveToFile(const String& fileName) const;
 
     /// Between the two, which can be nested, changes are not announced or shown; one announcement follows at the end.
     /// WithinUpdate (updates.h) calls both around a piece of work.

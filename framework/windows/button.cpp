@@ -271,8 +271,7 @@ void TCustomCheckBox::SetState(TCheckBoxState value) {
 }
 
 void TCustomCheckBox::Toggle() {
-    const TCheckBoxState afterUnchecked = FAllowGrayed ? cbGrayed : cbChecked;
-    SetState(FState == cbUnchecked ? afterUnchecked : FState == cbChecked ? cbUnchecked : cbChecked);
+    SetState(NextCheckBoxState(FState, FAllowGrayed));
 }
 
 void TCustomCheckBox::AcceleratorPressed() {

@@ -82,6 +82,12 @@ public:
 
 enum TCheckBoxState { cbUnchecked, cbChecked, cbGrayed };
 const TEnumInfo& DescribeEnum(TCheckBoxState);
+/// Where a click leads from a state.
+constexpr TCheckBoxState NextCheckBoxState(TCheckBoxState state, bool allowGrayed) {
+    if (state == cbUnchecked)
+        return allowGrayed ? cbGrayed : cbChecked;
+    return state == cbGrayed ? cbChecked : cbUnchecked;
+}
 
 class TCustomCheckBox : public TButtonControl {
     FRAMEWORK_CLASS(TCustomCheckBox)

@@ -10,11 +10,12 @@ namespace framework {
 class TControlStrings : public TStrings {
 public:
     TControlStrings() { FList.Duplicates = dupAccept; }
+    ~TControlStrings() override;
 
     String Get(int index) const override { return FList.Get(index); }
     int GetCount() const override { return FList.GetCount(); }
-    TObject* GetItemObject(int index) const override { return FList.GetItemObject(index); }
-    void PutObject(int index, TObject* object) override { FList.PutObject(index, object); }
+    TObject* GetItemObject(int index) const override;
+    void PutObject(int index, TObject* object) override;
     int IndexOf(StringView text) const override { return FList.IndexOf(text); }
 
     void Put(int index, const String& text) override;
@@ -23,6 +24,13 @@ public:
     void InsertObject(int index, const String& text, TObject* object) override;
     void Delete(int index) override;
     void Clear() override;
+    void Exchange(int first, int second) override;
+    void Move(int from, int to) override;
+
+    /// What a control notes for an item beside its text and object, 0 at first, such as the state of its box. It goes
+    /// with the item wherever that moves.
+    int GetMark(int index) const;
+    void SetMark(int index, int mark);
 
     bool GetSorted() const { return FList.GetSorted(); }
     /// Sorts by the user's alphabet; a selection does not survive it.
@@ -44,7 +52,9 @@ protected:
     virtual void SetStateOf(int index, TItemState state) = 0;
 
 private:
-    TStringList FList;
+    void DropMark(int index);
+
+    TStringList FList; // the object of a marked item is a TMarkedItem, which holds its own one
 };
 
 } // namespace framework

@@ -350,6 +350,14 @@ void TCustomEdit::Dispatch(TMessage& message) {
     }
 }
 
+void TCustomEdit::DefaultHandler(TMessage& message) {
+    // Some systems' single-line window keeps the wheel to itself, although there is nothing to scroll in it.
+    if (message.Msg == WM_MOUSEWHEEL && HandleAllocated() && !IsMultiLine())
+        message.Result = SendMessageW(GetAncestor(FHandle, GA_PARENT), message.Msg, message.WParam, message.LParam);
+    else
+        TWinControl::DefaultHandler(message);
+}
+
 void TCustomEdit::WMSetText(TMessage& message) {
     if (!HandleAllocated()) {
         FSelection = {};

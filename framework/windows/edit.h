@@ -69,7 +69,7 @@ public:
     void SetSelStart(int value);
     int GetSelLength() const;
     void SetSelLength(int value);
-    String GetSelText() const;
+    virtual String GetSelText() const;
     /// Replaces the selection; the caret follows the new text. The user can undo it (EM_REPLACESEL).
     void SetSelText(const String& value);
 
@@ -93,6 +93,7 @@ protected:
     void CreateWnd() override;
     void KeepWindowState() override;
     void Dispatch(TMessage& message) override;
+    void DefaultHandler(TMessage& message) override;
     void KeyPress(char16_t& key) override;
     void CMEnter(TMessage& message) override;
     void CMFontChanged(TMessage& message) override;

@@ -178,6 +178,14 @@ TStrings* TCustomListBox::GetItems() const {
     return FItems.get();
 }
 
+int TCustomListBox::GetItemMark(int index) const {
+    return FItems->GetMark(index);
+}
+
+void TCustomListBox::SetItemMark(int index, int mark) {
+    FItems->SetMark(index, mark);
+}
+
 void TCustomListBox::CheckIndex(int index) const {
     if (index < 0 || index >= GetCount())
         throw EListError(u"List index out of bounds (" + IntToStr(index) + u")");

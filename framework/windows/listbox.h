@@ -106,6 +106,9 @@ protected:
     virtual void CNCommand(TMessage& message);
     virtual void CNDrawItem(TMessage& message);
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    /// What a descendant notes for an item beside its text and object; 0 at first.
+    int GetItemMark(int index) const;
+    void SetItemMark(int index, int mark);
 
 private:
     friend class TListBoxStrings;

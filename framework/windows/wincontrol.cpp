@@ -188,15 +188,19 @@ void TWinControl::SetChildZOrder(TControl* child, bool topmost) {
 }
 
 void TWinControl::ScrollBy(int deltaX, int deltaY) {
-    if (HandleAllocated())
-        ScrollWindowEx(FHandle, deltaX, deltaY, nullptr, nullptr, nullptr, nullptr,
-                       SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+    TLifeGuard alive(*this);
     WithoutAlign([&] {
-        for (int i = 0; i < GetControlCount(); ++i) {
-            TControl* child = GetControl(i);
-            auto* window = As<TWinControl>(child);
-            if (window && window->HandleAllocated() && HandleAllocated())
-                window->SizeFromWindow();
+        // The windowless ones first: a caption that its control places anew, as that moves, is then where it belongs.
+        for (TControl* child : FGraphics)
+            child->UpdateBoundsDirect(child->GetLeft() + deltaX, child->GetTop() + deltaY, child->GetWidth(),
+                                      child->GetHeight());
+        if (HandleAllocated())
+            ScrollWindowEx(FHandle, deltaX, deltaY, nullptr, nullptr, nullptr, nullptr,
+                           SW_SCROLLCHILDREN | SW_INVALIDATE | SW_ERASE);
+        for (std::size_t i = 0; alive && i < FWindows.size(); ++i) {
+            TWinControl* child = FWindows[i];
+            if (child->HandleAllocated() && HandleAllocated())
+                child->SizeFromWindow();
             else
                 child->UpdateBoundsDirect(child->GetLeft() + deltaX, child->GetTop() + deltaY, child->GetWidth(),
                                           child->GetHeight());

@@ -66,6 +66,7 @@ TEST(Requirement, Stories) {
         {"an error that was put aside comes back and leaving does not end it", EditRequirement,
          "required error disable enable leave required", "RENEeR"},
 
+        {"mask edit: only disabling remembers", PlainRequirement, "required disable enable error leave", "RNREe"},
         {"mask edit: cleared by the program, a remembered state still comes back", PlainRequirement,
          "required disable enable none disable", "RNRNR"},
 

@@ -1,0 +1,16 @@
+#include "controls/Zorscrollbox.h"
+
+#include "foundation/Zorpackage.h"
+
+namespace ZOR {
+
+const TClassInfo& TZORScrollBox::StaticClass() {
+    static const TClassInfo info = DescribeClass<TZORScrollBox>(u"TZORScrollBox", TScrollBox::StaticClass());
+    return info;
+}
+
+void Zorscrollbox::Register() {
+    RegisterComponents(PalettePage, {&TZORScrollBox::StaticClass()});
+}
+
+} // namespace ZOR
