@@ -11,9 +11,9 @@ using namespace framework;
 /// The square for a window of this extent in pixels: as high as the window less two pixels above and below, at the left
 /// edge, or at the right one when the box stands there.
 constexpr TRect CheckBoxSquare(TSize window, bool boxAtRight) {
-    constexpr int Margin = 2;
-    const int side = window.Height - 2 * Margin;
-    return Bounds(boxAtRight ? window.Width - side : 0, Margin, side, side);
+    constexpr int margin = 2;
+    const int side = window.Height - 2 * margin;
+    return Bounds(boxAtRight ? window.Width - side : 0, margin, side, side);
 }
 
 } // namespace ZOR
