@@ -411,18 +411,18 @@ TEST_F(FramedFamily, ScrollBoxStaysWhereItIs) {
         edit->BoundLabel->Active = true;
         return edit;
     };
-    auto* near_ = add(10);
-    auto* far_ = add(500);
-    near_->SetFocus();
+    auto* first = add(10);
+    auto* last = add(500);
+    first->SetFocus();
     PressKey(VK_TAB);
-    EXPECT_TRUE(WaitFor([&] { return far_->Focused(); }));
+    EXPECT_TRUE(WaitFor([&] { return last->Focused(); }));
     EXPECT_EQ(box->VertScrollBar->Position, 0);
-    box->ScrollInView(far_);
-    EXPECT_EQ(far_->Top + far_->Height, box->ClientHeight) << "on request it comes into view";
+    box->ScrollInView(last);
+    EXPECT_EQ(last->Top + last->Height, box->ClientHeight) << "on request it comes into view";
     // Captions scroll along.
     for (int i = 0; i < box->GetControlCount(); ++i) {
-        if (auto* label = As<TLabel>(box->GetControl(i)); label && label->FocusControl == far_)
-            EXPECT_EQ(label->Top, far_->Top + (far_->Height - label->Height) / 2 - 1);
+        if (auto* label = As<TLabel>(box->GetControl(i)); label && label->FocusControl == last)
+            EXPECT_EQ(label->Top, last->Top + (last->Height - label->Height) / 2 - 1);
     }
 }
 

@@ -54,7 +54,7 @@ protected:
     }
     std::string Error() {
         WaitFor([&] { return !Errors.empty(); });
-        const std::string error = Errors.empty() ? std::string() : Errors.front();
+        std::string error = Errors.empty() ? std::string() : Errors.front();
         Errors.clear();
         return error;
     }

@@ -7,7 +7,9 @@
 #include "framework/windows/richedit.h"
 #include "tests/support/input.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <richedit.h>
 #include <sstream>
 
 using namespace framework;
@@ -175,6 +177,11 @@ TYPED_TEST(Memo, LinesInStreamsAndFiles) {
     std::istringstream other("za\xBF\xF3\xB3\xE6"); // code page 1250
     EXPECT_THROW(this->Edit->Lines->LoadFromStream(other), EConvertError);
     EXPECT_EQ(Utf8Encode(this->Edit->Text), "Aź");
+    this->Edit->Lines->SaveToFile(u"memo_test.tmp");
+    this->Edit->Text = u"";
+    this->Edit->Lines->LoadFromFile(u"memo_test.tmp");
+    EXPECT_EQ(Utf8Encode(Trim(this->Edit->GetText())), "A\xC5\xBA");
+    std::filesystem::remove(u"memo_test.tmp");
     EXPECT_THROW(this->Edit->Lines->LoadFromFile(u"no/such/file"), EFOpenError);
     EXPECT_THROW(this->Edit->Lines->SaveToFile(u"no/such/folder/file"), EFCreateError);
 }
@@ -200,16 +207,11 @@ protected:
     bool IsBold(int start, int length) {
         Edit->SelStart = start;
         Edit->SelLength = length;
-        // The first fields of CHARFORMATW; the mask tells what all of the selection has in common.
-        struct {
-            UINT Size;
-            DWORD Mask;
-            DWORD Effects;
-            BYTE Rest[80];
-        } format{92, 0, 0, {}};
-        constexpr UINT EM_GETCHARFORMAT_ = WM_USER + 58;
-        SendMessageW(Edit->Handle, EM_GETCHARFORMAT_, 1, reinterpret_cast<LPARAM>(&format));
-        return (format.Mask & 1) != 0 && (format.Effects & 1) != 0;
+        CHARFORMATW format{};
+        format.cbSize = sizeof(format);
+        SendMessageW(Edit->Handle, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+        // The mask tells what all of the selection has in common.
+        return (format.dwMask & CFM_BOLD) != 0 && (format.dwEffects & CFE_BOLD) != 0;
     }
 
     std::unique_ptr<TForm> Form;
