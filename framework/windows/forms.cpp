@@ -381,7 +381,8 @@ void TCustomForm::ScaleWithClient(int m, int d) {
     if (!alive)
         return;
     SetClientWidth(MulDiv(client.Width(), m, d));
-    SetClientHeight(MulDiv(client.Height(), m, d));
+    if (alive)
+        SetClientHeight(MulDiv(client.Height(), m, d));
 }
 
 void TCustomForm::ScaleForMonitor() {

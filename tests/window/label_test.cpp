@@ -180,7 +180,7 @@ TEST_F(LabelOnForm, IsTheNameThatAScreenReaderTells) {
             (accessible->*question)(self, &answer);
             accessible->Release();
         }
-        const String text = answer ? FromWide(answer, SysStringLen(answer)) : String();
+        String text = answer ? FromWide(answer, SysStringLen(answer)) : String();
         SysFreeString(answer);
         return text;
     };
