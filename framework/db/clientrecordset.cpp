@@ -19,7 +19,7 @@ namespace {
 Variant VariantOfBytes(TBytesView bytes) {
     std::vector<Variant> elements;
     elements.reserve(bytes.size());
-    for (const std::byte byte : bytes)
+    for (const std::uint8_t byte : bytes)
         elements.emplace_back(static_cast<int>(byte));
     return Variant::FromList(std::move(elements));
 }

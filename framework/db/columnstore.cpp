@@ -109,7 +109,7 @@ void TColumnStore::GrowChunk() {
     const int rows = FCapacity == 0 ? firstChunkRows : growsFirst ? FCapacity * 4 : chunkRows;
     TChunk chunk;
     const auto width = static_cast<std::size_t>(FWidth);
-    chunk.Data.reset(new std::byte[width * static_cast<std::size_t>(rows)]);
+    chunk.Data.reset(new std::uint8_t[width * static_cast<std::size_t>(rows)]);
     if (!IsHeaped())
         chunk.Nulls = std::make_unique<std::uint64_t[]>(static_cast<std::size_t>(rows) / 64);
     if (growsFirst) {
@@ -343,11 +343,11 @@ TColumnStore::TEntry TColumnStore::Keep(const void* data, std::size_t bytes, std
         FHeapChunk = std::clamp(FHeapChunk * 2, firstHeapChunk, largestHeapChunk);
         const bool alone = needed > FHeapChunk / 4;
         const std::size_t size = alone ? needed : FHeapChunk;
-        FHeap.emplace_back(new std::byte[size]);
+        FHeap.emplace_back(new std::uint8_t[size]);
         FHeapBytes += size;
         if (alone) {
             // What is left of the chunk before stays in use.
-            std::byte* entry = FHeap.back().get();
+            std::uint8_t* entry = FHeap.back().get();
             const auto length32 = static_cast<std::uint32_t>(length);
             std::memcpy(entry, &length32, lengthBytes);
             std::memcpy(entry + lengthBytes, data, bytes);
@@ -356,7 +356,7 @@ TColumnStore::TEntry TColumnStore::Keep(const void* data, std::size_t bytes, std
         FHeapNext = FHeap.back().get();
         FHeapLeft = size;
     }
-    std::byte* entry = FHeapNext;
+    std::uint8_t* entry = FHeapNext;
     FHeapNext += needed;
     FHeapLeft -= needed;
     const auto length32 = static_cast<std::uint32_t>(length);

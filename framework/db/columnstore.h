@@ -90,11 +90,11 @@ private:
     static constexpr int firstChunkRows = 64;
 
     struct TChunk {
-        std::unique_ptr<std::byte[]> Data;
+        std::unique_ptr<std::uint8_t[]> Data;
         std::unique_ptr<std::uint64_t[]> Nulls; ///< a bit for each row, set for NULL; texts and bytes have none
     };
     /// A text or bytes: its length, and behind it the units. Null for NULL.
-    using TEntry = const std::byte*;
+    using TEntry = const std::uint8_t*;
 
     static TStorage StorageFor(const TColumnInfo& info);
     static int WidthOf(TStorage storage);
@@ -128,8 +128,8 @@ private:
     int FCapacity = 0;
     std::vector<TChunk> FChunks;
 
-    std::vector<std::unique_ptr<std::byte[]>> FHeap;
-    std::byte* FHeapNext = nullptr;
+    std::vector<std::unique_ptr<std::uint8_t[]>> FHeap;
+    std::uint8_t* FHeapNext = nullptr;
     std::size_t FHeapLeft = 0;
     std::size_t FHeapChunk = 0;
     std::size_t FHeapBytes = 0;

@@ -10,7 +10,6 @@
 #include "framework/system/variants.h"
 
 #include <compare>
-#include <cstddef>
 #include <span>
 #include <variant>
 #include <vector>
@@ -102,8 +101,8 @@ struct TMoment {
     friend auto operator<=>(const TMoment&, const TMoment&) = default;
 };
 
-using TBytes = std::vector<std::byte>;
-using TBytesView = std::span<const std::byte>;
+using TBytes = std::vector<std::uint8_t>;
+using TBytesView = std::span<const std::uint8_t>;
 
 /// A value on its way into a recordset; std::monostate is NULL. A decimal number too wide for TNumeric travels as its
 /// digits in a String, with "." as separator.

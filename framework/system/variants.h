@@ -62,6 +62,8 @@ public:
 
     /// Floats with up to 15 digits; dates as DateTimeToStr writes them.
     String AsString(const TFormatSettings& settings = FormatSettings()) const;
+    /// The text itself while this variant keeps it; empty for every other kind.
+    StringView BorrowText() const { return Get<TText>() ? StringView(**Get<TText>()) : StringView(); }
     /// Fractions are rounded, a half to the even neighbour; texts may be written as for StrToInt64 or StrToFloat.
     std::int64_t AsInteger(const TFormatSettings& settings = FormatSettings()) const;
     Extended AsFloat(const TFormatSettings& settings = FormatSettings()) const;

@@ -67,7 +67,7 @@ TEST(ColumnStore, KeepsWhatEachTypeHolds) {
          TMoment{Moment(1899, 12, 30, 23, 59, 1, 7)}},
         {"microseconds stay", Column(adDBTimeStamp), Moment(9999, 12, 31, 23, 59, 59, 9999990),
          Moment(9999, 12, 31, 23, 59, 59, 9999990)},
-        {"bytes", Column(adLongVarBinary), TBytes{std::byte{0}, std::byte{255}}, TBytes{std::byte{0}, std::byte{255}}},
+        {"bytes", Column(adLongVarBinary), TBytes{0, 255}, TBytes{0, 255}},
         {"a GUID from its text", Column(adGUID), Text(u"{6f9619ff-8b86-d011-b42d-00c04fc964ff}"),
          TGUID{0x6F9619FF, 0x8B86, 0xD011, {0xB4, 0x2D, 0x00, 0xC0, 0x4F, 0xC9, 0x64, 0xFF}}},
         {"not quite a GUID", Column(adGUID), Text(u"6f9619ff-8b86-d011-b42d_00c04fc964ff"), none, true},
