@@ -34,9 +34,8 @@ const TClassInfo& TZORDateTimePickerEdit::StaticClass() {
          Property<&D::GetUseMaskEdit, &D::SetUseMaskEdit>(u"UseMaskEdit", false), framedrows::BoundLabel<D>(),
          row::Align(), row::Anchors(), row::BiDiMode(), row::Color(clWindow), row::Constraints(), row::Ctl3D(),
          row::DoubleBuffered(), row::Enabled(), row::Font(),
-         Property<&D::GetMaxLength, &D::SetMaxLength>(u"MaxLength", 0), row::ParentBiDiMode(), row::ParentColor(false),
-         row::ParentCtl3D(), row::ParentFont(), row::ParentShowHint(), row::ShowHint(), row::TabOrder(),
-         row::TabStop(true), row::Visible(), Event<&D::OnChange>(u"OnChange"), row::OnClick(),
+         Property<&D::GetMaxLength, &D::SetMaxLength>(u"MaxLength", 0), row::ParentLinks(false), row::ShowHint(),
+         row::TabOrder(), row::TabStop(true), row::Visible(), Event<&D::OnChange>(u"OnChange"), row::OnClick(),
          Event<&D::OnCloseUp>(u"OnCloseUp"), row::OnDblClick(), Event<&D::OnDropDown>(u"OnDropDown"),
          row::FocusEvents(), row::KeyEvents(), row::MouseEvents(), Event<&D::OnSelect>(u"OnSelect")});
     return info;

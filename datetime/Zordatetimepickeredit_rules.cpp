@@ -464,7 +464,7 @@ TDateTime TDateValue::Bounded(TDateTime value) const {
     if (IsBound(FMaxDate) && value > FMaxDate)
         value = FMaxDate;
     else if (IsBound(FMinDate) && value < FMinDate)
-        value = FMinDate < LowestDate ? LowestDate : DateOf(FMinDate) + (FMinDate < 0 ? -TimeOf(value) : TimeOf(value));
+        value = FMinDate < LowestDate ? LowestDate : ComposeDateTime(FMinDate, value);
     // The last millisecond of the calendar is where text ends too.
     return std::clamp(value, LowestDate, lastDate + EncodeTime(23, 59, 59, 999));
 }
@@ -486,8 +486,7 @@ bool TDateValue::SetTime(TDateTime value) {
     if (!std::isfinite(value))
         return false;
     const TDateTime old = FDateTime;
-    const TDateTime day = DateOf(FDateTime);
-    FDateTime = day < 0 ? day - TimeOf(value) : day + TimeOf(value);
+    FDateTime = ComposeDateTime(FDateTime, value);
     if (IsBound(FMaxDate) && FDateTime > FMaxDate)
         FDateTime = FMaxDate;
     else if (IsBound(FMinDate) && FDateTime < FMinDate)

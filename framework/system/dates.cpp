@@ -167,6 +167,10 @@ TDateTime DateOf(TDateTime value) {
     return std::trunc(value) + 0.0; // no negative zero
 }
 
+TDateTime ComposeDateTime(TDateTime date, TDateTime time) {
+    return Joined(DateOf(date), TimeOf(time));
+}
+
 TDateTime TimeOf(TDateTime value) {
     return std::fabs(value - std::trunc(value));
 }

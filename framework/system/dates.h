@@ -61,6 +61,8 @@ TClockTime DecodeTime(TDateTime value);
 TDateTime DateOf(TDateTime value);
 /// The time of day, from 0 to below 1.
 TDateTime TimeOf(TDateTime value);
+/// The day of one value at the time of day of another. Not their sum: before day 0 time counts away from zero.
+TDateTime ComposeDateTime(TDateTime date, TDateTime time);
 int YearOf(TDateTime value);
 int MonthOf(TDateTime value);
 int DayOf(TDateTime value);

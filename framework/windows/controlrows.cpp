@@ -214,6 +214,14 @@ TPropRows KeyEvents() {
     return {OnKeyDown(), OnKeyPress(), OnKeyUp()};
 }
 
+TPropRows InputEvents() {
+    return {OnClick(), OnDblClick(), FocusEvents(), KeyEvents(), MouseEvents()};
+}
+
+TPropRows ParentLinks(bool parentColor) {
+    return {ParentBiDiMode(), ParentColor(parentColor), ParentCtl3D(), ParentFont(), ParentShowHint()};
+}
+
 } // namespace controlrows
 
 } // namespace framework

@@ -1,7 +1,5 @@
 #include "framework/windows/datetimepicker.h"
 
-#include "framework/windows/systemtime.h"
-
 #include <algorithm>
 #include <commctrl.h>
 
@@ -100,8 +98,7 @@ void TDateTimePicker::CreateWnd() {
     FDroppedDown = false;
     if (!FFormat.empty())
         SendMessageW(FHandle, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(WideChars(FFormat)));
-    if (FMinDate != 0 || FMaxDate != 0)
-        ShowRange();
+    FBounds.Show(FHandle, DTM_SETRANGE);
     ShowValue();
 }
 
@@ -124,16 +121,8 @@ bool TDateTimePicker::Focused() const {
 
 // The value
 
-TDateTime TDateTimePicker::Bounded(TDateTime value) const {
-    if (DateOf(FMaxDate) != 0 && DateOf(value) > DateOf(FMaxDate))
-        return DateOf(FMaxDate) + (value - DateOf(value));
-    if (DateOf(FMinDate) != 0 && DateOf(value) < DateOf(FMinDate))
-        return DateOf(FMinDate) + (value - DateOf(value));
-    return value;
-}
-
 void TDateTimePicker::SetDateTime(TDateTime value) {
-    value = Bounded(value);
+    value = FBounds.Bounded(value);
     if (FDateTime == value)
         return;
     FDateTime = value;
@@ -144,12 +133,12 @@ void TDateTimePicker::SetDateTime(TDateTime value) {
 
 void TDateTimePicker::SetDate(TDateTime value) {
     if (DateOf(value) != GetDate())
-        SetDateTime(DateOf(value) + (FDateTime - GetDate()));
+        SetDateTime(ComposeDateTime(value, FDateTime));
 }
 
 void TDateTimePicker::SetTime(TDateTime value) {
     if (TimeOf(value) != GetTime())
-        SetDateTime(GetDate() + TimeOf(value));
+        SetDateTime(ComposeDateTime(FDateTime, value));
 }
 
 void TDateTimePicker::ShowValue() {
@@ -159,28 +148,19 @@ void TDateTimePicker::ShowValue() {
         SendMessageW(FHandle, DTM_SETSYSTEMTIME, GDT_NONE, reinterpret_cast<LPARAM>(&value));
 }
 
-void TDateTimePicker::ShowRange() {
-    TCalendarRange range = CalendarRange(FMinDate, FMaxDate);
-    SendMessageW(FHandle, DTM_SETRANGE, range.Which, reinterpret_cast<LPARAM>(range.Days));
-}
-
 void TDateTimePicker::SetMaxDate(TDateTime value) {
-    value = DateOf(value);
-    if (FMaxDate == value)
-        return;
-    FMaxDate = value;
-    if (HandleAllocated())
-        ShowRange();
-    SetDateTime(FDateTime);
+    ChangeBound(FBounds.Max, value);
 }
 
 void TDateTimePicker::SetMinDate(TDateTime value) {
-    value = DateOf(value);
-    if (FMinDate == value)
+    ChangeBound(FBounds.Min, value);
+}
+
+void TDateTimePicker::ChangeBound(TDateTime& bound, TDateTime value) {
+    if (!SetBound(bound, value))
         return;
-    FMinDate = value;
     if (HandleAllocated())
-        ShowRange();
+        FBounds.Show(FHandle, DTM_SETRANGE);
     SetDateTime(FDateTime);
 }
 

@@ -2,7 +2,7 @@
 
 // A field for a date or a time of day over the native date-time picker, which brings its own typing and calendar.
 
-#include "framework/system/dates.h"
+#include "framework/windows/systemtime.h"
 #include "framework/windows/wincontrol.h"
 
 namespace framework {
@@ -68,9 +68,9 @@ public:
     TDateTimeKind GetKind() const { return FKind; }
     void SetKind(TDateTimeKind value);
     /// Bounds of what can be entered; 0 for none.
-    TDateTime GetMaxDate() const { return FMaxDate; }
+    TDateTime GetMaxDate() const { return FBounds.Max; }
     void SetMaxDate(TDateTime value);
-    TDateTime GetMinDate() const { return FMinDate; }
+    TDateTime GetMinDate() const { return FBounds.Min; }
     void SetMinDate(TDateTime value);
     /// Whether a box beside the value says that there is one.
     bool GetShowCheckbox() const { return FShowCheckbox; }
@@ -90,14 +90,12 @@ protected:
 private:
     void TakeValue(bool checked, const SYSTEMTIME& value);
     void ShowValue();
-    void ShowRange();
-    TDateTime Bounded(TDateTime value) const;
+    void ChangeBound(TDateTime& bound, TDateTime value);
     template <class TValue>
     void ChangeStyle(TValue& field, TValue value);
 
     TDateTime FDateTime;
-    TDateTime FMinDate = 0;
-    TDateTime FMaxDate = 0;
+    TCalendarBounds FBounds;
     String FFormat;
     TDateTimeKind FKind = dtkDate;
     TDTDateFormat FDateFormat = dfShort;

@@ -36,46 +36,80 @@ const TClassInfo& TCustomEdit::StaticClass() {
     return info;
 }
 
+namespace editrows {
+
+using E = TCustomEdit;
+
+TPropInfo Alignment() {
+    return Property<&E::GetAlignment, &E::SetAlignment>(u"Alignment", taLeftJustify);
+}
+
+TPropInfo AutoSelect() {
+    return Property<&E::GetAutoSelect, &E::SetAutoSelect>(u"AutoSelect", true);
+}
+
+TPropInfo BorderStyle() {
+    return controlrows::ControlBorder(Property<&E::GetBorderStyle, &E::SetBorderStyle>(u"BorderStyle", bsSingle));
+}
+
+TPropInfo CharCase() {
+    return Property<&E::GetCharCase, &E::SetCharCase>(u"CharCase", ecNormal);
+}
+
+TPropInfo HideSelection() {
+    return Property<&E::GetHideSelection, &E::SetHideSelection>(u"HideSelection", true);
+}
+
+TPropInfo MaxLength() {
+    return Property<&E::GetMaxLength, &E::SetMaxLength>(u"MaxLength", 0);
+}
+
+TPropInfo PasswordChar() {
+    return Property<&E::GetPasswordChar, &E::SetPasswordChar>(u"PasswordChar", u'\0');
+}
+
+TPropInfo ReadOnly() {
+    return Property<&E::GetReadOnly, &E::SetReadOnly>(u"ReadOnly", false);
+}
+
+TPropInfo OnChange() {
+    return Event<&E::OnChange>(u"OnChange");
+}
+
+} // namespace editrows
+
 const TClassInfo& TEdit::StaticClass() {
     namespace row = controlrows;
+    namespace edit = editrows;
     static const TClassInfo info = DescribeClass<TEdit>(
         u"TEdit", TCustomEdit::StaticClass(),
         {row::Align(),
-         Property<&TCustomEdit::GetAlignment, &TCustomEdit::SetAlignment>(u"Alignment", taLeftJustify),
+         edit::Alignment(),
          row::Anchors(),
-         Property<&TCustomEdit::GetAutoSelect, &TCustomEdit::SetAutoSelect>(u"AutoSelect", true),
+         edit::AutoSelect(),
          row::AutoSize(true),
          row::BiDiMode(),
-         row::ControlBorder(
-             Property<&TCustomEdit::GetBorderStyle, &TCustomEdit::SetBorderStyle>(u"BorderStyle", bsSingle)),
-         Property<&TCustomEdit::GetCharCase, &TCustomEdit::SetCharCase>(u"CharCase", ecNormal),
+         edit::BorderStyle(),
+         edit::CharCase(),
          row::Color(clWindow),
          row::Constraints(),
          row::Ctl3D(),
          row::DoubleBuffered(),
          row::Enabled(),
          row::Font(),
-         Property<&TCustomEdit::GetHideSelection, &TCustomEdit::SetHideSelection>(u"HideSelection", true),
-         Property<&TCustomEdit::GetMaxLength, &TCustomEdit::SetMaxLength>(u"MaxLength", 0),
+         edit::HideSelection(),
+         edit::MaxLength(),
          Property<&TCustomEdit::GetNumbersOnly, &TCustomEdit::SetNumbersOnly>(u"NumbersOnly", false),
-         row::ParentBiDiMode(),
-         row::ParentColor(false),
-         row::ParentCtl3D(),
-         row::ParentFont(),
-         row::ParentShowHint(),
-         Property<&TCustomEdit::GetPasswordChar, &TCustomEdit::SetPasswordChar>(u"PasswordChar", u'\0'),
-         Property<&TCustomEdit::GetReadOnly, &TCustomEdit::SetReadOnly>(u"ReadOnly", false),
+         row::ParentLinks(false),
+         edit::PasswordChar(),
+         edit::ReadOnly(),
          row::ShowHint(),
          row::TabOrder(),
          row::TabStop(true),
          row::Text(),
          row::Visible(),
-         Event<&TCustomEdit::OnChange>(u"OnChange"),
-         row::OnClick(),
-         row::OnDblClick(),
-         row::FocusEvents(),
-         row::KeyEvents(),
-         row::MouseEvents()});
+         edit::OnChange(),
+         row::InputEvents()});
     return info;
 }
 

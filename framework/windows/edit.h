@@ -131,6 +131,19 @@ private:
     bool FPressed = false; // a mouse button is on its way down
 };
 
+/// The rows that edits of every kind publish, for their own tables.
+namespace editrows {
+TPropInfo Alignment();
+TPropInfo AutoSelect();
+TPropInfo BorderStyle();
+TPropInfo CharCase();
+TPropInfo HideSelection();
+TPropInfo MaxLength();
+TPropInfo PasswordChar();
+TPropInfo ReadOnly();
+TPropInfo OnChange();
+} // namespace editrows
+
 class TEdit : public TCustomEdit {
     FRAMEWORK_CLASS(TEdit)
 

@@ -23,44 +23,36 @@ const TClassInfo& TCustomMaskEdit::StaticClass() {
 
 const TClassInfo& TMaskEdit::StaticClass() {
     namespace row = controlrows;
-    using E = TCustomEdit;
+    namespace edit = editrows;
     using M = TCustomMaskEdit;
-    static const TClassInfo info = DescribeClass<TMaskEdit>(
-        u"TMaskEdit", TCustomMaskEdit::StaticClass(),
-        {row::Align(),
-         Property<&E::GetAlignment, &E::SetAlignment>(u"Alignment", taLeftJustify),
-         row::Anchors(),
-         Property<&E::GetAutoSelect, &E::SetAutoSelect>(u"AutoSelect", true),
-         row::AutoSize(true),
-         row::BiDiMode(),
-         row::ControlBorder(Property<&E::GetBorderStyle, &E::SetBorderStyle>(u"BorderStyle", bsSingle)),
-         Property<&E::GetCharCase, &E::SetCharCase>(u"CharCase", ecNormal),
-         row::Color(clWindow),
-         row::Constraints(),
-         row::Ctl3D(),
-         row::DoubleBuffered(),
-         row::Enabled(),
-         Property<&M::GetEditMask, &M::SetEditMask>(u"EditMask"),
-         row::Font(),
-         Property<&E::GetMaxLength, &E::SetMaxLength>(u"MaxLength", 0),
-         row::ParentBiDiMode(),
-         row::ParentColor(false),
-         row::ParentCtl3D(),
-         row::ParentFont(),
-         row::ParentShowHint(),
-         Property<&E::GetPasswordChar, &E::SetPasswordChar>(u"PasswordChar", u'\0'),
-         Property<&E::GetReadOnly, &E::SetReadOnly>(u"ReadOnly", false),
-         row::ShowHint(),
-         row::TabOrder(),
-         row::TabStop(true),
-         Property<&M::GetText, &M::SetText>(u"Text").StoredWhen<&M::ValueStored>(),
-         row::Visible(),
-         Event<&E::OnChange>(u"OnChange"),
-         row::OnClick(),
-         row::OnDblClick(),
-         row::FocusEvents(),
-         row::KeyEvents(),
-         row::MouseEvents()});
+    static const TClassInfo info =
+        DescribeClass<TMaskEdit>(u"TMaskEdit", TCustomMaskEdit::StaticClass(),
+                                 {row::Align(),
+                                  edit::Alignment(),
+                                  row::Anchors(),
+                                  edit::AutoSelect(),
+                                  row::AutoSize(true),
+                                  row::BiDiMode(),
+                                  edit::BorderStyle(),
+                                  edit::CharCase(),
+                                  row::Color(clWindow),
+                                  row::Constraints(),
+                                  row::Ctl3D(),
+                                  row::DoubleBuffered(),
+                                  row::Enabled(),
+                                  Property<&M::GetEditMask, &M::SetEditMask>(u"EditMask"),
+                                  row::Font(),
+                                  edit::MaxLength(),
+                                  row::ParentLinks(false),
+                                  edit::PasswordChar(),
+                                  edit::ReadOnly(),
+                                  row::ShowHint(),
+                                  row::TabOrder(),
+                                  row::TabStop(true),
+                                  Property<&M::GetText, &M::SetText>(u"Text").StoredWhen<&M::ValueStored>(),
+                                  row::Visible(),
+                                  edit::OnChange(),
+                                  row::InputEvents()});
     return info;
 }
 

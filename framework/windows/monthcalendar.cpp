@@ -1,7 +1,5 @@
 #include "framework/windows/monthcalendar.h"
 
-#include "framework/windows/systemtime.h"
-
 #include <algorithm>
 #include <commctrl.h>
 
@@ -39,8 +37,7 @@ const TClassInfo& TMonthCalendar::StaticClass() {
          Property<&C::GetShowToday, &C::SetShowToday>(u"ShowToday", true),
          Property<&C::GetShowTodayCircle, &C::SetShowTodayCircle>(u"ShowTodayCircle", true), row::TabOrder(),
          row::TabStop(true), row::Visible(), Property<&C::GetWeekNumbers, &C::SetWeekNumbers>(u"WeekNumbers", false),
-         row::OnClick(), row::OnDblClick(), row::FocusEvents(), row::KeyEvents(), row::MouseEvents(),
-         Event<&C::OnSelChange>(u"OnSelChange"), Event<&C::OnViewChange>(u"OnViewChange")});
+         row::InputEvents(), Event<&C::OnSelChange>(u"OnSelChange"), Event<&C::OnViewChange>(u"OnViewChange")});
     return info;
 }
 
@@ -73,8 +70,7 @@ void TMonthCalendar::CreateWnd() {
         SendMessageW(FHandle, MCM_SETMAXSELCOUNT, static_cast<WPARAM>(FMaxSelectRange), 0);
     if (FFirstDayOfWeek != dowLocaleDefault)
         SendMessageW(FHandle, MCM_SETFIRSTDAYOFWEEK, 0, FFirstDayOfWeek);
-    if (FMinDate != 0 || FMaxDate != 0)
-        ShowRange();
+    FBounds.Show(FHandle, MCM_SETRANGE);
     ShowSelection();
     AdjustSize();
 }
@@ -114,23 +110,17 @@ void TMonthCalendar::SetCurrentView(TCalendarView value) {
 
 // Dates
 
-TDateTime TMonthCalendar::Bounded(TDateTime value) const {
-    if (FMaxDate != 0 && value > FMaxDate)
-        return FMaxDate;
-    return FMinDate != 0 && value < FMinDate ? FMinDate : value;
-}
-
 void TMonthCalendar::SetDate(TDateTime value) {
-    value = Bounded(DateOf(value));
+    value = FBounds.Bounded(DateOf(value));
     const TDateTime days = FEndDate - FDate;
     FDate = value;
-    FEndDate = Bounded(FMultiSelect ? value + days : value);
+    FEndDate = FBounds.Bounded(FMultiSelect ? value + days : value);
     if (HandleAllocated())
         ShowSelection(); // also when it is the same day: the person may have gone on to another month
 }
 
 void TMonthCalendar::SetEndDate(TDateTime value) {
-    value = Bounded(DateOf(value));
+    value = FBounds.Bounded(DateOf(value));
     if (GetEndDate() == value)
         return;
     if (!FMultiSelect || value < FDate) {
@@ -144,28 +134,19 @@ void TMonthCalendar::SetEndDate(TDateTime value) {
 }
 
 void TMonthCalendar::SetMaxDate(TDateTime value) {
-    value = DateOf(value);
-    if (FMaxDate == value)
-        return;
-    FMaxDate = value;
-    if (HandleAllocated())
-        ShowRange();
-    SetDate(FDate);
+    ChangeBound(FBounds.Max, value);
 }
 
 void TMonthCalendar::SetMinDate(TDateTime value) {
-    value = DateOf(value);
-    if (FMinDate == value)
-        return;
-    FMinDate = value;
-    if (HandleAllocated())
-        ShowRange();
-    SetDate(FDate);
+    ChangeBound(FBounds.Min, value);
 }
 
-void TMonthCalendar::ShowRange() {
-    TCalendarRange range = CalendarRange(FMinDate, FMaxDate);
-    SendMessageW(FHandle, MCM_SETRANGE, range.Which, reinterpret_cast<LPARAM>(range.Days));
+void TMonthCalendar::ChangeBound(TDateTime& bound, TDateTime value) {
+    if (!SetBound(bound, value))
+        return;
+    if (HandleAllocated())
+        FBounds.Show(FHandle, MCM_SETRANGE);
+    SetDate(FDate);
 }
 
 void TMonthCalendar::ShowSelection() {

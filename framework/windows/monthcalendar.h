@@ -2,7 +2,7 @@
 
 // A calendar from which the person picks a day, or several days in a row, over the native month calendar window.
 
-#include "framework/system/dates.h"
+#include "framework/windows/systemtime.h"
 #include "framework/windows/wincontrol.h"
 
 namespace framework {
@@ -62,9 +62,9 @@ public:
     TCalDayOfWeek GetFirstDayOfWeek() const { return FFirstDayOfWeek; }
     void SetFirstDayOfWeek(TCalDayOfWeek value);
     /// Bounds of what can be picked; 0 for none.
-    TDateTime GetMaxDate() const { return FMaxDate; }
+    TDateTime GetMaxDate() const { return FBounds.Max; }
     void SetMaxDate(TDateTime value);
-    TDateTime GetMinDate() const { return FMinDate; }
+    TDateTime GetMinDate() const { return FBounds.Min; }
     void SetMinDate(TDateTime value);
     /// How many days the person can mark with MultiSelect, from 1.
     int GetMaxSelectRange() const { return FMaxSelectRange; }
@@ -95,8 +95,7 @@ protected:
     virtual void ViewChange();
 
 private:
-    TDateTime Bounded(TDateTime value) const;
-    void ShowRange();
+    void ChangeBound(TDateTime& bound, TDateTime value);
     void ShowSelection();
     void TakeSelection(const SYSTEMTIME& first, const SYSTEMTIME& last);
     void ChangeStyle(bool& field, bool value);
@@ -104,8 +103,7 @@ private:
     TDateTime FInitialDate;
     TDateTime FDate;
     TDateTime FEndDate;
-    TDateTime FMinDate = 0;
-    TDateTime FMaxDate = 0;
+    TCalendarBounds FBounds;
     int FMaxSelectRange = 31;
     TCalDayOfWeek FFirstDayOfWeek = dowLocaleDefault;
     bool FMultiSelect = false;

@@ -78,11 +78,10 @@ const TClassInfo& TGroupBox::StaticClass() {
     namespace row = controlrows;
     static const TClassInfo info = DescribeClass<TGroupBox>(
         u"TGroupBox", TCustomGroupBox::StaticClass(),
-        {row::Align(),          row::Anchors(),         row::BiDiMode(),       row::Caption(),    row::Color(clWindow),
-         row::Constraints(),    row::Ctl3D(),           row::DoubleBuffered(), row::Enabled(),    row::Font(),
-         row::ParentBiDiMode(), row::ParentColor(true), row::ParentCtl3D(),    row::ParentFont(), row::ParentShowHint(),
-         row::ShowHint(),       row::TabOrder(),        row::TabStop(false),   row::Visible(),    row::OnClick(),
-         row::OnDblClick(),     row::FocusEvents(),     row::MouseEvents()});
+        {row::Align(), row::Anchors(), row::BiDiMode(), row::Caption(), row::Color(clWindow), row::Constraints(),
+         row::Ctl3D(), row::DoubleBuffered(), row::Enabled(), row::Font(), row::ParentLinks(true), row::ShowHint(),
+         row::TabOrder(), row::TabStop(false), row::Visible(), row::OnClick(), row::OnDblClick(), row::FocusEvents(),
+         row::MouseEvents()});
     return info;
 }
 

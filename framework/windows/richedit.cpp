@@ -70,46 +70,38 @@ const TClassInfo& TCustomRichEdit::StaticClass() {
 
 const TClassInfo& TRichEdit::StaticClass() {
     namespace row = controlrows;
-    using E = TCustomEdit;
+    namespace edit = editrows;
     using M = TCustomMemo;
     using R = TCustomRichEdit;
-    static const TClassInfo info = DescribeClass<TRichEdit>(
-        u"TRichEdit", TCustomRichEdit::StaticClass(),
-        {row::Align(),
-         Property<&E::GetAlignment, &E::SetAlignment>(u"Alignment", taLeftJustify),
-         row::Anchors(),
-         row::BiDiMode(),
-         row::ControlBorder(Property<&E::GetBorderStyle, &E::SetBorderStyle>(u"BorderStyle", bsSingle)),
-         row::Color(clWindow),
-         row::Ctl3D(),
-         row::Enabled(),
-         row::Font(),
-         Property<&E::GetHideSelection, &E::SetHideSelection>(u"HideSelection", true),
-         Property<&R::GetHideScrollBars, &R::SetHideScrollBars>(u"HideScrollBars", true),
-         row::Constraints(),
-         Property<&M::GetLines, &M::SetLines>(u"Lines"),
-         Property<&E::GetMaxLength, &E::SetMaxLength>(u"MaxLength", 0),
-         row::ParentBiDiMode(),
-         row::ParentColor(false),
-         row::ParentCtl3D(),
-         row::ParentFont(),
-         row::ParentShowHint(),
-         Property<&R::GetPlainText, &R::SetPlainText>(u"PlainText", false),
-         Property<&E::GetReadOnly, &E::SetReadOnly>(u"ReadOnly", false),
-         Property<&M::GetScrollBars, &M::SetScrollBars>(u"ScrollBars", ssNone),
-         row::ShowHint(),
-         row::TabOrder(),
-         row::TabStop(true),
-         row::Visible(),
-         Property<&M::GetWantTabs, &M::SetWantTabs>(u"WantTabs", false),
-         Property<&M::GetWantReturns, &M::SetWantReturns>(u"WantReturns", true),
-         Property<&M::GetWordWrap, &M::SetWordWrap>(u"WordWrap", true),
-         Event<&E::OnChange>(u"OnChange"),
-         row::OnClick(),
-         row::OnDblClick(),
-         row::FocusEvents(),
-         row::KeyEvents(),
-         row::MouseEvents()});
+    static const TClassInfo info =
+        DescribeClass<TRichEdit>(u"TRichEdit", TCustomRichEdit::StaticClass(),
+                                 {row::Align(),
+                                  edit::Alignment(),
+                                  row::Anchors(),
+                                  row::BiDiMode(),
+                                  edit::BorderStyle(),
+                                  row::Color(clWindow),
+                                  row::Ctl3D(),
+                                  row::Enabled(),
+                                  row::Font(),
+                                  edit::HideSelection(),
+                                  Property<&R::GetHideScrollBars, &R::SetHideScrollBars>(u"HideScrollBars", true),
+                                  row::Constraints(),
+                                  Property<&M::GetLines, &M::SetLines>(u"Lines"),
+                                  edit::MaxLength(),
+                                  row::ParentLinks(false),
+                                  Property<&R::GetPlainText, &R::SetPlainText>(u"PlainText", false),
+                                  edit::ReadOnly(),
+                                  Property<&M::GetScrollBars, &M::SetScrollBars>(u"ScrollBars", ssNone),
+                                  row::ShowHint(),
+                                  row::TabOrder(),
+                                  row::TabStop(true),
+                                  row::Visible(),
+                                  Property<&M::GetWantTabs, &M::SetWantTabs>(u"WantTabs", false),
+                                  Property<&M::GetWantReturns, &M::SetWantReturns>(u"WantReturns", true),
+                                  Property<&M::GetWordWrap, &M::SetWordWrap>(u"WordWrap", true),
+                                  edit::OnChange(),
+                                  row::InputEvents()});
     return info;
 }
 

@@ -5,17 +5,32 @@
 
 namespace framework {
 
-TCalendarRange CalendarRange(TDateTime minDate, TDateTime maxDate) {
-    TCalendarRange range;
-    if (DateOf(minDate) != 0) {
-        range.Which |= GDTR_MIN;
-        range.Days[0] = ToSystemTime(std::max(minDate, FirstCalendarDay));
+TDateTime TCalendarBounds::Bounded(TDateTime value) const {
+    const TDateTime day = DateOf(value);
+    if (Max != 0 && day > Max)
+        return ComposeDateTime(Max, value);
+    return Min != 0 && day < Min ? ComposeDateTime(Min, value) : value;
+}
+
+void TCalendarBounds::Show(HWND window, UINT message) const {
+    WPARAM which = 0;
+    SYSTEMTIME days[2]{};
+    if (Min != 0) {
+        which |= GDTR_MIN;
+        days[0] = ToSystemTime(std::max(Min, FirstCalendarDay));
     }
-    if (DateOf(maxDate) != 0) {
-        range.Which |= GDTR_MAX;
-        range.Days[1] = ToSystemTime(std::max(maxDate, FirstCalendarDay));
+    if (Max != 0) {
+        which |= GDTR_MAX;
+        days[1] = ToSystemTime(std::max(Max, FirstCalendarDay));
     }
-    return range;
+    SendMessageW(window, message, which, reinterpret_cast<LPARAM>(days));
+}
+
+bool SetBound(TDateTime& bound, TDateTime value) {
+    if (bound == DateOf(value))
+        return false;
+    bound = DateOf(value);
+    return true;
 }
 
 } // namespace framework

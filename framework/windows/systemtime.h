@@ -30,12 +30,17 @@ inline TDateTime FromSystemTime(const SYSTEMTIME& value) {
                           value.wMilliseconds);
 }
 
-/// The two bounds for MCM_SETRANGE and DTM_SETRANGE: which of them count (GDTR_...), and their days.
-struct TCalendarRange {
-    WPARAM Which = 0;
-    SYSTEMTIME Days[2]{};
+/// The days between which a native calendar lets the person choose: whole days, 0 for no bound.
+struct TCalendarBounds {
+    TDateTime Min = 0;
+    TDateTime Max = 0;
+
+    /// `value` with its day moved to the bound that it lies beyond, its time kept.
+    TDateTime Bounded(TDateTime value) const;
+    /// Tells the window of a calendar by MCM_SETRANGE, or that of a picker by DTM_SETRANGE.
+    void Show(HWND window, UINT message) const;
 };
-/// Bounds without whole days are none.
-TCalendarRange CalendarRange(TDateTime minDate, TDateTime maxDate);
+/// Changes one of the bounds to the day of `value`; false when it was that already.
+bool SetBound(TDateTime& bound, TDateTime value);
 
 } // namespace framework

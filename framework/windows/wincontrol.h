@@ -259,6 +259,10 @@ TPropInfo OnKeyUp();
 TPropRows FocusEvents();
 /// OnKeyDown, OnKeyPress and OnKeyUp.
 TPropRows KeyEvents();
+/// What the mouse, the focus and the keys bring: OnClick, OnDblClick, FocusEvents, KeyEvents and MouseEvents.
+TPropRows InputEvents();
+/// What a control follows its parent in: ParentBiDiMode, ParentColor, ParentCtl3D, ParentFont and ParentShowHint.
+TPropRows ParentLinks(bool parentColor);
 } // namespace controlrows
 
 /// True while the native procedure of any control runs: a window that died meanwhile must not be freed yet.

@@ -179,6 +179,12 @@ TEST_F(PickerTest, HoldsDateAndTimeApart) {
         EXPECT_EQ(Picker.GetDate(), kDay - 1);
         Picker.SetMaxDate(0);
         Picker.SetMinDate(0);
+        Picker.SetDate(-30);
+        EXPECT_EQ(Picker.GetDateTime(), -30.5); // noon of that day
+        Picker.SetTime(0.25);
+        EXPECT_EQ(Picker.GetDateTime(), -30.25);
+        Picker.SetDate(kDay - 1);
+        Picker.SetTime(0.5);
     }
     EXPECT_EQ(Shown(), kDay - 0.5);
     EXPECT_EQ(Changes, 0);
