@@ -66,6 +66,8 @@ void MoveMouse(TPoint point) {
     pointer = point;
     bool arrived = false;
     for (int i = 0; i < 20 && !arrived; ++i) {
+        // A pointer that is there already is not told to anybody, not even to a window that came up below it.
+        SendAndHandle(MouseMoveInputs({point.X + 1, point.Y}));
         SendAndHandle(MouseMoveInputs(point));
         arrived = PointerStays(point);
     }
