@@ -64,3 +64,5 @@ if(CMAKE_CROSSCOMPILING AND windowTests)
         set_tests_properties(desktop.stop.${locale} PROPERTIES FIXTURES_CLEANUP desktop-${locale})
     endforeach()
 endif()
+
+include(cmake/docs.cmake)

@@ -1,0 +1,22 @@
+# The examples of the documentation, compiled and nothing more: what a page shows has to be true.
+
+find_package(Python3 COMPONENTS Interpreter)
+if(NOT Python3_FOUND)
+    message(STATUS "The examples of the documentation are not compiled: there is no Python")
+    return()
+endif()
+file(GLOB_RECURSE docsPages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/README.md" "${PROJECT_SOURCE_DIR}/docs/*.md")
+set(docsSources)
+foreach(page IN LISTS docsPages)
+    file(STRINGS ${page} example REGEX "^```cpp$" LIMIT_COUNT 1)
+    if(example)
+        get_filename_component(name ${page} NAME_WE)
+        set(source ${PROJECT_BINARY_DIR}/docs/${name}.cpp)
+        add_custom_command(OUTPUT ${source} DEPENDS ${page} ${PROJECT_SOURCE_DIR}/tools/docs-code VERBATIM
+            COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/docs-code ${page} ${source})
+        list(APPEND docsSources ${source})
+    endif()
+endforeach()
+add_library(docs_examples OBJECT ${docsSources})
+zor_set_warnings(docs_examples)
+target_link_libraries(docs_examples PRIVATE zor::zor)
