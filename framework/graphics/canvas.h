@@ -14,6 +14,13 @@
 namespace framework {
 
 class TBitmap;
+class TCanvas;
+
+enum TGradientDirection { gdHorizontal, gdVertical };
+
+/// Fills a rectangle with a run from one colour to another, from the left or from the top. The pen, the brush and the
+/// font of the canvas are not needed for it.
+void GradientFillCanvas(TCanvas* canvas, TColor start, TColor end, const TRect& rect, TGradientDirection direction);
 
 class TCanvas : public TPersistent {
     FRAMEWORK_CLASS(TCanvas)
@@ -103,6 +110,8 @@ protected:
     HDC RequireHandle();
 
 private:
+    friend void GradientFillCanvas(TCanvas*, TColor, TColor, const TRect&, TGradientDirection);
+
     HDC WithFont();
     HDC WithPen();
     HDC WithBrush();
@@ -139,10 +148,5 @@ public:
 private:
     std::shared_ptr<TCanvas> FCanvas;
 };
-
-enum TGradientDirection { gdHorizontal, gdVertical };
-
-/// Fills a rectangle with a run from one colour to another, from the left or from the top.
-void GradientFillCanvas(TCanvas* canvas, TColor start, TColor end, const TRect& rect, TGradientDirection direction);
 
 } // namespace framework
