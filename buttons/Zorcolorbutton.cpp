@@ -40,10 +40,15 @@ const TClassInfo& TZORColorButton::StaticClass() {
 
 // Colours
 
+void TZORColors::Changed() {
+    const TStateChangeEvent handler = OnStateChangeEvent; // which may put another one in its own place
+    if (handler)
+        handler(this);
+}
+
 void TZORColors::Store(TColor& color, TColor value) {
     color = value;
-    if (OnStateChangeEvent)
-        OnStateChangeEvent(this);
+    Changed();
 }
 
 void TZORColors::setGradientStart(TColor value) {
@@ -66,10 +71,11 @@ void TZORColors::Assign(TPersistent* source) {
     const auto* colors = As<TZORColors>(source);
     if (!colors)
         return TPersistent::Assign(source);
-    setGradientStart(colors->FGradientStart);
-    setGradientEnd(colors->FGradientEnd);
-    setFrame(colors->FFrame);
-    setBorder(colors->FBorder);
+    FGradientStart = colors->FGradientStart;
+    FGradientEnd = colors->FGradientEnd;
+    FFrame = colors->FFrame;
+    FBorder = colors->FBorder;
+    Changed();
 }
 
 // Life and style
@@ -220,12 +226,14 @@ private:
 
 void TZORColorButton::CNDrawItem(TMessage& message) {
     const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(message.LParam);
+    TPen plain;
     const std::shared_ptr<TCanvas> canvas = FCanvas;
     const TSavedDC saved(item.hDC);
     const TCanvasLock lock(*canvas);
     const TCanvasBinding binding(canvas, item.hDC);
     canvas->SetFont(GetFont());
     canvas->SetBrush(GetBrush());
+    canvas->SetPen(&plain); // the handler of the last painting may have left another
     message.Result = TRUE;
     DrawButton(*canvas, FromWin(item.rcItem), OwnerDrawState(item));
 }
@@ -239,7 +247,7 @@ void TZORColorButton::DrawButton(TCanvas& canvas, const TRect& rect, TOwnerDrawS
     KeepShape();
     canvas.GetBrush()->SetStyle(bsClear);
     canvas.GetFont()->SetColor(face.Text);
-    DrawCaption(canvas, rect, state);
+    DrawCaption(canvas, rect);
     canvas.GetPen()->SetColor(FColors->getBorder());
     canvas.RoundRect(rect.Left, rect.Top, rect.Right - 1, rect.Bottom - 1, 5, 5);
     if (FDefaultLook) {
@@ -250,10 +258,8 @@ void TZORColorButton::DrawButton(TCanvas& canvas, const TRect& rect, TOwnerDrawS
         Fire(*this, OnDrawButton, this, rect, state);
 }
 
-void TZORColorButton::DrawCaption(TCanvas& canvas, TRect rect, TOwnerDrawState state) {
+void TZORColorButton::DrawCaption(TCanvas& canvas, TRect rect) {
     UINT flags = DT_CENTER | DT_VCENTER | DT_SINGLELINE;
-    if (state.Contains(odNoAccel))
-        flags |= DT_HIDEPREFIX; // underlined once the person uses the keyboard
     if (UseRightToLeftReading())
         flags |= DT_RTLREADING;
     canvas.TextRect(rect, GetText(), flags);

@@ -26,8 +26,8 @@ public:
     FRAMEWORK_PROPERTY(TColor, Frame, getFrame, setFrame);
     FRAMEWORK_PROPERTY(TColor, Border, getBorder, setBorder);
 
-    /// Fired by every write of a colour, also of the one that is there already. The button that owns the colours
-    /// listens here; a host that takes the event over repaints the button itself.
+    /// Fired by every write of a colour, also of the one that is there already, and once by Assign. The button that
+    /// owns the colours listens here; a host that takes the event over repaints the button itself.
     TStateChangeEvent OnStateChangeEvent;
 
     explicit TZORColors(TPersistent* owner = nullptr) : FOwner(owner) {}
@@ -46,10 +46,11 @@ public:
     void setBorder(TColor value);
     TPersistent* GetOwner() const override { return FOwner; }
 
-    /// Takes the four colours of another TZORColors, one after the other.
+    /// Takes the four colours of another TZORColors.
     void Assign(TPersistent* source) override;
 
 private:
+    void Changed();
     void Store(TColor& color, TColor value);
 
     TPersistent* FOwner;
@@ -105,7 +106,7 @@ private:
     void KeepShape();
     void CNDrawItem(TMessage& message);
     void DrawButton(TCanvas& canvas, const TRect& rect, TOwnerDrawState state);
-    void DrawCaption(TCanvas& canvas, TRect rect, TOwnerDrawState state);
+    void DrawCaption(TCanvas& canvas, TRect rect);
 
     std::unique_ptr<TZORColors> FColors;
     std::shared_ptr<TCanvas> FCanvas; // shared with a painting that runs: a handler may free the button

@@ -39,15 +39,15 @@ protected:
     void ExpectColor(TPoint point, TColor expected, const char* what) {
         EXPECT_EQ(PixelOf(Button, point), static_cast<COLORREF>(expected)) << what;
     }
-    /// The gradient between the colours, to the pixel row; a rounding step of the system is allowed.
+    /// The gradient between the colours in each row beside the caption; a rounding step of the system is allowed.
     void ExpectGradient(TColor start, TColor end) {
-        for (int y : {3, 10, 20, kSize.Height - 5}) {
+        for (int y = 3; y < kSize.Height - 4; ++y) {
             const COLORREF actual = PixelOf(Button, {5, y});
+            EXPECT_EQ(PixelOf(Button, {kSize.Width - 8, y}), actual) << "row " << y;
             for (int shift : {0, 8, 16}) {
                 const int from = Channel(static_cast<COLORREF>(start), shift);
                 const int to = Channel(static_cast<COLORREF>(end), shift);
-                const int expected = from + (to - from) * y / kSize.Height;
-                EXPECT_NEAR(Channel(actual, shift), expected, 1) << "row " << y;
+                EXPECT_NEAR(Channel(actual, shift), from + (to - from) * y / kSize.Height, 1) << "row " << y;
             }
         }
     }
@@ -140,8 +140,16 @@ TEST_F(ColorButtonTest, AColourSetByHandMakesTheStyleTheUsers) {
 
     TZORColors other;
     other.Frame = clRed;
+    int told = 0;
+    Button.Colors->OnStateChangeEvent = [&](TPersistent*) {
+        Button.ColorStyles = csUser; // which puts the button's own handler in place of this one
+        ++told;
+    };
     Button.Colors = &other;
+    EXPECT_EQ(told, 1) << "four colours are one change";
     EXPECT_EQ(Button.Colors->Frame, clRed);
+    Button.ColorStyles = csRed;
+    Button.Colors = &other;
     EXPECT_EQ(Button.ColorStyles, csUser);
 }
 
@@ -208,11 +216,13 @@ TEST_F(ColorButtonTest, DrawsByTheProgramOverItsFace) {
         auto& button = static_cast<TZORColorButton&>(*control);
         button.Canvas->GetBrush()->SetColor(state.Contains(odDisabled) ? clGray : clYellow);
         button.Canvas->FillRect({10, 10, rect.Right - 10, 20});
+        button.Canvas->Pen->Width = 9;
     };
     Button.Repaint();
     ExpectColor({15, 15}, clYellow, "enabled");
     Button.SetEnabled(false);
     ExpectColor({15, 15}, clGray, "disabled");
+    ExpectColor({3, 25}, 0xF4F4F4, "the outline is as thin as ever");
 }
 
 TEST_F(ColorButtonTest, GivesBackWhatItTakesAtEverySize) {
