@@ -130,8 +130,10 @@ void TCustomMaskEdit::Show(const TMaskEntry& entry) {
         if (!alive)
             return;
         FWriting = false;
-    } else if (before != entry.Text) {
+    } else if (before != entry.Text) { // after a composition, whose text had another length
         SetEditText(entry.Text);
+        if (alive)
+            SetModified(true);
     }
     if (alive && HandleAllocated())
         SetSelection({entry.Start, entry.End});
@@ -146,8 +148,6 @@ void TCustomMaskEdit::Edit(void (*change)(const TParsedMask& mask, TMaskEntry& e
 }
 
 void TCustomMaskEdit::Paste(StringView text) {
-    if (!MayEdit())
-        return;
     TMaskEntry entry = Entry();
     String cased(text);
     std::transform(cased.begin(), cased.end(), cased.begin(), [this](char16_t unit) { return CasedForField(unit); });
@@ -207,10 +207,12 @@ bool TCustomMaskEdit::HandleMaskKey(WORD key, TShiftState shift) {
         Reset();
         return true;
     case VK_LEFT:
+    case VK_UP: // in a single line the same
         if (plain)
             MoveCaret(std::max(PlaceBefore(*FMask, selection.Start), 0));
         return plain;
     case VK_RIGHT:
+    case VK_DOWN:
         if (plain)
             MoveCaret(selection.Start + 1);
         return plain;
@@ -313,8 +315,10 @@ void TCustomMaskEdit::Dispatch(TMessage& message) {
         return TCustomEdit::Dispatch(message);
     switch (message.Msg) {
     case WM_PASTE:
-        if (const std::optional<String> text = ClipboardText(FHandle))
-            Paste(*text);
+        if (MayEdit()) {
+            if (const std::optional<String> text = ClipboardText(FHandle))
+                Paste(*text);
+        }
         return;
     case WM_CUT:
         if (MayEdit()) {
@@ -327,7 +331,9 @@ void TCustomMaskEdit::Dispatch(TMessage& message) {
     case EM_REPLACESEL:
         if (FWriting || FBeforeComposition)
             break;
-        Paste(reinterpret_cast<const char16_t*>(message.LParam));
+        // The program may, also in a field that is read-only, as in any edit.
+        if (const auto* text = reinterpret_cast<const char16_t*>(message.LParam))
+            Paste(text);
         return;
     case CM_WANTSPECIALKEY:
         // Esc first takes back what was typed; the next one may close a dialog.
@@ -363,10 +369,12 @@ void TCustomMaskEdit::CompositionBegins() {
 void TCustomMaskEdit::CompositionEnds() {
     if (!FBeforeComposition)
         return;
-    // What the input method has put in place of the selection goes the way of a pasted text.
     TMaskEntry entry = *std::exchange(FBeforeComposition, std::nullopt);
     DoSetMaxLength(GetMaxLength());
     String composed = GetEditText();
+    if (composed == entry.Text)
+        return Show(entry); // it was given up
+    // What the input method has put in place of the selection goes the way of a pasted text.
     const auto kept = entry.Text.size() - static_cast<std::size_t>(entry.End - entry.Start);
     if (composed.size() >= kept)
         composed = composed.substr(static_cast<std::size_t>(entry.Start), composed.size() - kept);

@@ -241,6 +241,17 @@ TEST_F(FramedFamily, MaskEditHintsUntilSomethingIsEntered) {
     edit->SetFocus();
     edit->SelLength = 0;
     EXPECT_GT(inkBehindHint(), 0) << "with the focus the mask shows";
+
+    Application->OnException = [](TObject*, const std::exception&) {};
+    edit->EditMask = u"00-00;1;_";
+    TypeText(u"1");
+    PressKey(VK_TAB); // is refused
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(WaitFor([&] { return edit->IsEmpty(); }));
+    EXPECT_TRUE(edit->Focused());
+    edit->SelLength = 0;
+    EXPECT_GT(inkBehindHint(), 0) << "a field that was not left still has the focus";
+    Application->OnException = nullptr;
 }
 
 TEST_F(FramedFamily, MaskEditTellsWhatIsMissingInTheUsersLanguage) {
