@@ -315,8 +315,10 @@ void TCustomMemo::WMPaste() {
 
 void TCustomMemo::Dispatch(TMessage& message) {
     switch (message.Msg) {
-    case WM_SETTEXT: {
+    case WM_SETTEXT:
         FLines->Forget();
+        [[fallthrough]];
+    case EM_REPLACESEL: {
         const auto* text = reinterpret_cast<const char16_t*>(message.LParam);
         if (!text || HasNativeLineEnds(text))
             break;

@@ -114,7 +114,7 @@ void TCustomRichEdit::CreateParams(TCreateParams& params) {
     TCustomMemo::CreateParams(params);
     NeedRichEditClass();
     CreateSubClass(params, MSFTEDIT_CLASS);
-    params.Style &= ~static_cast<DWORD>(ES_UPPERCASE | ES_LOWERCASE | ES_NUMBER | ES_LEFT | ES_CENTER | ES_RIGHT);
+    params.Style &= ~static_cast<DWORD>(ES_UPPERCASE | ES_LOWERCASE | ES_NUMBER);
     if (!FHideScrollBars)
         params.Style |= ES_DISABLENOSCROLL;
 }
@@ -124,14 +124,29 @@ void TCustomRichEdit::CreateWnd() {
     TCustomMemo::CreateWnd();
     SendMessageW(FHandle, EM_SETTARGETDEVICE, 0, GetWordWrap() ? 0 : 1);
     ShowColors();
-    if (!rtf.empty()) {
-        const TSelection selection = GetSelection();
-        const bool modified = GetModified();
+    const TSelection selection = GetSelection();
+    const bool modified = GetModified();
+    if (!rtf.empty())
         SetRtf(rtf);
-        SetSelection(selection);
-        SetModified(modified);
-    }
+    AlignParagraphs(rtf.empty());
+    SetSelection(selection);
+    SetModified(modified);
     SendMessageW(FHandle, EM_SETEVENTMASK, 0, ENM_CHANGE); // what the window was made with is no change
+}
+
+/// The window takes no notice of the alignment in its style. What is formatted keeps the alignment of its paragraphs
+/// until the control gets another one.
+void TCustomRichEdit::AlignParagraphs(bool plain) {
+    const LONG_PTR alignment = GetWindowLongPtrW(FHandle, GWL_STYLE) & (ES_CENTER | ES_RIGHT);
+    const bool another = std::exchange(FAlignedAs, alignment) != alignment;
+    if (!another && !(plain && alignment != ES_LEFT))
+        return;
+    PARAFORMAT format{};
+    format.cbSize = sizeof(format);
+    format.dwMask = PFM_ALIGNMENT;
+    format.wAlignment = alignment == ES_CENTER ? PFA_CENTER : alignment == ES_RIGHT ? PFA_RIGHT : PFA_LEFT;
+    SendMessageW(FHandle, EM_SETSEL, 0, -1);
+    SendMessageW(FHandle, EM_SETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
 }
 
 void TCustomRichEdit::KeepWindowState() {

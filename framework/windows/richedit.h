@@ -42,11 +42,13 @@ protected:
 
 private:
     void ShowColors();
+    void AlignParagraphs(bool plain);
     /// Replaces everything by RTF; EConvertError when the window does not understand it.
     void SetRtf(std::string_view rtf);
     std::string GetRtf() const;
 
-    std::string FKeptRtf; // while there is no window; empty when the text has changed since
+    std::string FKeptRtf;    // while there is no window; empty when the text has changed since
+    LONG_PTR FAlignedAs = 0; // the ES_... bits of the alignment that the paragraphs were given last
     bool FHideScrollBars = true;
     bool FPlainText = false;
     bool FSettingText = false;

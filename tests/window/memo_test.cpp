@@ -67,6 +67,11 @@ TYPED_TEST(Memo, LinesAndTextAreOne) {
         lines.Text = u"a\nb\rc\r\n\r\nd"; // ends of every kind
         EXPECT_EQ(this->Edit->GetText(), u"a\r\nb\r\nc\r\n\r\nd");
         EXPECT_EQ(lines.Count, 5);
+        this->Edit->SelStart = 1;
+        this->Edit->SelText = u"A\n"; // and inserted ones
+        EXPECT_EQ(lines.CommaText, u"aA,,b,c,,d");
+        lines.Delete(1);
+        lines.Put(0, u"a");
         lines.Exchange(0, 4);
         EXPECT_EQ(lines.CommaText, u"d,b,c,,a");
         lines.Clear();
@@ -247,6 +252,30 @@ TEST_F(RichEdit, LoadsAndSavesRtf) {
     std::ostringstream plain;
     Edit->Lines->SaveToStream(plain);
     EXPECT_EQ(Utf8Encode(Trim(Utf8Decode(plain.str()))), "plain bold and \xC5\xBC\r\nsecond");
+}
+
+TEST_F(RichEdit, AlignsItsText) {
+    Edit->Text = u"abc";
+    const auto left = [&] {
+        POINTL at{};
+        SendMessageW(Edit->Handle, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&at), 0);
+        return at.x;
+    };
+    EXPECT_LT(left(), 10);
+    Edit->Alignment = taRightJustify;
+    EXPECT_GT(left(), 200);
+    Edit->Text = u"def";
+    EXPECT_GT(left(), 200) << "a new text, too";
+    Edit->Parent = nullptr;
+    Edit->Text = u"ghi"; // without a window
+    Edit->Parent = Form.get();
+    EXPECT_GT(left(), 200);
+    std::istringstream formatted("{\\rtf1\\ansi\\pard\\ql abc\\par}");
+    Edit->Lines->LoadFromStream(formatted);
+    Edit->RecreateWnd();
+    EXPECT_LT(left(), 10) << "what is formatted has its own";
+    Edit->Alignment = taCenter;
+    EXPECT_GT(left(), 100);
 }
 
 } // namespace
