@@ -1,10 +1,12 @@
-// What painting a gradient button costs, beside owner-drawn native buttons painted by hand: with the gradient alone,
-// and with the same picture.
+// What painting gradient buttons costs, beside owner-drawn native buttons painted by hand: with the gradient alone, and
+// with the same picture in the same kind of window. The system works out what shows of a window from its siblings above
+// it, and rounded ones take it longer; so the same number of buttons is painted in panels, too.
 
 #include "bench/measure.h"
 #include "buttons/Zorcolorbutton.h"
 #include "framework/graphics/handles.h"
 #include "framework/windows/application.h"
+#include "framework/windows/panel.h"
 
 using namespace framework;
 using namespace ZOR;
@@ -15,15 +17,26 @@ namespace {
 constexpr int Buttons = 1000;
 constexpr int Columns = 25;
 constexpr TSize Size{48, 20};
+constexpr TSize Step{50, 22};
 
-TPoint PlaceOfButton(int index) {
-    return {index % Columns * (Size.Width + 2), index / Columns * (Size.Height + 2)};
+enum class TPlace {
+    Form,  ///< all on one form
+    Panels ///< each row on a panel
+};
+
+TRect RowOfButton(int index) {
+    return Bounds(0, index / Columns * Step.Height, Columns * Step.Width, Step.Height);
 }
 
-/// What the window procedure of a form by hand paints.
+TRect PlaceOfButton(int index, TPlace place) {
+    return Bounds(index % Columns * Step.Width, place == TPlace::Form ? RowOfButton(index).Top : 0, Size.Width,
+                  Size.Height);
+}
+
+/// What a program by hand makes of its buttons.
 enum class TFace {
     Gradient, ///< the filling alone
-    Whole,    ///< the same picture: caption and outline too, in a window with rounded corners
+    Whole,    ///< the same picture: caption and outline too, in a window with rounded corners, clipped at its siblings
 };
 
 void DrawByHand(const DRAWITEMSTRUCT& item, TFace face) {
@@ -50,7 +63,7 @@ LRESULT CALLBACK HandForm(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return TRUE;
 }
 
-HWND FormByHand(TFace face, HFONT font) {
+HWND WindowByHand(TFace face, HWND parent, DWORD style, const TRect& place) {
     static const wchar_t* className = [] {
         WNDCLASSW windowClass{};
         windowClass.lpfnWndProc = HandForm;
@@ -60,13 +73,24 @@ HWND FormByHand(TFace face, HFONT font) {
         RegisterClassW(&windowClass);
         return windowClass.lpszClassName;
     }();
-    const HWND form = CreateWindowExW(0, className, L"By hand", WS_POPUP | WS_CLIPCHILDREN, 0, 0, 1260, 890, nullptr,
-                                      nullptr, nullptr, nullptr);
-    SetWindowLongPtrW(form, GWLP_USERDATA, static_cast<LONG_PTR>(face));
+    const HWND window = CreateWindowExW(0, className, L"By hand", style | WS_CLIPCHILDREN, place.Left, place.Top,
+                                        place.Width(), place.Height(), parent, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(window, GWLP_USERDATA, static_cast<LONG_PTR>(face));
+    return window;
+}
+
+constexpr TRect FormPlace{0, 0, 1260, 890};
+
+HWND FormByHand(TFace face, TPlace place, HFONT font) {
+    const HWND form = WindowByHand(face, nullptr, WS_POPUP, FormPlace);
+    const DWORD style = face == TFace::Whole ? WS_CLIPSIBLINGS : 0;
+    HWND parent = form;
     for (int i = 0; i < Buttons; ++i) {
-        const TPoint place = PlaceOfButton(i);
-        const HWND button = CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, place.X, place.Y,
-                                            Size.Width, Size.Height, form, nullptr, nullptr, nullptr);
+        if (place == TPlace::Panels && i % Columns == 0)
+            parent = WindowByHand(face, form, WS_CHILD | WS_VISIBLE, RowOfButton(i));
+        const TRect at = PlaceOfButton(i, place);
+        const HWND button = CreateWindowExW(0, L"BUTTON", L"OK", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW | style, at.Left,
+                                            at.Top, at.Width(), at.Height(), parent, nullptr, nullptr, nullptr);
         SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
         if (face == TFace::Whole)
             SetWindowRgn(button, CreateRoundRectRgn(0, 0, Size.Width, Size.Height, 4, 4), FALSE);
@@ -75,16 +99,23 @@ HWND FormByHand(TFace face, HFONT font) {
     return form;
 }
 
-std::unique_ptr<TForm> FormOfColorButtons() {
+std::unique_ptr<TForm> FormOfColorButtons(TPlace place) {
     auto form = std::make_unique<TForm>(nullptr);
     form->SetBorderStyle(bsNone);
-    form->SetBounds(0, 0, 1260, 890);
+    form->SetBoundsRect(FormPlace);
+    TWinControl* parent = form.get();
     for (int i = 0; i < Buttons; ++i) {
+        if (place == TPlace::Panels && i % Columns == 0) {
+            auto* panel = new TPanel(form.get());
+            panel->SetBevelOuter(bvNone);
+            panel->SetBoundsRect(RowOfButton(i));
+            panel->SetParent(form.get());
+            parent = panel;
+        }
         auto* button = new TZORColorButton(form.get(), csBlue);
-        const TPoint place = PlaceOfButton(i);
-        button->SetBounds(place.X, place.Y, Size.Width, Size.Height);
+        button->SetBoundsRect(PlaceOfButton(i, place));
         button->SetText(u"OK");
-        button->SetParent(form.get());
+        button->SetParent(parent);
     }
     form->Show();
     return form;
@@ -99,20 +130,23 @@ double PaintAll(HWND form) {
     });
 }
 
+void Compare(const char* what, TPlace place, TFace face, double aim) {
+    const auto form = FormOfColorButtons(place);
+    const HWND hand = FormByHand(face, place, form->GetFont()->GetHandle());
+    const auto ours = [&] { return PaintAll(form->GetHandle()); };
+    PrintRatio(what, MedianPair(ours, [&] { return PaintAll(hand); }), "ms", aim);
+    DestroyWindow(hand);
+}
+
 } // namespace
 
 int main() {
     TheApplication().Initialize();
     try {
-        const auto form = FormOfColorButtons();
-        const HFONT font = form->GetFont()->GetHandle();
-        const auto ours = [&] { return PaintAll(form->GetHandle()); };
-        const HWND filled = FormByHand(TFace::Gradient, font);
-        PrintRatio("1,000 buttons, gradient only", MedianPair(ours, [&] { return PaintAll(filled); }), "ms", 1.3);
-        DestroyWindow(filled);
-        const HWND whole = FormByHand(TFace::Whole, font);
-        PrintRatio("1,000 buttons, same picture", MedianPair(ours, [&] { return PaintAll(whole); }), "ms", 1.3);
-        DestroyWindow(whole);
+        Compare("one form, beside fillings", TPlace::Form, TFace::Gradient, 1.3);
+        Compare("one form, the same by hand", TPlace::Form, TFace::Whole, 1.3);
+        Compare("40 panels, beside fillings", TPlace::Panels, TFace::Gradient, 1.3);
+        Compare("40 panels, the same by hand", TPlace::Panels, TFace::Whole, 1.3);
     } catch (const std::exception& error) {
         std::printf("%s\n", error.what());
         return 1;
