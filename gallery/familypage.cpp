@@ -100,8 +100,9 @@ void TFamilyPage::ConsentClick(TObject* sender) {
 
 void TFamilyPage::AvailableClick(TObject* sender) {
     const auto* box = As<ZOR::TZORCheckBox>(sender);
-    for (const char16_t* name :
-         {u"PhoneEdit", u"NotesMemo", u"ReportEdit", u"BranchList", u"ScopeList", u"UrgentBox", u"TermCalendar"}) {
+    // Where a control has no caption of its own, the label beside it goes with it.
+    for (const char16_t* name : {u"PhoneEdit", u"NotesMemo", u"ReportLabel", u"ReportEdit", u"BranchLabel",
+                                 u"BranchList", u"ScopeList", u"UrgentBox", u"TermCalendar"}) {
         if (auto* control = As<TControl>(FindComponent(name)); control && box)
             control->SetEnabled(box->GetChecked());
     }

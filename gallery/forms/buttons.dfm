@@ -57,7 +57,7 @@ object ButtonsPage: TButtonsPage
     Left = 12
     Top = 56
     Width = 360
-    Height = 150
+    Height = 124
     Caption = 'Style'
     TabOrder = 1
     object PlainButton: TZORColorButton
@@ -132,7 +132,7 @@ object ButtonsPage: TButtonsPage
     Left = 388
     Top = 56
     Width = 360
-    Height = 150
+    Height = 124
     Caption = 'Stany'
     TabOrder = 2
     object DefaultButton: TZORColorButton
@@ -207,7 +207,7 @@ object ButtonsPage: TButtonsPage
   end
   object SizeGroup: TGroupBox
     Left = 12
-    Top = 222
+    Top = 196
     Width = 736
     Height = 160
     Caption = 'Rozmiary i rysowanie przez program'

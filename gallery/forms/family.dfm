@@ -120,7 +120,7 @@ object FamilyPage: TFamilyPage
       Top = 84
       Width = 112
       Height = 23
-      EditMask = '>LLa-aaaaa;0;_'
+      EditMask = '>LL-aaaaa;0;_'
       TabOrder = 3
       HintLabel = 'np. WA-12345'
       BoundLabel.Active = True
@@ -160,7 +160,7 @@ object FamilyPage: TFamilyPage
       EditMask = '\S-000;0;*'
       TabOrder = 5
       BoundLabel.Active = True
-      BoundLabel.Caption = 'Nr &seryjny'
+      BoundLabel.Caption = 'Nr s&eryjny'
       BoundLabel.Indent = 3
       BoundLabel.Font.Charset = EASTEUROPE_CHARSET
       BoundLabel.Font.Color = clWindowText
@@ -311,7 +311,6 @@ object FamilyPage: TFamilyPage
         Wymagany = wRecommended
         BoundLabel.Active = True
         BoundLabel.Caption = #321'o'#380'ysko'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -328,7 +327,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 10
         BoundLabel.Active = True
         BoundLabel.Caption = 'Kod'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -345,7 +343,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 1
         BoundLabel.Active = True
         BoundLabel.Caption = 'Pasek'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -362,7 +359,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 11
         BoundLabel.Active = True
         BoundLabel.Caption = 'Kod'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -379,7 +375,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 2
         BoundLabel.Active = True
         BoundLabel.Caption = 'Filtr'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -396,7 +391,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 12
         BoundLabel.Active = True
         BoundLabel.Caption = 'Kod'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -413,7 +407,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 3
         BoundLabel.Active = True
         BoundLabel.Caption = 'Pompa'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -430,7 +423,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 13
         BoundLabel.Active = True
         BoundLabel.Caption = 'Kod'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -447,7 +439,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 4
         BoundLabel.Active = True
         BoundLabel.Caption = 'Zaw'#243'r'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -464,7 +455,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 14
         BoundLabel.Active = True
         BoundLabel.Caption = 'Kod'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -481,7 +471,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 5
         BoundLabel.Active = True
         BoundLabel.Caption = 'Uszczelka'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
@@ -498,7 +487,6 @@ object FamilyPage: TFamilyPage
         TabOrder = 15
         BoundLabel.Active = True
         BoundLabel.Caption = 'Kod'
-        BoundLabel.Indent = 3
         BoundLabel.Font.Charset = EASTEUROPE_CHARSET
         BoundLabel.Font.Color = clWindowText
         BoundLabel.Font.Height = -12
