@@ -215,6 +215,34 @@ TEST_F(FramedFamily, FramesLeaveTheInsideAlone) {
     }
 }
 
+TEST_F(FramedFamily, MayDieInTheirEvents) {
+    for (const TMember& member : Family()) {
+        if (!IsFramed(member))
+            continue;
+        SCOPED_TRACE(Utf8Encode(member.Class.Name()));
+        TWinControl& control = Make(member);
+        bool gone = false;
+        const TNotifyEvent die = [&](TObject* sender) {
+            delete sender;
+            gone = true;
+        };
+        if (auto* list = As<TCustomListBox>(&control))
+            list->Items->CommaText = u"a,b,c,d,e,f,g,h,i,j";
+        if (auto* masked = As<TMaskEdit>(&control))
+            masked->EditMask = u"99;0";
+        if (auto* edit = As<TCustomEdit>(&control)) {
+            edit->OnChange = die;
+            edit->SetFocus();
+            TypeText(u"1");
+        } else {
+            control.OnClick = die;
+            ClickOn(control); // in the middle: an item, a day
+        }
+        EXPECT_TRUE(WaitFor([&] { return gone; }));
+        Application->ProcessMessages();
+    }
+}
+
 // The mask edit
 
 TEST_F(FramedFamily, MaskEditHintsUntilSomethingIsEntered) {

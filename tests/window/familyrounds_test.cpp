@@ -1,8 +1,10 @@
-// Every framed control is made, shown and destroyed a thousand times: nothing stays behind.
+// Every control of the library is made, shown and destroyed a thousand times, at common and at odd sizes: nothing stays
+// behind.
 
 #include "controls/Zormonthcalendar.h"
 #include "foundation/Zorpackage.h"
 #include "framework/system/strings.h"
+#include "framework/windows/listbox.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 
@@ -13,8 +15,7 @@ namespace {
 using namespace framework;
 using namespace testsupport;
 
-/// The registered controls that can be framed.
-std::vector<const TClassInfo*> FramedClasses() {
+std::vector<const TClassInfo*> ControlClasses() {
     ZOR::RegisterPackage();
     std::vector<const TClassInfo*> classes = RegisteredClasses();
     std::erase_if(classes, [](const TClassInfo* each) {
@@ -29,19 +30,24 @@ class Rounds : public testing::TestWithParam<const TClassInfo*> {};
 TEST_P(Rounds, LeaveNothingBehind) {
     const auto form = ShowForm();
     const bool isCalendar = GetParam()->InheritsFrom(TMonthCalendar::StaticClass());
+    int made = 0;
     const auto round = [&] {
+        constexpr TSize sizes[] = {{100, 60}, {0, 0}, {1, 1}};
+        const TSize size = sizes[made++ % 3];
         const std::unique_ptr<TComponent> made(GetParam()->Create(nullptr));
         auto& control = static_cast<TWinControl&>(*made);
         if (control.ClassInfo().FindProperty(u"Wymagany"))
             SetPropValue(control, u"Wymagany", String(u"wRequired"));
-        control.SetBounds(120, 20, 100, 60);
+        control.SetBounds(120, 20, size.Width, size.Height);
         control.Parent = form.get();
+        if (auto* list = As<TCustomListBox>(&control))
+            list->Items->Add(u"item");
         control.Update();
     };
     ExpectSteadyHandles(1000, round, isCalendar ? FontsLostByNativeCalendar() : 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Family, Rounds, testing::ValuesIn(FramedClasses()),
+INSTANTIATE_TEST_SUITE_P(Controls, Rounds, testing::ValuesIn(ControlClasses()),
                          [](const auto& info) { return Utf8Encode(info.param->Name()); });
 
 } // namespace

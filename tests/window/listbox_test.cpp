@@ -4,7 +4,6 @@
 #include "framework/system/updates.h"
 #include "framework/windows/application.h"
 #include "framework/windows/listbox.h"
-#include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>
@@ -200,16 +199,6 @@ TEST_F(ListBoxTest, LetsTheProgramPaint) {
     EXPECT_EQ(at(0), RGB(0, 255, 0));
     EXPECT_EQ(at(1), ColorToRGB(clHighlight));
     EXPECT_EQ(at(2), RGB(255, 0, 255));
-}
-
-TEST_F(ListBoxTest, GivesBackWhatItTook) {
-    ExpectSteadyHandles(100, [this] {
-        TListBox list(nullptr);
-        list.SetStyle(lbOwnerDrawFixed);
-        list.SetParent(Form.get());
-        list.GetItems()->Add(u"a");
-        list.Update();
-    });
 }
 
 } // namespace

@@ -170,10 +170,8 @@ TEST_F(MaskEditTest, MasksComeAndGo) {
     Edit->Text = u"1234";
     Edit->EditMask = u"99-99;1;_";
     EXPECT_EQ(Edit->EditText, u"12-34");
-    for (const char16_t* malformed : {u"\\", u"99;10;_", u"9;1;__", u";;;;;", u"L\\A\\"}) {
-        EXPECT_THROW(Edit->EditMask = malformed, EMaskError) << Utf8Encode(malformed);
-        EXPECT_EQ(Edit->EditMask, u"99-99;1;_");
-    }
+    EXPECT_THROW(Edit->EditMask = u"99;10;_", EMaskError);
+    EXPECT_EQ(Edit->EditMask, u"99-99;1;_");
     EXPECT_EQ(Edit->Text, u"12-34");
     Edit->EditMask = u"0/0/0/0;0;*";
     EXPECT_EQ(Edit->Text, u"1234");
@@ -182,16 +180,6 @@ TEST_F(MaskEditTest, MasksComeAndGo) {
     Edit->EditMask = u"";
     Edit->Text = u"any text \u0105";
     EXPECT_EQ(Edit->Text, u"any text \u0105");
-    for (const char16_t* odd : {u"!!!", u"><><", u"\\\\", u";", u"___", u"::::", u"9999999999999999999999"}) {
-        Edit->EditMask = odd;
-        Edit->Text = u"12:34";
-        Edit->SetFocus();
-        Type(u"1x");
-        PressKey(VK_BACK);
-        PressKey(VK_DELETE);
-        Application->ProcessMessages();
-        Edit->Reset();
-    }
 }
 
 TEST_F(MaskEditTest, LeavesComposedTextAlone) {
@@ -233,14 +221,6 @@ TEST_F(MaskEditTest, KeepsItsStateInANewWindow) {
     Edit->CharCase = ecUpperCase;
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Shows(u"__-__")) << "Esc knows what was there on entering";
-}
-
-TEST_F(MaskEditTest, MayDieInItsEvents) {
-    Use(u"99;0");
-    Edit->OnChange = [this](TObject*) { delete std::exchange(Edit, nullptr); };
-    TypeText(u"1");
-    EXPECT_TRUE(WaitFor([&] { return Edit == nullptr; }));
-    Application->ProcessMessages();
 }
 
 } // namespace

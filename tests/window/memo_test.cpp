@@ -191,14 +191,6 @@ TYPED_TEST(Memo, LinesInStreamsAndFiles) {
     EXPECT_THROW(this->Edit->Lines->SaveToFile(u"no/such/folder/file"), EFCreateError);
 }
 
-TYPED_TEST(Memo, MayDieInItsEvents) {
-    this->GiveWindow();
-    this->Edit->OnChange = [this](TObject*) { delete std::exchange(this->Edit, nullptr); };
-    TypeText(u"1");
-    EXPECT_TRUE(WaitFor([&] { return this->Edit == nullptr; }));
-    Application->ProcessMessages();
-}
-
 // Formatting
 
 class RichEdit : public testing::Test {

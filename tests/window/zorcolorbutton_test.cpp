@@ -7,7 +7,6 @@
 #include "framework/windows/application.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/standardcontrols.h"
-#include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>
@@ -223,17 +222,6 @@ TEST_F(ColorButtonTest, DrawsByTheProgramOverItsFace) {
     Button.SetEnabled(false);
     ExpectColor({15, 15}, clGray, "disabled");
     ExpectColor({3, 25}, 0xF4F4F4, "the outline is as thin as ever");
-}
-
-TEST_F(ColorButtonTest, GivesBackWhatItTakesAtEverySize) {
-    int round = 0;
-    ExpectSteadyHandles(1000, [&] {
-        TZORColorButton button(nullptr, csBlue);
-        const int size = round++ % 4; // 0 and 1 pixels too
-        button.SetBounds(0, 0, size * size * 10, size);
-        button.SetParent(Form.get());
-        button.Repaint();
-    });
 }
 
 } // namespace
