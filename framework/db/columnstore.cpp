@@ -334,33 +334,36 @@ void TColumnStore::SetNumeric(int row, const TNumeric& value) {
         RaiseKind();
 }
 
-TColumnStore::TEntry TColumnStore::Keep(const void* data, std::size_t bytes, std::size_t length) {
-    // Lengths are read at any even address; units need no more.
-    const std::size_t needed = (lengthBytes + bytes + 1) & ~std::size_t(1);
+std::uint8_t* TColumnStore::NewEntry(std::size_t bytes, std::size_t length) {
     if (length > std::numeric_limits<std::uint32_t>::max())
         RaiseKind();
-    if (needed > FHeapLeft) {
+    // Units need an even address and nothing more.
+    const std::size_t needed = (lengthBytes + bytes + 1) & ~std::size_t(1);
+    std::uint8_t* entry = nullptr;
+    if (needed <= FHeapLeft) {
+        entry = FHeapNext;
+        FHeapNext += needed;
+        FHeapLeft -= needed;
+    } else {
         FHeapChunk = std::clamp(FHeapChunk * 2, firstHeapChunk, largestHeapChunk);
+        // A large entry lies alone, and what is left of the chunk before stays in use.
         const bool alone = needed > FHeapChunk / 4;
         const std::size_t size = alone ? needed : FHeapChunk;
         FHeap.emplace_back(new std::uint8_t[size]);
         FHeapBytes += size;
-        if (alone) {
-            // What is left of the chunk before stays in use.
-            std::uint8_t* entry = FHeap.back().get();
-            const auto length32 = static_cast<std::uint32_t>(length);
-            std::memcpy(entry, &length32, lengthBytes);
-            std::memcpy(entry + lengthBytes, data, bytes);
-            return entry;
+        entry = FHeap.back().get();
+        if (!alone) {
+            FHeapNext = entry + needed;
+            FHeapLeft = size - needed;
         }
-        FHeapNext = FHeap.back().get();
-        FHeapLeft = size;
     }
-    std::uint8_t* entry = FHeapNext;
-    FHeapNext += needed;
-    FHeapLeft -= needed;
     const auto length32 = static_cast<std::uint32_t>(length);
     std::memcpy(entry, &length32, lengthBytes);
+    return entry;
+}
+
+TColumnStore::TEntry TColumnStore::Keep(const void* data, std::size_t bytes, std::size_t length) {
+    std::uint8_t* entry = NewEntry(bytes, length);
     if (bytes > 0)
         std::memcpy(entry + lengthBytes, data, bytes);
     return entry;
@@ -370,6 +373,22 @@ void TColumnStore::SetText(int row, StringView value) {
     if (FStorage != TStorage::Text)
         RaiseKind();
     PutEntry(row, Keep(value.data(), value.size() * sizeof(char16_t), value.size()));
+}
+
+void TColumnStore::SetUtf8(int row, std::string_view value) {
+    if (FStorage != TStorage::Text)
+        RaiseKind();
+    // Most texts are ASCII, whose bytes only become wider.
+    const bool isAscii = std::all_of(value.begin(), value.end(), [](char byte) { return (byte & 0x80) == 0; });
+    if (!isAscii) {
+        SetText(row, Utf8Decode(value));
+        return;
+    }
+    std::uint8_t* entry = NewEntry(value.size() * sizeof(char16_t), value.size());
+    auto* units = reinterpret_cast<char16_t*>(entry + lengthBytes);
+    for (std::size_t i = 0; i < value.size(); ++i)
+        units[i] = static_cast<unsigned char>(value[i]);
+    PutEntry(row, entry);
 }
 
 void TColumnStore::SetBytes(int row, TBytesView value) {
@@ -464,19 +483,24 @@ TRowStore::TRowStore(std::vector<TColumnInfo> columns) {
         FColumns.emplace_back(std::move(column));
 }
 
-int TRowStore::AppendRow() {
-    if (FRowCount == std::numeric_limits<int>::max())
+int TRowStore::AppendRows(int count) {
+    if (FRowCount > std::numeric_limits<int>::max() - count)
         throw EDatabaseError(u"The query gives more rows than a recordset can hold");
-    for (std::size_t i = 0; i < FColumns.size(); ++i) {
-        try {
-            FColumns[i].AppendRow();
-        } catch (...) {
-            while (i > 0)
-                FColumns[--i].DropLastRow();
-            throw;
+    const int first = FRowCount;
+    try {
+        for (TColumnStore& column : FColumns) {
+            for (int i = 0; i < count; ++i)
+                column.AppendRow();
         }
+    } catch (...) {
+        for (TColumnStore& column : FColumns) {
+            while (column.GetRowCount() > first)
+                column.DropLastRow();
+        }
+        throw;
     }
-    return FRowCount++;
+    FRowCount += count;
+    return first;
 }
 
 int TRowStore::AppendRow(std::span<const TDataValue> values) {

@@ -24,7 +24,7 @@ public:
     TColumnInfo& ChangeInfo() { return FInfo; }
 
     int GetRowCount() const { return FRowCount; }
-    /// Adds one row, NULL.
+    /// Adds a row, NULL.
     void AppendRow();
     void DropLastRow();
 
@@ -40,13 +40,15 @@ public:
     /// Any value.
     TDataValue Get(int row) const;
 
-    // What is written must fit: AdaptValue sees to it, and TryAdd for the values that a database sends.
+    // What is written must fit; AdaptValue sees to it.
 
     void SetNull(int row);
     void SetInt64(int row, std::int64_t value);
     void SetDouble(int row, double value);
     void SetNumeric(int row, const TNumeric& value);
     void SetText(int row, StringView value);
+    /// A text in UTF-8.
+    void SetUtf8(int row, std::string_view value);
     void SetMoment(int row, TMoment value);
     void SetBytes(int row, TBytesView value);
     void SetGuid(int row, const TGUID& value);
@@ -116,6 +118,8 @@ private:
     }
     std::int64_t WholeAt(int row) const;
     TBytesView EntryAt(int row) const;
+    /// Room for an entry of so many bytes and this length.
+    std::uint8_t* NewEntry(std::size_t bytes, std::size_t length);
     TEntry Keep(const void* data, std::size_t bytes, std::size_t length);
     void GrowChunk();
     void CopyValuesFrom(const TColumnStore& other);
@@ -146,8 +150,9 @@ public:
     const TColumnStore& Column(int index) const { return FColumns[static_cast<std::size_t>(index)]; }
 
     int GetRowCount() const { return FRowCount; }
-    /// Adds a row of NULLs and returns its number.
-    int AppendRow();
+    /// Adds rows of NULLs and returns the number of the first.
+    int AppendRows(int count);
+    int AppendRow() { return AppendRows(1); }
     /// Adds a row with these values, which are adapted to the columns; those that are missing stay NULL.
     int AppendRow(std::span<const TDataValue> values);
     void DropLastRow();
