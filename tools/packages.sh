@@ -1,11 +1,12 @@
 # Sourced by the tools: installs the Debian packages that a step needs and that are missing.
 
-# Compilers, Wine and what the programs link to or draw with. Shared by building the gallery and the tests.
+# Compilers, Wine, what the programs link to or draw with, and the drivers of their databases. Shared by building the
+# gallery and the tests.
 ZOR_WINDOWS_PACKAGES=(cmake ninja-build clang lld g++-mingw-w64-x86-64-posix
     wine wine64 xvfb fonts-wine fonts-liberation libsqliteodbc odbc-postgresql)
 ZOR_DEMO_PACKAGES=("${ZOR_WINDOWS_PACKAGES[@]}")
 ZOR_TEST_PACKAGES=("${ZOR_WINDOWS_PACKAGES[@]}" g++ libclang-rt-14-dev clang-format clang-tidy git python3
-    googletest libgtest-dev unixodbc-dev)
+    googletest libgtest-dev unixodbc-dev postgresql)
 
 install_missing() {
     if ! command -v dpkg-query >/dev/null; then
@@ -27,6 +28,9 @@ install_missing() {
         return 1
     fi
     echo "Installing missing packages: ${missing[*]}"
+    if [[ " ${missing[*]} " == *" postgresql "* ]]; then
+        echo "Debian's postgresql also makes a server of its own on port 5432, which the tests leave alone"
+    fi
     apt-get update -qq
     DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }

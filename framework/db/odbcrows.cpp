@@ -3,6 +3,7 @@
 #include "framework/db/datatexts.h"
 #include "framework/db/odbc.h"
 #include "framework/db/odbcreader.h"
+#include "framework/db/sqlaliases.h"
 #include "framework/system/strings.h"
 
 #include <algorithm>
@@ -112,6 +113,7 @@ TRowStore TOdbcRowSource::Fetch(const TFetchProgress& progress) {
 /// What the driver of SQLite says about a column of a result leaves out the numbers of its declaration.
 void TOdbcRowSource::ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns) {
     std::map<TTableName, std::map<String, std::pair<String, bool>>> tables;
+    const std::set<String> aliases = AliasesIn(FSql.Text);
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const TOdbcColumn& column = columns[i];
         if (column.BaseTable.empty())
@@ -131,10 +133,15 @@ void TOdbcRowSource::ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns) 
                 table->second[AnsiUpperCase(columnName)] = {std::move(type), nullable};
             }
         }
-        const auto declared = table->second.find(AnsiUpperCase(column.BaseColumn));
-        if (declared == table->second.end())
-            continue;
         TColumnPlan& plan = FPlans[i];
+        const auto declared = table->second.find(AnsiUpperCase(column.BaseColumn));
+        // The driver takes the name that the query chose for the name in the table.
+        if (declared == table->second.end() || aliases.contains(AnsiUpperCase(column.BaseColumn))) {
+            plan.Info.BaseColumn.clear();
+            plan.Info.ReadOnly = true;
+            ApplyDeclaredType(plan.ServerType, plan.Info);
+            continue;
+        }
         plan.ServerType = LowerCase(declared->second.first);
         plan.Info.Nullable = declared->second.second;
         if (plan.ServerType.empty()) {

@@ -106,9 +106,14 @@ bool TOdbcSession::CharsAreUtf8() {
     TOdbcStatement statement(*this, u"try the encoding of texts");
     const String sample = u"\u017C\U0001F600";
     statement.Run({u"SELECT CAST(? AS varchar(10))", {{sample, adVarWChar}}});
-    std::string bytes;
-    if (statement.Fetch() && statement.ReadLong(0, SQL_C_CHAR, bytes))
-        FCharsAreUtf8 = bytes == Utf8Encode(sample);
+    if (!statement.Fetch())
+        return false;
+    try {
+        std::string bytes;
+        FCharsAreUtf8 = statement.ReadLong(0, SQL_C_CHAR, bytes) && bytes == Utf8Encode(sample);
+    } catch (const EDatabaseServerError&) {
+        // The driver converts, and cannot in this locale.
+    }
     return *FCharsAreUtf8;
 }
 

@@ -135,6 +135,8 @@ private:
     TOdbcSession& FSession;
     String FPurpose;
     TOdbcHandle FHandle;
+    String FText;
+    bool FGaveRows = false;
     std::vector<std::unique_ptr<TBound>> FBound;
 };
 

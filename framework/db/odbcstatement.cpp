@@ -147,7 +147,9 @@ TOdbcStatement::~TOdbcStatement() = default;
 
 void TOdbcStatement::Prepare(StringView sql) {
     CloseCursor();
-    Check(SQLPrepareW(FHandle.Get(), Wide(sql.data()), static_cast<SQLINTEGER>(sql.size())));
+    FText = sql;
+    FGaveRows = false;
+    Check(SQLPrepareW(FHandle.Get(), Wide(FText.data()), static_cast<SQLINTEGER>(FText.size())));
 }
 
 void TOdbcStatement::Bind(std::span<const TSqlParameter> parameters) {
@@ -163,8 +165,13 @@ void TOdbcStatement::Bind(std::span<const TSqlParameter> parameters) {
 }
 
 void TOdbcStatement::Execute() {
-    CloseCursor();
+    // SQLite's driver would go on with the rows that were not read the last time.
+    if (FGaveRows)
+        Prepare(String(FText));
+    else
+        CloseCursor();
     Check(SQLExecute(FHandle.Get()));
+    FGaveRows = ColumnCount() > 0;
 }
 
 void TOdbcStatement::Run(const TSqlStatement& statement) {

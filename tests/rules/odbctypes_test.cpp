@@ -120,4 +120,106 @@ TEST_P(OdbcTypes, GoInAndComeOutAndCanBeChanged) {
     }
 }
 
+TEST_P(OdbcTypes, OfExpressionsAreUsable) {
+    Connection->Execute(u"CREATE TABLE t (id int PRIMARY KEY, price numeric(10,2), day date, code varchar(9), r real)");
+    Connection->Execute(u"INSERT INTO t VALUES (1, 10.5, '2020-02-29', '007', 0.25), (2, NULL, NULL, NULL, NULL)");
+    const auto rows = Open(u"SELECT count(*), sum(price), max(day), max(code), avg(r) + 0.5, 'n' || id, NULL"
+                           u" FROM t WHERE id = 1 GROUP BY id");
+    ASSERT_EQ(rows->GetRecordCount(), 1);
+    EXPECT_EQ(rows->GetInt64(0), 1);
+    EXPECT_EQ(rows->GetDouble(1), 10.5);
+    EXPECT_EQ(rows->GetMoment(2), Moment(2020, 2, 29));
+    EXPECT_EQ(rows->GetText(3), u"007") << "a text of digits is no number";
+    EXPECT_EQ(rows->GetDouble(4), 0.75);
+    EXPECT_EQ(rows->GetText(5), u"n1");
+    EXPECT_TRUE(rows->IsNull(6));
+    EXPECT_THROW(rows->GetText(0), EDatabaseError);
+}
+
+TEST_P(OdbcTypes, AnyNumberOfRowsAndColumnsComes) {
+    Connection->Execute(u"CREATE TABLE one (id int PRIMARY KEY)");
+    for (int count = 0; count < 3; ++count) {
+        const auto rows = Open(u"SELECT * FROM one");
+        EXPECT_EQ(rows->GetRecordCount(), count);
+        EXPECT_EQ(rows->GetEOF(), count == 0);
+        EXPECT_EQ(rows->GetColumnCount(), 1);
+        const TSqlParameter id[] = {{std::int64_t(count)}};
+        Connection->Execute(u"INSERT INTO one VALUES (?)", id);
+    }
+    String columns;
+    String values;
+    for (int column = 0; column < 300; ++column) {
+        columns += (column > 0 ? u", c" : u"c") + IntToStr(column) + u" varchar(200)";
+        values += column > 0 ? u", 'value " + IntToStr(column) + u"'" : u"'0'";
+    }
+    Connection->Execute(u"CREATE TABLE wide (" + columns + u")");
+    for (int row = 0; row < 20; ++row)
+        Connection->Execute(u"INSERT INTO wide VALUES (" + values + u")");
+    const auto rows = Open(u"SELECT * FROM wide");
+    rows->MoveLast();
+    EXPECT_EQ(rows->GetAbsolutePosition(), 20);
+    EXPECT_EQ(rows->GetText(rows->FindColumn(u"C299")), u"value 299");
+}
+
+TEST_P(OdbcTypes, LongTextsAmongManyRowsKeepTheirPlaces) {
+    Connection->Execute(u"CREATE TABLE notes (id int PRIMARY KEY, note text)");
+    const String longText = LongText();
+    std::vector<std::vector<TSqlParameter>> parameters;
+    for (std::int64_t id = 0; id < 700; ++id) {
+        const auto length = static_cast<std::size_t>(id % 300 == 299 ? id * 50 : id % 8);
+        parameters.push_back({{id}, {id % 10 == 5 ? TDataValue() : TDataValue(longText.substr(0, length))}});
+    }
+    {
+        TOdbcTransaction transaction(*Connection);
+        Connection->ExecuteForAll(u"INSERT INTO notes VALUES (?, ?)", parameters);
+        transaction.Commit();
+    }
+    const auto rows = Open(u"SELECT note, id FROM notes ORDER BY id");
+    ASSERT_EQ(rows->GetRecordCount(), 700);
+    for (const auto& row : parameters) {
+        ASSERT_TRUE(rows->GetValue(0) == row[1].Value) << std::get<std::int64_t>(row[0].Value);
+        rows->MoveNext();
+    }
+}
+
+TEST_P(OdbcTypes, SQLiteValuesThatBreakTheirDeclarationStayWhatTheyAre) {
+    if (!IsSQLite())
+        GTEST_SKIP() << "other databases do not let them in";
+    const struct {
+        const char16_t* Declaration;
+        const char16_t* Values; ///< two of them; the first one fits
+        DataTypeEnum Type;
+        const char16_t* Second;
+    } cases[] = {
+        {u"integer", u"(1), (3000000000)", adBigInt, u"3000000000"},
+        {u"integer", u"(1), (1.5)", adDouble, u"1.5"},
+        {u"integer", u"(1), ('abc')", adLongVarWChar, u"abc"},
+        {u"boolean", u"(1), (2)", adInteger, u"2"},
+        {u"numeric(8,2)", u"(1.25), (0.125)", adNumeric, u"0.125"},
+        {u"numeric(8,2)", u"(1.25), (1e30)", adDouble, u"1E30"},
+        {u"date", u"('2020-02-29'), ('2020-02-29T10:00')", adDBTimeStamp, u"2020-02-29 10:00:00"},
+        {u"date", u"('2020-02-29'), ('2020-02-30')", adLongVarWChar, u"2020-02-30"},
+        {u"timestamp", u"('2020-02-29'), (2458909.5)", adLongVarWChar, u"2458909.5"},
+        {u"uniqueidentifier", u"('6f9619ff-8b86-d011-b42d-00c04fc964ff'), ('none')", adLongVarWChar, u"none"},
+        {u"", u"('a'), (12)", adVarWChar, u"12"},
+        {u"", u"(-5), (12)", adBigInt, u"12"},
+        {u"varchar(3)", u"('abc'), ('longer than it says')", adVarWChar, u"longer than it says"},
+    };
+    for (const auto& testCase : cases) {
+        SCOPED_TRACE(Utf8Encode(String(testCase.Declaration) + u" " + testCase.Values));
+        Connection->Execute(u"DROP TABLE IF EXISTS t");
+        Connection->Execute(u"CREATE TABLE t (v " + String(testCase.Declaration) + u")");
+        Connection->Execute(u"INSERT INTO t VALUES " + String(testCase.Values));
+        const auto rows = Open(u"SELECT v FROM t");
+        ASSERT_EQ(rows->GetRecordCount(), 2);
+        EXPECT_TRUE(rows->GetColumn(0).Type == testCase.Type ||
+                    (rows->GetColumn(0).Type == adLongVarWChar && testCase.Type == adVarWChar));
+        rows->MoveNext();
+        String text = VarToStr(rows->GetVariant(0), TFormatSettings::Invariant());
+        if (testCase.Type == adDBTimeStamp)
+            text = FormatDateTime(u"yyyy-mm-dd hh:nn:ss", rows->GetMoment(0).AsDateTime());
+        EXPECT_EQ(Utf8Encode(text), Utf8Encode(testCase.Second));
+    }
+}
+
 } // namespace
