@@ -482,7 +482,7 @@ void TOdbcReader::Put(TColumnStore& column, const TBuffer& buffer, int row, std:
         column.SetText(row, {reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / sizeof(char16_t)});
         break;
     case TReading::Bytes:
-        column.SetBytes(row, std::as_bytes(std::span(bytes)));
+        column.SetBytes(row, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
         break;
     }
     if (!understood)

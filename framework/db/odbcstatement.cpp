@@ -54,11 +54,11 @@ struct TOdbcStatement::TBound {
     SQLSMALLINT SqlType = SQL_WVARCHAR;
     SQLULEN Size = 1;
     SQLSMALLINT Digits = 0;
-    std::vector<std::byte> Data;
+    std::vector<std::uint8_t> Data;
     SQLLEN Length = SQL_NULL_DATA;
 
     void Assign(const void* data, std::size_t bytes) {
-        const auto* first = static_cast<const std::byte*>(data);
+        const auto* first = static_cast<const std::uint8_t*>(data);
         Data.assign(first, first + bytes);
         Length = static_cast<SQLLEN>(bytes);
         // Drivers do not like a null pointer, even for an empty value.

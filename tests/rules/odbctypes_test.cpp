@@ -37,7 +37,7 @@ String LongText() {
 TBytes LongBytes() {
     TBytes bytes(300'000);
     for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<std::byte>(i * 7);
+        bytes[i] = static_cast<std::uint8_t>(i * 7);
     return bytes;
 }
 
