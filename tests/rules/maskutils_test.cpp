@@ -18,28 +18,11 @@ TFormatSettings German() {
 String Notation(const TParsedMask& mask) {
     String result;
     for (const TMaskPlace& place : mask.Places) {
-        switch (place.Kind) {
-        case TMaskPlaceKind::Literal:
-            result += u'\'';
+        const StringView letters = place.Required ? u"'LAC0#" : u"'lac9#"; // in the order of TMaskPlaceKind
+        result += letters[static_cast<std::size_t>(place.Kind)];
+        if (place.IsLiteral())
             result += place.Literal;
-            continue;
-        case TMaskPlaceKind::Letter:
-            result += place.Required ? u'L' : u'l';
-            break;
-        case TMaskPlaceKind::LetterOrDigit:
-            result += place.Required ? u'A' : u'a';
-            break;
-        case TMaskPlaceKind::Any:
-            result += place.Required ? u'C' : u'c';
-            break;
-        case TMaskPlaceKind::Digit:
-            result += place.Required ? u'0' : u'9';
-            break;
-        case TMaskPlaceKind::DigitOrSign:
-            result += u'#';
-            break;
-        }
-        if (place.Case != TMaskCase::Unchanged)
+        else if (place.Case != TMaskCase::Unchanged)
             result += place.Case == TMaskCase::Upper ? u'>' : u'<';
     }
     return result;
