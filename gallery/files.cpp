@@ -1,29 +1,10 @@
 #include "gallery/files.h"
 
-#include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/system/strings.h"
 #include "gallery/standinform.h"
 
 namespace gallery {
-
-std::string ReadFile(const String& fileName) {
-    const HANDLE opened = CreateFileW(WideChars(fileName), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
-    const TUniqueKernelHandle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
-    const DWORD openError = GetLastError();
-    LARGE_INTEGER size{};
-    if (!file)
-        throw Exception(fileName + u": " + SysErrorMessage(openError));
-    if (!GetFileSizeEx(file.Get(), &size) || size.QuadPart > MAXLONG)
-        throw Exception(fileName + u": the file is too large");
-    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
-    DWORD read = 0;
-    if (!::ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
-        throw Exception(fileName + u": " + SysErrorMessage(GetLastError()));
-    bytes.resize(read);
-    return bytes;
-}
 
 String ProgramFolder() {
     String path(MAX_PATH, u'\0');
@@ -36,9 +17,8 @@ String ProgramFolder() {
 
 TFormDocument ParseFormFile(const String& fileName) {
     TParseOptions parsing;
-    parsing.FileName = fileName;
     parsing.FallbackEncoding = TFallbackEncoding::Windows1250;
-    return ParseTextForm(ReadFile(fileName), parsing);
+    return ParseTextFormFile(fileName, parsing);
 }
 
 std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName) {

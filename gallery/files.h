@@ -6,13 +6,11 @@
 namespace gallery {
 using namespace framework;
 
-/// The bytes of a file; an Exception that names the file when it cannot be read.
-std::string ReadFile(const String& fileName);
 /// The folder of the program's file, with a separator at its end.
 String ProgramFolder();
 
 /// A text form that designers wrote; without a sign of its encoding it is taken for Central European. Raises
-/// EFormSyntax, whose message tells file, line and column, and what ReadFile raises.
+/// EFormSyntax, whose message tells file, line and column, and EFOpenError.
 TFormDocument ParseFormFile(const String& fileName);
 
 /// A form from a text form. Its root is of the class that the file names, if that is registered, and a stand-in for it

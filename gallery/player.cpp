@@ -1,10 +1,10 @@
 #include "gallery/player.h"
 
 #include "framework/graphics/bitmaps.h"
+#include "framework/system/files.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
-#include "gallery/files.h"
 #include "gallery/report.h"
 #include "gallery/scriptparts.h"
 
@@ -49,7 +49,7 @@ TPlayer::TPlayer(TGalleryForm& gallery, const String& shotsFolder)
 }
 
 void TPlayer::Add(const String& scriptFile, std::optional<int> page) {
-    FScripts.push_back({scriptFile, page, ParseScript(ReadFile(scriptFile), scriptFile)});
+    FScripts.push_back({scriptFile, page, ParseScript(ReadFileBytes(scriptFile), scriptFile)});
 }
 
 void TPlayer::Start() {

@@ -1,12 +1,14 @@
 // Lists of texts in streams and files.
 
 #include "framework/system/exceptions.h"
+#include "framework/system/files.h"
 #include "framework/system/stringlist.h"
 #include "framework/system/strings.h"
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace framework {
 
@@ -52,9 +54,7 @@ void TStrings::SaveToStream(std::ostream& stream) const {
 }
 
 void TStrings::LoadFromFile(const String& fileName) {
-    std::ifstream file(std::filesystem::path(fileName), std::ios::binary);
-    if (!file)
-        throw EFOpenError(u"Cannot open file " + QuotedStr(fileName));
+    std::istringstream file(ReadFileBytes(fileName), std::ios::binary);
     LoadFromStream(file);
 }
 

@@ -269,6 +269,8 @@ struct TParseOptions {
 /// `inline` object opens a scope of its own; ASCII letter case does not count), a number that does not fit, and for
 /// texts of 2 GiB and more.
 TFormDocument ParseTextForm(std::string_view bytes, const TParseOptions& options = {});
+/// The same for a file, which messages then name. Raises what ReadFileBytes raises, too.
+TFormDocument ParseTextFormFile(const String& fileName, TParseOptions options = {});
 
 /// Writes the customary layout: two blanks a level (never more than 256), strings cut after 64 characters, 32 bytes of
 /// binary data a line. Parsing the result and writing it again gives the same bytes.

@@ -1,6 +1,7 @@
 // The grammar of text forms. The open objects, collections and lists lie on the assembler's stack, so a form's nesting
 // costs no stack of the program.
 
+#include "framework/system/files.h"
 #include "framework/system/textform_scanner.h"
 
 #include <limits>
@@ -310,6 +311,11 @@ TFormDocument ParseTextForm(std::string_view bytes, const TParseOptions& options
     TFormLayout layout;
     const std::string source = ReadFormSource(bytes, options, layout);
     return TTextFormParser(source, options, layout).Parse();
+}
+
+TFormDocument ParseTextFormFile(const String& fileName, TParseOptions options) {
+    options.FileName = fileName;
+    return ParseTextForm(ReadFileBytes(fileName), options);
 }
 
 } // namespace framework

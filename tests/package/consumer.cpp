@@ -1,4 +1,5 @@
-// Nothing but the installed files: a form read from text, with a framed edit whose properties answer.
+// Nothing but the installed files: a form read from text, with a framed edit whose properties answer. Then the program
+// that is named, which a newcomer has built: its form comes up, and it ends well when that is closed.
 
 #include "zor.h"
 
@@ -7,7 +8,28 @@
 using namespace framework;
 using namespace ZOR;
 
-int main() {
+static bool RunsAndEnds(const char* program, const char* folder, const wchar_t* caption) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA(program, nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder, &startup, &process))
+        return false;
+    HWND form = nullptr;
+    for (int i = 0; i < 300 && !form; ++i) {
+        Sleep(50);
+        form = FindWindowW(nullptr, caption);
+    }
+    DWORD code = 1;
+    if (form && PostMessageW(form, WM_CLOSE, 0, 0) && WaitForSingleObject(process.hProcess, 15000) == WAIT_OBJECT_0)
+        GetExitCodeProcess(process.hProcess, &code);
+    else
+        TerminateProcess(process.hProcess, 1);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return code == 0;
+}
+
+int main(int argc, char** argv) {
     Application->Initialize();
     RegisterStandardControls();
     RegisterPackage();
@@ -25,5 +47,7 @@ int main() {
         return 1;
     edit->Width += 20;
     std::puts(Utf8Encode(edit->Text).c_str());
-    return edit->Width == 120 && edit->Text == u"found" ? 0 : 1;
+    if (edit->Width != 120 || edit->Text != u"found")
+        return 1;
+    return argc < 3 || RunsAndEnds(argv[1], argv[2], L"Customer") ? 0 : 1;
 }
