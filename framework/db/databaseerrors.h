@@ -17,8 +17,8 @@ public:
 /// text; passwords do not occur in it.
 class EDatabaseServerError : public EDatabaseError {
 public:
-    EDatabaseServerError(StringView purpose, std::string_view sqlState, std::int32_t nativeError,
-                         StringView driverText);
+    EDatabaseServerError(StringView purpose, std::string_view sqlState, std::int32_t nativeError, StringView driverText,
+                         bool connectionLost = false);
 
     /// What was being done, as in "open the connection".
     const String& GetPurpose() const { return FPurpose; }
@@ -26,12 +26,13 @@ public:
     const std::string& GetSqlState() const { return FSqlState; }
     std::int32_t GetNativeError() const { return FNativeError; }
     /// True when the connection is gone and every further statement on it would fail.
-    bool IsConnectionLost() const { return FSqlState.starts_with("08"); }
+    bool IsConnectionLost() const { return FConnectionLost; }
 
 private:
     String FPurpose;
     std::string FSqlState;
     std::int32_t FNativeError;
+    bool FConnectionLost;
 };
 
 /// The record was changed or deleted by somebody else since it was read. Nothing was written.

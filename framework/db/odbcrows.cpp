@@ -23,7 +23,13 @@ std::int64_t TOdbcConnection::Execute(StringView sql, std::span<const TSqlParame
     statement.Prepare(sql);
     statement.Bind(parameters);
     statement.Execute();
-    return statement.RowsAffected();
+    const std::int64_t rows = statement.RowsAffected();
+    // A driver that gives rows one by one does the work for each only when it is asked for.
+    if (statement.ColumnCount() > 0) {
+        while (statement.Fetch()) {
+        }
+    }
+    return rows;
 }
 
 void TOdbcConnection::ExecuteForAll(StringView sql, std::span<const std::vector<TSqlParameter>> rows) {

@@ -145,21 +145,34 @@ void TOdbcSession::BeginTransaction() {
 void TOdbcSession::EndTransaction(bool commit) {
     if (--FTransactions > 0)
         return;
-    constexpr char16_t committing[] = u"commit the transaction";
-    const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), commit ? SQL_COMMIT : SQL_ROLLBACK);
-    if (SQL_SUCCEEDED(result)) {
-        SetAutoCommit(true, commit ? committing : u"undo the transaction");
+    if (!commit) {
+        Undo();
         return;
     }
+    constexpr char16_t purpose[] = u"commit the transaction";
     try {
-        Raise(FConnection, commit ? committing : u"undo the transaction");
+        Check(SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_COMMIT), FConnection, purpose);
     } catch (...) {
-        // The error is told by now. On a connection that is gone these two fail as well, and nothing depends on them.
-        if (commit)
-            SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_ROLLBACK);
-        SQLSetConnectAttrW(Handle(), SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
+        Undo();
         throw;
     }
+    SetAutoCommit(true, purpose);
+}
+
+void TOdbcSession::Undo() noexcept {
+    // When this fails the connection is gone, and the database undoes by itself what was not committed.
+    const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_ROLLBACK);
+    if (!SQL_SUCCEEDED(result) && FKind == TDatabaseKind::SQLite) {
+        // SQLite itself has undone it, as it does when the disk is full, and its driver does not know. It needs one
+        // that it can end.
+        try {
+            TOdbcStatement(*this, u"undo the transaction").Run({u"BEGIN TRANSACTION", {}});
+        } catch (const EDatabaseError&) {
+            return;
+        }
+        SQLEndTran(SQL_HANDLE_DBC, Handle(), SQL_ROLLBACK);
+    }
+    SQLSetConnectAttrW(Handle(), SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
 }
 
 void TOdbcSession::Check(short result, const TOdbcHandle& handle, StringView purpose) const {
@@ -189,7 +202,9 @@ void TOdbcSession::Raise(const TOdbcHandle& handle, StringView purpose) const {
     }
     if (text.empty())
         text = u"the driver does not say why";
-    throw EDatabaseServerError(purpose, state, native, WithoutPasswords(text, FConnectionString));
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttrW(Handle(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof(dead), nullptr);
+    throw EDatabaseServerError(purpose, state, native, WithoutPasswords(text, FConnectionString), dead == SQL_CD_TRUE);
 }
 
 TOdbcTransaction::TOdbcTransaction(TOdbcSession& session) : FSession(session) {
@@ -197,13 +212,8 @@ TOdbcTransaction::TOdbcTransaction(TOdbcSession& session) : FSession(session) {
 }
 
 TOdbcTransaction::~TOdbcTransaction() {
-    if (!FOpen)
-        return;
-    try {
+    if (FOpen)
         FSession.EndTransaction(false);
-    } catch (const EDatabaseError&) {
-        // Somebody else's exception is on its way and says more. The database undoes what was not committed.
-    }
 }
 
 void TOdbcTransaction::Commit() {

@@ -69,7 +69,8 @@ public:
     /// Whether a long value of one row of a block can be read on its own.
     bool ReadsLongValuesInBlocks() const { return FReadsLongValuesInBlocks; }
 
-    /// A transaction inside another one is part of it; EndTransaction counts only for the outermost.
+    /// A transaction inside another one is part of it; EndTransaction counts only for the outermost. It raises nothing
+    /// when it does not commit.
     void BeginTransaction();
     void EndTransaction(bool commit);
 
@@ -81,6 +82,8 @@ public:
 private:
     String InfoText(unsigned short type) const;
     void SetAutoCommit(bool on, StringView purpose);
+    /// Undoes the transaction and ends it.
+    void Undo() noexcept;
 
     String FConnectionString;
     TOdbcHandle FEnvironment;

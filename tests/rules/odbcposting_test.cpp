@@ -21,7 +21,7 @@ protected:
     }
     std::unique_ptr<TClientRecordset> Goods() { return Open(u"SELECT * FROM goods ORDER BY id"); }
 };
-FOR_EACH_DATABASE(OdbcPosting);
+ON_DATABASES(OdbcPosting, "SQLite", "PostgreSQL");
 
 void Change(TClientRecordset& rows, const char16_t* column, TDataValue value) {
     const TColumnValue values[] = {{rows.FindColumn(column), std::move(value)}};

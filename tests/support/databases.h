@@ -107,6 +107,16 @@ inline std::string DatabaseName(const testing::TestParamInfo<const char*>& info)
 
 } // namespace databases
 
-/// Runs the tests of a suite on each database.
-#define FOR_EACH_DATABASE(suite)                                                                                       \
-    INSTANTIATE_TEST_SUITE_P(On, suite, testing::Values("SQLite", "PostgreSQL"), databases::DatabaseName)
+#ifdef __has_feature
+#if __has_feature(address_sanitizer)
+/// The driver of PostgreSQL leaves 336 bytes behind when a server ends a connection. What we forgot to free would show
+/// all the same, as handles are the driver manager's memory.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:psqlodbcw.so";
+}
+#endif
+#endif
+
+/// Runs the tests of a suite on these databases.
+#define ON_DATABASES(suite, ...)                                                                                       \
+    INSTANTIATE_TEST_SUITE_P(On, suite, testing::Values(__VA_ARGS__), databases::DatabaseName)
