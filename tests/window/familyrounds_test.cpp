@@ -34,10 +34,12 @@ TEST_P(Rounds, LeaveNothingBehind) {
     const auto round = [&] {
         constexpr TSize sizes[] = {{100, 60}, {0, 0}, {1, 1}};
         const TSize size = sizes[made++ % 3];
-        const std::unique_ptr<TComponent> made(GetParam()->Create(nullptr));
-        auto& control = static_cast<TWinControl&>(*made);
+        const std::unique_ptr<TComponent> component(GetParam()->Create(nullptr));
+        auto& control = static_cast<TWinControl&>(*component);
         if (control.ClassInfo().FindProperty(u"Wymagany"))
             SetPropValue(control, u"Wymagany", String(u"wRequired"));
+        if (control.ClassInfo().FindProperty(u"BoundLabel"))
+            SetPropValue(*GetObjectProp(control, u"BoundLabel"), u"Active", true);
         control.SetBounds(120, 20, size.Width, size.Height);
         control.Parent = form.get();
         if (auto* list = As<TCustomListBox>(&control))

@@ -171,6 +171,8 @@ TEST(Published, NamesAreThereOnce) {
 
 TEST(Published, ControlsGiveBackWhatTheyTook) {
     for (const TClassInfo* info : CreatableClasses()) {
+        if (info->Name().starts_with(u"TZOR"))
+            continue; // those have more rounds of their own
         SCOPED_TRACE(Utf8Encode(info->Name()));
         const auto form = ShowForm();
         const int lost = info->InheritsFrom(TMonthCalendar::StaticClass()) ? FontsLostByNativeCalendar() : 0;

@@ -6,7 +6,6 @@
 #include "framework/windows/clipboard.h"
 #include "framework/windows/standardcontrols.h"
 #include "numeric/Zorspinedit.h"
-#include "tests/support/handlecount.h"
 #include "tests/support/numericform.h"
 
 namespace {
@@ -284,12 +283,6 @@ TEST_F(SpinEdit, ComesFromAFormAndGoesWithoutATrace) {
     auto& count = *As<TZORSpinEdit>(form->FindComponent(u"Count"));
     EXPECT_EQ(count.Value, 7);
     EXPECT_FALSE(count.ShowUpDown);
-    ExpectSteadyHandles(1000, [&] {
-        TZORSpinEdit field(nullptr);
-        field.Parent = Form.get();
-        field.HandleNeeded();
-        field.Wymagany = wRequired;
-    });
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include "framework/windows/clipboard.h"
 #include "framework/windows/standardcontrols.h"
 #include "numeric/Zorspinfloatedit.h"
-#include "tests/support/handlecount.h"
 #include "tests/support/messageboxes.h"
 #include "tests/support/numericform.h"
 
@@ -391,12 +390,6 @@ TEST_F(SpinFloatEdit, ComesFromAFormAndGoesWithoutATrace) {
     EXPECT_EQ(As<TZORSpinFloatEdit>(again->FindComponent(u"Work"))->GetText(), u"08:05");
     EXPECT_NE(saved.find("Increment = 15.0"), std::string::npos) << saved;
     EXPECT_EQ(saved.find("    Text ="), std::string::npos) << saved;
-    ExpectSteadyHandles(1000, [&] {
-        TZORSpinFloatEdit field(nullptr);
-        field.Parent = Form.get();
-        field.HandleNeeded();
-        field.Tryb = tTime;
-    });
 }
 
 } // namespace
