@@ -30,6 +30,8 @@ function(zor_set_warnings target)
             -Wall -Wextra -Wpedantic
             # The property notation is an extension that we use on purpose.
             $<$<CXX_COMPILER_ID:Clang>:-Wno-language-extension-token>
+            # g++ 12 takes the alternatives that a std::variant does not hold for variables that nobody has set.
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
             $<$<BOOL:${ZOR_WERROR}>:-Werror>)
     endif()
 endfunction()

@@ -304,6 +304,8 @@ void TClientRecordset::Store(int row, std::span<const TColumnValue> values) {
 void TClientRecordset::Update(std::span<const TColumnValue> values) {
     const bool isNew = FPlace == TPlace::NewRow;
     const int row = isNew ? -1 : CheckedRow();
+    if (FSource)
+        FSource->CheckEditable();
     const std::vector<TColumnValue> adapted = Adapted(values);
     if (!isNew) {
         Store(row, FSource ? FSource->Update(FRows, row, adapted) : adapted);

@@ -175,15 +175,16 @@ TEST_P(OdbcPosting, WhatCannotBeEditedSaysWhy) {
     for (const auto& testCase : cases) {
         const auto rows = Open(testCase.Query);
         EXPECT_FALSE(rows->Supports(adUpdate) || rows->Supports(adAddNew) || rows->Supports(adDelete));
-        EXPECT_THROW(rows->AddNew(), EReadOnlyDataError);
-        EXPECT_THROW(rows->Delete(), EReadOnlyDataError);
-        try {
-            const TColumnValue values[] = {{0, std::int64_t(5)}};
-            rows->Update(values);
-            ADD_FAILURE() << testCase.Reason;
-        } catch (const EDatabaseError& error) {
-            if (testCase.Query[7] != u'1' && testCase.Query[7] != u'n')
+        const TColumnValue values[] = {{0, std::int64_t(5)}};
+        const std::function<void()> edits[] = {[&] { rows->AddNew(); }, [&] { rows->Delete(); },
+                                               [&] { rows->Update(values); }};
+        for (const auto& edit : edits) {
+            try {
+                edit();
+                ADD_FAILURE() << testCase.Reason;
+            } catch (const EReadOnlyDataError& error) {
                 EXPECT_NE(std::string(error.what()).find(testCase.Reason), std::string::npos) << error.what();
+            }
         }
     }
     const auto rows = Open(u"SELECT id, name, stock + 1 AS more, name AS again FROM goods");
