@@ -12,7 +12,7 @@ if(ZOR_BUILD_GALLERY AND gallerySources)
     set_target_properties(gallery PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/gallery)
 
     set(copies)
-    foreach(folder IN ITEMS forms scripts)
+    foreach(folder IN ITEMS forms scripts data)
         set(target ${PROJECT_BINARY_DIR}/gallery/${folder})
         file(GLOB names CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}/gallery/${folder}"
             "${PROJECT_SOURCE_DIR}/gallery/${folder}/*.*")
