@@ -37,6 +37,8 @@
 #include "framework/windows/standardcontrols.h"
 #include "framework/windows/timer.h"
 #include "framework/windows/updown.h"
+#include "lists/Zorcombobox.h"
+#include "lists/Zorcomboboxnew.h"
 #include "numeric/Zorfloatedit.h"
 #include "numeric/Zorspinedit.h"
 #include "numeric/Zorspinfloatedit.h"

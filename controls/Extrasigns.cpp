@@ -1,6 +1,6 @@
 #include "controls/Extrasigns.h"
 
-#include "foundation/Gradient_rules.h"
+#include "foundation/Zorgradient.h"
 #include "framework/graphics/brushes.h"
 #include "framework/graphics/canvas.h"
 #include "framework/graphics/handles.h"
@@ -23,17 +23,6 @@ constexpr TColor kBackgroundTop = 0x7F7D7F;
 
 bool ShiftHeld() {
     return GetAsyncKeyState(VK_SHIFT) < 0;
-}
-
-void FillGradient(HDC dc, const TRect& area, TColor start, TColor end) {
-    for (int i = 0; i < GradientBandCount; ++i) {
-        const TGradientBand band = GradientBand(area, start, end, TGradientAxis::Vertical, i);
-        if (band.Rect.IsEmpty())
-            continue;
-        const TUniqueBrush brush(CreateSolidBrush(static_cast<COLORREF>(band.Color)));
-        const RECT rect = ToWin(band.Rect);
-        FillRect(dc, &rect, brush.Get());
-    }
 }
 
 } // namespace
@@ -89,7 +78,8 @@ void Textrasignsfrm::Paint() {
 }
 
 void Textrasignsfrm::PaintBackground() {
-    FillGradient(GetCanvas()->GetHandle(), GetClientRect(), kBackgroundTop, ExtraSignsBackground);
+    FillGradient(GetCanvas()->GetHandle(), GetClientRect(), kBackgroundTop, ExtraSignsBackground,
+                 TGradientAxis::Vertical);
 }
 
 void Textrasignsfrm::PaintKey(const KEYDEF& key, bool shiftHeld) {
@@ -99,7 +89,7 @@ void Textrasignsfrm::PaintKey(const KEYDEF& key, bool shiftHeld) {
     const TRect face = key.rect.Inflated(-1, -1);
     const TColor top = hot ? kHotTop : kKeyTop;
     const TColor bottom = hot ? kHotBottom : kKeyBottom;
-    FillGradient(canvas.GetHandle(), face, pressed ? bottom : top, pressed ? top : bottom);
+    FillGradient(canvas.GetHandle(), face, pressed ? bottom : top, pressed ? top : bottom, TGradientAxis::Vertical);
     canvas.GetBrush()->SetColor(hot ? kHotEdge : kKeyEdge);
     canvas.FrameRect(face);
     canvas.SetFont(GetFont());

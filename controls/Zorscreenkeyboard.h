@@ -77,7 +77,7 @@ public:
 protected:
     /// One inserted letter is one change: the one that the popup announces at its end.
     void Change() override {
-        if (!FKeyboard.IsInserting())
+        if (!IsInsertingSign())
             TBase::Change();
     }
     /// F7 belongs to the popup; hosts hear of every other key.
@@ -92,9 +92,17 @@ protected:
     }
     /// How long a letter may make the text; 0 for no limit.
     virtual int GetSignsLimit() const { return this->GetMaxLength(); }
+    /// True while the popup puts a letter into the text.
+    bool IsInsertingSign() const { return FKeyboard.IsInserting(); }
 
 private:
-    bool TakesSigns() const { return !this->GetReadOnly() && this->GetEnabled(); }
+    bool TakesSigns() const {
+        if constexpr (requires { this->GetReadOnly(); }) {
+            if (this->GetReadOnly())
+                return false;
+        }
+        return this->GetEnabled();
+    }
 
     TSignsKeyboard FKeyboard;
 };

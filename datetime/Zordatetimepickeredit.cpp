@@ -362,12 +362,6 @@ void TZORDateTimePickerEdit::EditWndProc(TMessage& message) {
 
 // The calendar
 
-bool TZORDateTimePickerEdit::OnDropButton(TPoint point) const {
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof(info);
-    return GetComboBoxInfo(GetHandle(), &info) && FromWin(info.rcButton).Contains(point);
-}
-
 void TZORDateTimePickerEdit::WndProc(TMessage& message) {
     TLifeGuard alive(*this);
     if (FPopup && FPopup->HandleTargetMessage(message))

@@ -104,7 +104,6 @@ private:
     bool IsMasked() const { return FUseMaskEdit && FView == dtvDay; }
     void TypeKey(TMessage& message);
     void RewriteTyped(const TEntryText& before);
-    bool OnDropButton(TPoint point) const;
     bool HandleOwnKey(WORD key, TShiftState shift);
     void OpenCalendar();
     void ShowDateInCalendar();

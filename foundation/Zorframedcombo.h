@@ -34,6 +34,12 @@ protected:
         }
         TZORFramed<TBase, Framing>::EditWndProc(message);
     }
+    /// Whether a point of the client area lies on the drop button.
+    bool OnDropButton(TPoint point) const {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        return GetComboBoxInfo(this->GetHandle(), &info) && FromWin(info.rcButton).Contains(point);
+    }
 };
 
 } // namespace ZOR

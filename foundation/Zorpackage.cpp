@@ -12,6 +12,8 @@
 #include "controls/Zorscrollbox.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
+#include "lists/Zorcombobox.h"
+#include "lists/Zorcomboboxnew.h"
 #include "numeric/Zorfloatedit.h"
 #include "numeric/Zorspinedit.h"
 #include "numeric/Zorspinfloatedit.h"
@@ -22,6 +24,8 @@ void RegisterPackage() {
     Zorcheckbox::Register();
     Zorchecklistbox::Register();
     Zorcolorbutton::Register();
+    Zorcombobox::Register();
+    Zorcomboboxnew::Register();
     Zordatetimepicker::Register();
     Zordatetimepickeredit::Register();
     Zoredit::Register();

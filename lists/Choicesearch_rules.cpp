@@ -89,12 +89,6 @@ void TChoiceIndex::Prepare(std::size_t count) {
     FBytes.assign(1, kBoundary);
 }
 
-void TChoiceIndex::Clear() {
-    std::string().swap(FBytes);
-    std::vector<std::size_t>().swap(FStarts);
-    Prepare(0);
-}
-
 void TChoiceIndex::Assign(const TStrings& items, const TTextFolding& folding) {
     if (!(FFolder.Folding() == folding))
         FFolder = TTextFolder(folding);
@@ -106,6 +100,14 @@ void TChoiceIndex::Assign(const TStrings& items, const TTextFolding& folding) {
         FBytes += kBoundary;
     }
     FBytes.shrink_to_fit();
+    FVersion.reset();
+}
+
+void TChoiceIndex::Update(const TStrings& items, unsigned version, const TTextFolding& folding) {
+    if (FVersion == version && FFolder.Folding() == folding)
+        return;
+    Assign(items, folding);
+    FVersion = version;
 }
 
 TChoiceIndex::TMatch TChoiceIndex::Find(StringView text, TMatchPlace place, int from) const {

@@ -6,6 +6,7 @@
 #include "foundation/Textfolding_rules.h"
 #include "framework/system/stringlist.h"
 
+#include <optional>
 #include <vector>
 
 namespace ZOR {
@@ -45,7 +46,8 @@ public:
 
     /// Takes the texts of a list, in its order.
     void Assign(const TStrings& items, const TTextFolding& folding);
-    void Clear();
+    /// The same where that has not been done yet for this version of the list and this folding.
+    void Update(const TStrings& items, unsigned version, const TTextFolding& folding);
 
     int Count() const { return static_cast<int>(FStarts.size()); }
     const TTextFolder& Folder() const { return FFolder; }
@@ -62,6 +64,7 @@ private:
     // texts. A search is then one for bytes in memory, and a text at the beginning is one behind such a byte.
     std::string FBytes;
     std::vector<std::size_t> FStarts; // of each text
+    std::optional<unsigned> FVersion; // of the list, where that is known
 };
 
 /// The characters of a text that match: the first place where `search` stands in it, both folded. Where folding makes

@@ -1,13 +1,14 @@
 #include "framework/windows/controlstrings.h"
 
+#include "framework/system/strings.h"
 #include "framework/system/updates.h"
+
+#include <memory>
 
 namespace framework {
 
-namespace {
-
 /// Stands in for the object of an item that has a mark; few have.
-class TMarkedItem : public TObject {
+class TControlStrings::TMarkedItem : public TObject {
 public:
     TMarkedItem(TObject* object, int mark) : Object(object), Mark(mark) {}
 
@@ -15,58 +16,72 @@ public:
     int Mark;
 };
 
-} // namespace
-
 TControlStrings::~TControlStrings() {
     for (int i = 0; i < FList.GetCount(); ++i)
         DropMark(i);
 }
 
-TObject* TControlStrings::GetItemObject(int index) const {
+/// Null for an item without a mark.
+TControlStrings::TMarkedItem* TControlStrings::MarkedItem(int index) const {
     TObject* object = FList.GetItemObject(index);
-    const auto* marked = dynamic_cast<TMarkedItem*>(object);
-    return marked ? marked->Object : object;
+    return FMarked.contains(object) ? static_cast<TMarkedItem*>(object) : nullptr;
+}
+
+TObject* TControlStrings::GetItemObject(int index) const {
+    const TMarkedItem* marked = MarkedItem(index);
+    return marked ? marked->Object : FList.GetItemObject(index);
 }
 
 void TControlStrings::PutObject(int index, TObject* object) {
-    if (auto* marked = dynamic_cast<TMarkedItem*>(FList.GetItemObject(index)))
+    if (TMarkedItem* marked = MarkedItem(index))
         marked->Object = object;
     else
         FList.PutObject(index, object);
 }
 
 int TControlStrings::GetMark(int index) const {
-    const auto* marked = dynamic_cast<TMarkedItem*>(FList.GetItemObject(index));
+    const TMarkedItem* marked = MarkedItem(index);
     return marked ? marked->Mark : 0;
 }
 
 void TControlStrings::SetMark(int index, int mark) {
-    TObject* object = FList.GetItemObject(index);
-    if (auto* marked = dynamic_cast<TMarkedItem*>(object))
+    if (TMarkedItem* marked = MarkedItem(index)) {
         marked->Mark = mark;
-    else if (mark != 0)
-        FList.PutObject(index, new TMarkedItem(object, mark));
-}
-
-void TControlStrings::DropMark(int index) {
-    if (auto* marked = dynamic_cast<TMarkedItem*>(FList.GetItemObject(index))) {
-        FList.PutObject(index, marked->Object);
-        delete marked;
+    } else if (mark != 0) {
+        auto made = std::make_unique<TMarkedItem>(FList.GetItemObject(index), mark);
+        FMarked.insert(made.get());
+        FList.PutObject(index, made.release());
     }
 }
 
+void TControlStrings::DropMark(int index) {
+    const std::unique_ptr<TMarkedItem> marked(MarkedItem(index));
+    if (!marked)
+        return;
+    FList.PutObject(index, marked->Object);
+    FMarked.erase(marked.get());
+}
+
 void TControlStrings::Exchange(int first, int second) {
+    CheckIndex(first);
+    CheckIndex(second);
+    const bool firstIsCurrent = StateOf(first).Current;
+    const bool secondIsCurrent = StateOf(second).Current;
     TStrings::Exchange(first, second);
     const int mark = GetMark(first); // marks kept their places so far, as they do when a text is replaced
     SetMark(first, GetMark(second));
     SetMark(second, mark);
+    if (firstIsCurrent != secondIsCurrent)
+        SetStateOf(firstIsCurrent ? second : first, {true, false});
 }
 
 void TControlStrings::Move(int from, int to) {
     CheckIndex(from);
     const int mark = GetMark(from);
+    const TItemState state = StateOf(from);
     TStrings::Move(from, to);
     SetMark(to, mark);
+    SetStateOf(to, state);
 }
 
 void TControlStrings::Put(int index, const String& text) {
@@ -88,6 +103,7 @@ void TControlStrings::Put(int index, const String& text) {
 
 int TControlStrings::AddObject(const String& text, TObject* object) {
     const int index = FList.AddObject(text, object);
+    ++FVersion;
     Inserted(index, text);
     return index;
 }
@@ -98,6 +114,7 @@ void TControlStrings::Insert(int index, const String& text) {
 
 void TControlStrings::InsertObject(int index, const String& text, TObject* object) {
     FList.InsertObject(index, text, object);
+    ++FVersion;
     Inserted(index, text);
 }
 
@@ -105,6 +122,7 @@ void TControlStrings::Delete(int index) {
     CheckIndex(index);
     DropMark(index);
     FList.Delete(index);
+    ++FVersion;
     Deleted(index);
 }
 
@@ -114,13 +132,30 @@ void TControlStrings::Clear() {
     for (int i = 0; i < FList.GetCount(); ++i)
         DropMark(i);
     FList.Clear();
+    ++FVersion;
     Cleared();
 }
 
 void TControlStrings::SetSorted(bool value) {
-    FList.SetSorted(value);
-    if (value)
-        Replaced();
+    if (!value) {
+        FList.SetSorted(false);
+        return;
+    }
+    // The current item stays the current one. Sorting keeps the order of those that read alike, so the item is found
+    // again by how many of them stand before it.
+    int current = 0;
+    while (current < GetCount() && !StateOf(current).Current)
+        ++current;
+    const TItemState state = current < GetCount() ? StateOf(current) : TItemState();
+    const String text = state.Current ? Get(current) : String();
+    int before = 0;
+    for (int i = 0; state.Current && i < current; ++i)
+        before += AnsiSameText(Get(i), text) ? 1 : 0;
+    FList.SetSorted(true);
+    ++FVersion;
+    Replaced();
+    if (const int place = IndexOf(text) + before; state.Current && !StateOf(place).Current)
+        SetStateOf(place, {true, false});
 }
 
 } // namespace framework

@@ -4,6 +4,8 @@
 
 #include "framework/system/stringlist.h"
 
+#include <unordered_set>
+
 namespace framework {
 
 /// Keeps texts and objects in memory and tells the control of every change, so that its window can follow.
@@ -31,9 +33,11 @@ public:
     /// with the item wherever that moves.
     int GetMark(int index) const;
     void SetMark(int index, int mark);
+    /// Another number after every change of the texts, so that what was made of them can be made anew.
+    unsigned GetVersion() const { return FVersion; }
 
     bool GetSorted() const { return FList.GetSorted(); }
-    /// Sorts by the user's alphabet; a selection does not survive it.
+    /// Sorts by the user's alphabet. The current item stays current; what else is selected does not survive it.
     void SetSorted(bool value);
 
 protected:
@@ -52,9 +56,15 @@ protected:
     virtual void SetStateOf(int index, TItemState state) = 0;
 
 private:
+    class TMarkedItem;
+
+    TMarkedItem* MarkedItem(int index) const;
     void DropMark(int index);
 
     TStringList FList; // the object of a marked item is a TMarkedItem, which holds its own one
+    // Objects are told apart by address alone: programs keep plain numbers in their place.
+    std::unordered_set<const TObject*> FMarked;
+    unsigned FVersion = 0;
 };
 
 } // namespace framework

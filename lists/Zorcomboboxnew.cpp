@@ -1,0 +1,790 @@
+#include "lists/Zorcomboboxnew.h"
+
+#include "foundation/Zorpackage.h"
+#include "framework/system/strings.h"
+#include "framework/windows/clipboard.h"
+#include "framework/windows/controlstrings.h"
+
+#include <algorithm>
+
+namespace ZOR {
+
+namespace {
+
+constexpr std::uint32_t kTimerInterval = 300; // milliseconds
+constexpr int kWheelRows = 3;                 // that the wheel scrolls the open list at a notch
+/// Posted to the field by itself: the items of the open list have changed.
+constexpr UINT kItemsChangedMessage = WM_USER + 0x300;
+
+/// Input that changes the text by itself, whichever way the native window goes about it.
+bool IsEditing(UINT message) {
+    switch (message) {
+    case WM_CUT:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case WM_IME_CHAR:
+    case WM_IME_COMPOSITION:
+    case WM_IME_ENDCOMPOSITION:
+    case WM_CONTEXTMENU:
+        return true;
+    default:
+        return message >= WM_KEYFIRST && message <= WM_KEYLAST;
+    }
+}
+
+} // namespace
+
+/// The items of the field; only it shows them, so nothing is copied into a window.
+class TChoiceStrings : public TControlStrings {
+public:
+    explicit TChoiceStrings(TZORComboBoxnew& owner) : FOwner(owner) {}
+
+    TPersistent* GetOwner() const override { return &FOwner; }
+    bool InUpdate() const { return IsUpdating(); }
+
+protected:
+    void SetUpdateState(bool updating) override {
+        if (!updating)
+            FOwner.ItemsEdited();
+    }
+    void Inserted(int index, const String&) override { FOwner.ItemInserted(index); }
+    void Deleted(int index) override { FOwner.ItemDeleted(index); }
+    void Cleared() override { FOwner.ItemsCleared(); }
+    void Replaced() override { FOwner.ItemsReplaced(); }
+    TItemState StateOf(int index) const override { return {FOwner.GetItemIndex() == index, false}; }
+    void SetStateOf(int index, TItemState state) override {
+        if (state.Current)
+            FOwner.SetItemIndex(index);
+    }
+
+private:
+    TZORComboBoxnew& FOwner;
+};
+
+const TClassInfo& TZORComboBoxnew::StaticClass() {
+    using C = TZORComboBoxnew;
+    namespace row = framedrows;
+    const auto color = [](TPropInfo property) { return property.Named(ColorIdentifiers()); };
+    static const TClassInfo info = DescribeClass<C>(
+        u"TZORComboBoxnew", TMemo::StaticClass(),
+        {Property<&C::GetLines, &C::SetLines>(u"Lines"),
+         Property<&C::GetBehavior, &C::SetBehavior>(u"Behavior", beStandard),
+         Property<&C::GetCaseSensitive, &C::SetCaseSensitive>(u"CaseSensitive", false),
+         row::HintLabel<C>(),
+         Property<&C::GetItemIndex, &C::SetItemIndex>(u"ItemIndex", -1),
+         Property<&C::GetSorted, &C::SetSorted>(u"Sorted", false),
+         Property<&C::GetFText, &C::SetFText>(u"Text"),
+         Property<&C::GetStyle, &C::SetStyle>(u"Style", csDropDown),
+         row::ShowHintInside<C>(),
+         row::Wymagany<C>(),
+         Property<&C::GetDroppedDown, &C::SetFDroppedDown>(u"DroppedDown", false),
+         Property<&C::GetDropDownCount, &C::SetDropDownCount>(u"DropDownCount", 10),
+         Event<&C::OnNewClick>(u"OnNewClick"),
+         Event<&C::OnSelect>(u"OnSelect"),
+         Event<&C::OnCloseUp>(u"OnCloseUp"),
+         Event<&C::OnEditClick>(u"OnEditClick"),
+         row::OnValidateRequest<C>(),
+         Property<&C::GetIgnoreLocalChars, &C::SetIgnoreLocalChars>(u"IgnoreLocalChars", false),
+         Property<&C::GetItems, &C::SetItems>(u"Items"),
+         Property<&C::GetSmartSearch, &C::SetSmartSearch>(u"SmartSearch", false),
+         row::BorderColors<C>(),
+         row::BoundLabel<C>(),
+         color(Property<&C::GetGradientColorUp, &C::SetGradientColorUp>(u"GradientColorUp", clWhite)),
+         color(Property<&C::GetGradientColorDown, &C::SetGradientColorDown>(u"GradientColorDown", clWhite)),
+         color(Property<&C::GetArrowColor, &C::SetArrowColor>(u"ArrowColor", clBlack)),
+         Property<&C::GetWantReturns, &C::SetWantReturns>(u"WantReturns", false),
+         Property<&C::GetWordWrap, &C::SetWordWrap>(u"WordWrap", false)});
+    return info;
+}
+
+TZORComboBoxnew::TZORComboBoxnew(TComponent* owner)
+    : TZORArrowField(owner), FItems(std::make_unique<TChoiceStrings>(*this)) {
+    for (TTimer* timer : {&FCloseTimer, &FAccTimer}) {
+        timer->SetEnabled(false);
+        timer->SetInterval(kTimerInterval);
+    }
+    FCloseTimer.OnTimer = [this](TObject* sender) { cust_OnTimer(sender); };
+    FAccTimer.OnTimer = [this](TObject* sender) { cust_acc_OnTimer(sender); };
+}
+
+TZORComboBoxnew::~TZORComboBoxnew() {
+    Destroying();
+    FLoader.Unload();
+    DestroyHandle();
+}
+
+// Items
+
+TStrings* TZORComboBoxnew::GetItems() const {
+    return FItems.get();
+}
+
+bool TZORComboBoxnew::GetSorted() const {
+    return FItems->GetSorted();
+}
+
+void TZORComboBoxnew::SetSorted(bool value) {
+    if (GetSorted() != value)
+        FItems->SetSorted(value);
+}
+
+void TZORComboBoxnew::AddItem(const String& text, TObject* object) {
+    FItems->AddObject(text, object);
+}
+
+void TZORComboBoxnew::InsertItem(int index, const String& text, TObject* object) {
+    FItems->InsertObject(index, text, object);
+}
+
+void TZORComboBoxnew::DeleteItem(int index) {
+    FItems->Delete(index);
+}
+
+void TZORComboBoxnew::Clear() {
+    FItems->Clear();
+    SetText({});
+}
+
+void TZORComboBoxnew::ItemInserted(int index) {
+    FItemIndex += FItemIndex >= index && !IsLoading() ? 1 : 0;
+    if (FBefore && FBefore->Item >= index)
+        ++FBefore->Item;
+    ItemsEdited();
+}
+
+void TZORComboBoxnew::ItemDeleted(int index) {
+    const auto follow = [index](int& item) {
+        if (item == index)
+            item = -1;
+        else if (item > index)
+            --item;
+    };
+    const bool chosen = FItemIndex == index;
+    follow(FItemIndex);
+    if (FBefore)
+        follow(FBefore->Item);
+    if (chosen && ChoosesFromList())
+        ShowText({});
+    ItemsEdited();
+}
+
+void TZORComboBoxnew::ItemsCleared() {
+    const bool chosen = std::exchange(FItemIndex, -1) >= 0;
+    if (FBefore)
+        FBefore->Item = -1;
+    if (chosen && ChoosesFromList())
+        ShowText({});
+    ItemsEdited();
+}
+
+void TZORComboBoxnew::ItemsReplaced() {
+    FItemIndex = -1; // until it is told where the chosen one has gone
+    if (FBefore)
+        FBefore->Item = FBefore->Text.empty() ? -1 : FItems->IndexOf(FBefore->Text);
+    ItemsEdited();
+}
+
+/// Brings the open list in line, once for however many changes a handler makes.
+void TZORComboBoxnew::ItemsEdited() {
+    if (!GetDroppedDown() || FListStale || FItems->InUpdate())
+        return;
+    FListStale = true;
+    PostMessageW(GetHandle(), kItemsChangedMessage, 0, 0);
+}
+
+void TZORComboBoxnew::Loaded() {
+    TZORArrowField::Loaded();
+    // A text form names the item before it has listed the items.
+    if (FItemIndex >= 0)
+        SetItemIndex(FItemIndex);
+    else
+        FollowText();
+}
+
+// The choice
+
+/// Shows a text without a word to anybody.
+void TZORComboBoxnew::ShowText(const String& text) {
+    if (GetText() == text)
+        return;
+    TLifeGuard alive(*this);
+    const bool outer = std::exchange(FQuietly, true);
+    SetText(text);
+    if (alive)
+        FQuietly = outer;
+}
+
+void TZORComboBoxnew::Choose(int item) {
+    FItemIndex = item;
+    ShowText(item >= 0 ? OneLine(FItems->Get(item)) : String());
+}
+
+void TZORComboBoxnew::SetItemIndex(int value) {
+    if (IsLoading()) {
+        FItemIndex = value; // the items may follow
+        return;
+    }
+    FBefore.reset();
+    Choose(value >= 0 && value < FItems->GetCount() ? value : -1);
+    ShowMatch();
+}
+
+/// The item whose text stands in the field, letter case aside; the present one where several have it.
+void TZORComboBoxnew::FollowText() {
+    const String text = GetText();
+    if (FItemIndex >= 0 && FItemIndex < FItems->GetCount() && AnsiSameText(OneLine(FItems->Get(FItemIndex)), text))
+        return;
+    FItemIndex = -1;
+    const TChoiceIndex& index = Index();
+    for (int from = 0;;) {
+        const int item = index.Find(text, TMatchPlace::Whole, from).Item;
+        if (item < 0)
+            return;
+        if (AnsiSameText(FItems->Get(item), text)) {
+            FItemIndex = item;
+            return;
+        }
+        from = item + 1; // folded they are the same, yet accents differ
+    }
+}
+
+int TZORComboBoxnew::get_id_sel() const {
+    if (FItemIndex < 0 || FItemIndex >= FItems->GetCount())
+        return -1;
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(FItems->GetItemObject(FItemIndex)));
+}
+
+/// Tells of what the person has brought about since the field showed this.
+void TZORComboBoxnew::Tell(const TShown& before) {
+    TLifeGuard alive(*this);
+    const bool chosen = FItemIndex != before.Item && FItemIndex >= 0;
+    if (GetText() != before.Text)
+        TZORArrowField::Change();
+    if (alive && chosen)
+        Fire(*this, OnSelect, this);
+}
+
+// The search
+
+TTextFolding TZORComboBoxnew::Folding() const {
+    return {false, FSmartSearch, FIgnoreLocalChars, FCaseSensitive ? TFoldedCase::AsItIs : TFoldedCase::Upper};
+}
+
+const TChoiceIndex& TZORComboBoxnew::Index() {
+    FIndex.Update(*FItems, FItems->GetVersion(), Folding());
+    return FIndex;
+}
+
+void TZORComboBoxnew::MakeSmartItems() {
+    Index();
+}
+
+int TZORComboBoxnew::findItemPos(const String& text) {
+    return Index().Find(text, PlaceOf(FBehavior)).Item;
+}
+
+bool TZORComboBoxnew::key_allowed(char16_t key) {
+    String text = GetText();
+    if (key != 0 && key != VK_BACK)
+        text += key;
+    return findItemPos(text) >= 0;
+}
+
+bool TZORComboBoxnew::AllowsText(const String& text) {
+    return findItemPos(text) >= 0;
+}
+
+void TZORComboBoxnew::KeyPress(char16_t& key) {
+    TLifeGuard alive(*this);
+    TZORArrowField::KeyPress(key);
+    if (!alive || key == 0)
+        return;
+    if (key == VK_RETURN || key == u'\n' || key == VK_ESCAPE || key == VK_TAB) {
+        key = 0;
+        return;
+    }
+    if (key < u' ' || key == 0x7F)
+        return;
+    // The text as it would become, wherever the caret is.
+    const TSelection selection = GetSelection();
+    String text = GetText();
+    const bool atEnd = selection.Start == static_cast<int>(text.size());
+    text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
+                 1, key);
+    if (atEnd ? key_allowed(key) : AllowsText(text))
+        FCharacterTyped = true;
+    else
+        key = 0;
+}
+
+/// Inserts the clipboard's text as one line where an item matches what becomes of the field; always true.
+bool TZORComboBoxnew::Paste() {
+    const std::optional<String> given = ClipboardText(GetHandle());
+    if (!given || GetReadOnly())
+        return true;
+    const String line = Trim(OneLine(*given));
+    const TSelection selection = GetSelection();
+    String text = GetText();
+    text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
+                 line);
+    if (GetMaxLength() > 0 && static_cast<int>(text.size()) > GetMaxLength())
+        return true;
+    FCharacterTyped = AllowsText(text);
+    if (FCharacterTyped)
+        SetSelText(line);
+    return true;
+}
+
+void TZORComboBoxnew::Change() {
+    if (FQuietly)
+        return;
+    if (FByPerson)
+        TextTyped();
+    else if (!IsLoading())
+        TextSet();
+}
+
+/// The program has made the text another.
+void TZORComboBoxnew::TextSet() {
+    FBefore.reset();
+    if (const String text = GetText(); OneLine(text) != text)
+        ShowText(Trim(OneLine(text))); // lines that were added one by one
+    FollowText();
+    ShowMatch();
+}
+
+/// The person has made the text another.
+void TZORComboBoxnew::TextTyped() {
+    TLifeGuard alive(*this);
+    FollowText();
+    if (std::exchange(FCharacterTyped, false) && !GetDroppedDown())
+        OpenForSearch();
+    if (!alive)
+        return;
+    ShowMatch();
+    TZORArrowField::Change();
+}
+
+void TZORComboBoxnew::OpenForSearch() {
+    const TSelection selection = GetSelection();
+    dropdown_pop();
+    SetSelection(selection);
+}
+
+/// Goes to the first row that matches the text, and marks what matches.
+void TZORComboBoxnew::ShowMatch() {
+    if (!GetDroppedDown() || FListStale)
+        return;
+    const String text = GetText();
+    GetPopup()->SetSearchText(text, {false, FSmartSearch, FIgnoreLocalChars, TFoldedCase::Upper});
+    GetPopup()->ShowRow(FItemIndex >= 0 ? FItemIndex : findItemPos(text), true);
+}
+
+void TZORComboBoxnew::CMTextChanged(TMessage& message) {
+    // The program has set the text, perhaps from a handler of what the person does.
+    TLifeGuard alive(*this);
+    const bool outer = std::exchange(FByPerson, false);
+    TZORArrowField::CMTextChanged(message);
+    if (alive)
+        FByPerson = outer;
+}
+
+/// The text on its way into the window as one line.
+void TZORComboBoxnew::NormalizeText(TMessage& message) {
+    const auto* given = reinterpret_cast<const char16_t*>(message.LParam);
+    String text = given ? given : u"";
+    while (!text.empty() && (text.back() == u'\n' || text.back() == u'\r'))
+        text.pop_back();
+    text = OneLine(text);
+    FSignRefused = IsInsertingSign() && !AllowsText(text);
+    if (FSignRefused)
+        return;
+    message.LParam = reinterpret_cast<LPARAM>(text.c_str());
+    TZORArrowField::Dispatch(message);
+}
+
+// The list
+
+bool TZORComboBoxnew::GetDroppedDown() const {
+    return GetPopup() && GetPopup()->IsOpen();
+}
+
+void TZORComboBoxnew::SetFDroppedDown(bool value) {
+    if (GetDroppedDown() == value)
+        return;
+    if (value)
+        dropdown_pop();
+    else
+        dropdown_close();
+}
+
+void TZORComboBoxnew::SetDropDownCount(int value) {
+    FDropDownCount = std::max(value, 1);
+    fit_popup();
+}
+
+void TZORComboBoxnew::dropdown_pop() {
+    if (IsLoading() || IsDesigning() || !GetParent() || !CanFocus() || GetReadOnly() || FItems->GetCount() == 0)
+        return;
+    FCloseTimer.SetEnabled(false);
+    Tform_list& list = FLoader.Load();
+    list.OnCloseUp = [this](TObject* sender) { form_deactivate(sender); };
+    list.list_box->OnMouseMove = [this](TObject* sender, TShiftState shift, int x, int y) {
+        cust_MouseMove(sender, shift, x, y);
+    };
+    list.list_box->OnMouseUp = [this](TObject* sender, TMouseButton button, TShiftState shift, int x, int y) {
+        cust_MouseUp(sender, button, shift, x, y);
+    };
+    list.SetItems(FItems.get(), FDropDownCount);
+    FListStale = false;
+    if (!FBefore)
+        FBefore = TShown{GetText(), FItemIndex};
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    FPointer = FromWin(pointer); // a list that opens under the mouse does not follow it before it moves
+    TLifeGuard alive(*this);
+    list.PopUp(*this);
+    if (alive && GetDroppedDown())
+        FormActivateZ();
+}
+
+void TZORComboBoxnew::FormActivateZ() {
+    GetPopup()->list_box->SetRow(-1);
+    const bool chosen = FItemIndex >= 0;
+    GetPopup()->SetSearchText(chosen ? String() : GetText(), Folding());
+    GetPopup()->ShowRow(chosen ? FItemIndex : findItemPos(GetText()), false);
+    InvalidateArrow();
+}
+
+void TZORComboBoxnew::dropdown_close() {
+    if (GetDroppedDown())
+        GetPopup()->CloseUp();
+}
+
+void TZORComboBoxnew::form_deactivate(TObject*) {
+    FHeldKey = 0;
+    FAccTimer.SetEnabled(false);
+    FCloseTimer.SetEnabled(true);
+    InvalidateArrow();
+    if (!FHoldCloseUp)
+        Fire(*this, OnCloseUp, this);
+}
+
+void TZORComboBoxnew::cust_OnTimer(TObject*) {
+    FCloseTimer.SetEnabled(false);
+    seek_n_destroy();
+}
+
+void TZORComboBoxnew::seek_n_destroy() {
+    if (!GetDroppedDown())
+        FLoader.Unload();
+}
+
+void TZORComboBoxnew::fit_popup() {
+    if (!GetDroppedDown())
+        return;
+    FListStale = false;
+    if (FItems->GetCount() == 0) {
+        dropdown_close();
+        return;
+    }
+    GetPopup()->SetItems(FItems.get(), FDropDownCount);
+    GetPopup()->Fit();
+    GetPopup()->ShowRow(FItemIndex >= 0 ? FItemIndex : findItemPos(GetText()), false);
+}
+
+TRect TZORComboBoxnew::get_x_y() const {
+    return GetDroppedDown() ? GetPopup()->GetBoundsRect() : TRect{};
+}
+
+// The choice by the person
+
+void TZORComboBoxnew::Step(int step) {
+    const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FItemIndex;
+    const bool byOne = step == 1 || step == -1;
+    StepTo(byOne ? StepRow(current, FItems->GetCount(), step) : StepRows(current, FItems->GetCount(), step));
+}
+
+void TZORComboBoxnew::StepTo(int row) {
+    if (row < 0 || row >= FItems->GetCount() || GetReadOnly())
+        return;
+    const TShown before{GetText(), FItemIndex};
+    if (!FBefore)
+        FBefore = before;
+    Choose(row);
+    if (GetDroppedDown()) {
+        GetPopup()->ShowRow(row, false);
+        GetPopup()->list_box->Invalidate();
+    }
+    if (ChoosesFromList())
+        SelectAll();
+    else
+        SetSelStart(GetTextLen());
+    Tell(before);
+}
+
+/// Takes a row and closes the list; without a row it only closes.
+void TZORComboBoxnew::TakeRow(int row) {
+    TLifeGuard alive(*this);
+    const TShown before{GetText(), FItemIndex};
+    const bool open = GetDroppedDown();
+    FHoldCloseUp = true;
+    {
+        const TAtScopeEnd closed(*this, [this] { FHoldCloseUp = false; });
+        dropdown_close();
+    }
+    if (!alive)
+        return;
+    if (row >= 0 && row < FItems->GetCount()) {
+        FBefore.reset();
+        Choose(row);
+        SelectAll();
+        Tell(before);
+    }
+    if (alive && open)
+        Fire(*this, OnCloseUp, this);
+}
+
+/// Brings back the text and the item from before the list opened or something was typed.
+void TZORComboBoxnew::Restore() {
+    TLifeGuard alive(*this);
+    dropdown_close();
+    if (!alive || !FBefore)
+        return;
+    const TShown back = *std::exchange(FBefore, std::nullopt);
+    const String text = GetText();
+    FItemIndex = back.Item;
+    ShowText(back.Text);
+    SelectAll();
+    if (text != back.Text)
+        TZORArrowField::Change();
+}
+
+void TZORComboBoxnew::PressArrow() {
+    TLifeGuard alive(*this);
+    if (GetDroppedDown()) {
+        dropdown_close();
+        return;
+    }
+    if (!Focused() && CanFocus())
+        SetFocus();
+    if (!alive || !Focused())
+        return;
+    if (FItems->GetCount() == 0)
+        Fire(*this, OnNewClick, this);
+    else
+        dropdown_pop();
+}
+
+void TZORComboBoxnew::cust_MouseMove(TObject*, TShiftState, int x, int y) {
+    TChoiceListBox& list = *GetPopup()->list_box;
+    const TPoint pointer = list.ClientToScreen({x, y});
+    if (pointer == FPointer)
+        return;
+    FPointer = pointer;
+    if (const int row = list.RowAt({x, y}); row >= 0 && row != list.GetRow())
+        list.SetRow(row);
+}
+
+void TZORComboBoxnew::cust_MouseUp(TObject*, TMouseButton button, TShiftState, int x, int y) {
+    if (button != mbLeft || !GetDroppedDown())
+        return;
+    if (const int row = GetPopup()->list_box->RowAt({x, y}); row >= 0)
+        cust_Click(row);
+}
+
+void TZORComboBoxnew::cust_Click(int row) {
+    TakeRow(row);
+}
+
+void TZORComboBoxnew::cust_acc_OnTimer(TObject*) {
+    if (FHeldKey == 0 || !Focused()) {
+        FAccTimer.SetEnabled(false);
+        return;
+    }
+    const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FItemIndex;
+    const int next = StepRow(current, FItems->GetCount(), FHeldKey == VK_UP ? -1 : 1);
+    if (next != FItemIndex)
+        StepTo(next);
+}
+
+// Keys
+
+/// Does what a key means to the field; false for keys that are the platform's.
+bool TZORComboBoxnew::HandleOwnKey(WORD key, TShiftState shift) {
+    const bool alt = shift.Contains(ssAlt);
+    switch (key) {
+    case VK_F4:
+        if (alt)
+            return false; // closes the window
+        SetFDroppedDown(!GetDroppedDown());
+        return true;
+    case VK_UP:
+    case VK_DOWN:
+        if (alt) {
+            SetFDroppedDown(!GetDroppedDown());
+        } else if (FHeldKey != key) { // the system repeats a key that is held; here the timer does
+            FHeldKey = key;
+            FAccTimer.SetEnabled(false);
+            FAccTimer.SetEnabled(true);
+            Step(key == VK_UP ? -1 : 1);
+        }
+        return true;
+    case VK_PRIOR:
+    case VK_NEXT:
+        if (GetDroppedDown())
+            Step((key == VK_PRIOR ? -1 : 1) * std::max(FDropDownCount - 1, 1));
+        return true;
+    case VK_RETURN:
+        if (GetDroppedDown())
+            TakeRow(GetPopup()->list_box->GetRow());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TZORComboBoxnew::KeyDown(WORD& key, TShiftState shift) {
+    TLifeGuard alive(*this);
+    TZORArrowField::KeyDown(key, shift);
+    if (alive && key != 0 && HandleOwnKey(key, shift) && alive)
+        key = 0;
+}
+
+void TZORComboBoxnew::KeyUp(WORD& key, TShiftState shift) {
+    cust_KeyUp(key);
+    TZORArrowField::KeyUp(key, shift);
+}
+
+void TZORComboBoxnew::cust_KeyUp(WORD key) {
+    if (key != FHeldKey)
+        return;
+    FHeldKey = 0;
+    FAccTimer.SetEnabled(false);
+}
+
+/// Keys that the form would have otherwise. True: dealt with.
+bool TZORComboBoxnew::HandlePopupKey(TMessage& message) {
+    const bool typed = FBefore && FBefore->Text != GetText();
+    switch (message.WParam) {
+    case VK_ESCAPE:
+        if (!GetDroppedDown() && !typed)
+            return false;
+        message.Result = 1;
+        Restore();
+        return true;
+    case VK_TAB:
+        if (GetDroppedDown() && GetKeyState(VK_CONTROL) >= 0)
+            TakeRow(GetPopup()->list_box->GetRow());
+        return false; // and moves on
+    default:
+        return false;
+    }
+}
+
+// Mouse
+
+bool TZORComboBoxnew::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) {
+    TLifeGuard alive(*this);
+    if (TZORArrowField::DoMouseWheel(shift, wheelDelta, mousePos) || !alive)
+        return true;
+    if (!Focused())
+        return false;
+    if (GetDroppedDown()) {
+        TChoiceListBox& list = *GetPopup()->list_box;
+        list.SetTopIndex(std::max(list.GetTopIndex() - wheelDelta * kWheelRows / WHEEL_DELTA, 0));
+    } else {
+        Step(wheelDelta > 0 ? -1 : 1);
+    }
+    return true;
+}
+
+// Messages
+
+void TZORComboBoxnew::WndProc(TMessage& message) {
+    TLifeGuard alive(*this);
+    if (GetPopup() && GetPopup()->HandleTargetMessage(message))
+        return;
+    if (!alive)
+        return;
+    switch (message.Msg) {
+    case CN_KEYDOWN:
+        if (HandlePopupKey(message) || !alive)
+            return;
+        break;
+    case CM_WANTSPECIALKEY:
+        if (message.WParam == VK_RETURN && GetDroppedDown()) {
+            message.Result = 1;
+            return;
+        }
+        break;
+    case ExtraSignsChangedMessage:
+        if (std::exchange(FSignRefused, false))
+            return;
+        FollowText();
+        break;
+    default:
+        break;
+    }
+    TZORArrowField::WndProc(message);
+}
+
+void TZORComboBoxnew::Dispatch(TMessage& message) {
+    switch (message.Msg) {
+    case WM_SETTEXT:
+        return NormalizeText(message);
+    case WM_PASTE: {
+        TLifeGuard alive(*this);
+        const bool outer = std::exchange(FByPerson, true);
+        Paste();
+        if (alive)
+            FByPerson = outer;
+        return;
+    }
+    case kItemsChangedMessage:
+        if (FListStale)
+            fit_popup();
+        return;
+    default:
+        break;
+    }
+    if (!IsEditing(message.Msg)) {
+        TZORArrowField::Dispatch(message);
+        return;
+    }
+    TLifeGuard alive(*this);
+    if (!FBefore)
+        FBefore = TShown{GetText(), FItemIndex};
+    const bool outer = std::exchange(FByPerson, true);
+    TZORArrowField::Dispatch(message);
+    if (alive)
+        FByPerson = outer;
+}
+
+void TZORComboBoxnew::DoEnter() {
+    FBefore.reset();
+    if (!BeingClicked())
+        SelectAll();
+    TZORArrowField::DoEnter();
+}
+
+void TZORComboBoxnew::DoExit() {
+    FHeldKey = 0;
+    FAccTimer.SetEnabled(false);
+    TLifeGuard alive(*this);
+    // Nothing typed, or no item of that text: where only items can be chosen, the one from before comes back.
+    if (ChoosesFromList() && FItemIndex < 0 && GetTextLen() > 0 && FBefore)
+        Restore();
+    if (!alive)
+        return;
+    FBefore.reset();
+    TZORArrowField::DoExit();
+}
+
+void Zorcomboboxnew::Register() {
+    RegisterComponents(PalettePage, {&TZORComboBoxnew::StaticClass()});
+}
+
+} // namespace ZOR
