@@ -310,7 +310,9 @@ void TZORComboBox::TellClosed() {
         FBuffer.clear();
         SelectAll();
     }
-    if (std::exchange(FUntold, false) && !FEscaping)
+    if (FEscaping)
+        EscapePressed();
+    if (alive && std::exchange(FUntold, false))
         Fire(*this, OnSelect, this);
     if (alive)
         TZORScreenKeyboard::CloseUp();

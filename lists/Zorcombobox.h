@@ -59,7 +59,7 @@ protected:
     void CloseUp() override;
     void DoExit() override;
 
-    /// Esc was pressed. Where it has closed the list, the text and the item from before come back.
+    /// Esc was pressed. Where it closes the list, the text and the item from before it opened come back.
     virtual void EscapePressed();
 
 private:
@@ -99,7 +99,7 @@ private:
     int FKeyFlag = 0;
     bool FCaseSensitive = false;
     bool FUntold = false;      // the search has shown an item that OnSelect has not told of
-    bool FEscaping = false;    // Esc is about to close the list
+    bool FEscaping = false;    // Esc closes the list, and what was there before has not come back yet
     bool FTextPressed = false; // the mouse went down on the text
 };
 

@@ -525,41 +525,47 @@ void TZORComboBoxnew::StepTo(int row) {
     Tell(before);
 }
 
-/// Takes a row and closes the list; without a row it only closes.
-void TZORComboBoxnew::TakeRow(int row) {
+/// Closes the list, then does the rest, and tells of the closing last.
+void TZORComboBoxnew::CloseAnd(const std::function<void()>& rest) {
     TLifeGuard alive(*this);
-    const TShown before{GetText(), FItemIndex};
     const bool open = GetDroppedDown();
     FHoldCloseUp = true;
     {
         const TAtScopeEnd closed(*this, [this] { FHoldCloseUp = false; });
         dropdown_close();
     }
-    if (!alive)
-        return;
-    if (row >= 0 && row < FItems->GetCount()) {
-        FBefore.reset();
-        Choose(row);
-        SelectAll();
-        Tell(before);
-    }
+    if (alive)
+        rest();
     if (alive && open)
         Fire(*this, OnCloseUp, this);
 }
 
+/// Takes a row and closes the list; without a row it only closes.
+void TZORComboBoxnew::TakeRow(int row) {
+    CloseAnd([this, row] {
+        if (row < 0 || row >= FItems->GetCount())
+            return;
+        const TShown before{GetText(), FItemIndex};
+        FBefore.reset();
+        Choose(row);
+        SelectAll();
+        Tell(before);
+    });
+}
+
 /// Brings back the text and the item from before the list opened or something was typed.
 void TZORComboBoxnew::Restore() {
-    TLifeGuard alive(*this);
-    dropdown_close();
-    if (!alive || !FBefore)
-        return;
-    const TShown back = *std::exchange(FBefore, std::nullopt);
-    const String text = GetText();
-    FItemIndex = back.Item;
-    ShowText(back.Text);
-    SelectAll();
-    if (text != back.Text)
-        TZORArrowField::Change();
+    CloseAnd([this] {
+        if (!FBefore)
+            return;
+        const TShown back = *std::exchange(FBefore, std::nullopt);
+        const String text = GetText();
+        FItemIndex = back.Item;
+        ShowText(back.Text);
+        SelectAll();
+        if (text != back.Text)
+            TZORArrowField::Change();
+    });
 }
 
 void TZORComboBoxnew::PressArrow() {

@@ -161,6 +161,7 @@ private:
     void ShowMatch();
     void Step(int step);
     void StepTo(int row);
+    void CloseAnd(const std::function<void()>& rest);
     void TakeRow(int row);
     void Restore();
     void Tell(const TShown& before);

@@ -203,7 +203,7 @@ TEST_F(ChoiceField, EscBringsBackWhatWasThere) {
         EXPECT_FALSE(IsOpen());
         EXPECT_EQ(Field->Text, u"Łódź");
         EXPECT_EQ(Field->ItemIndex, 3);
-        EXPECT_EQ(Taken(), u"close change ");
+        EXPECT_EQ(Taken(), u"change close ");
         PressKey(VK_ESCAPE);
         EXPECT_EQ(Taken(), u"cancel ") << "the next one is the form's";
     }

@@ -1,0 +1,191 @@
+// The search combo box used by keyboard and mouse: what typing finds and highlights, what is told of it, and that in
+// the other styles it is the platform's.
+
+#include "framework/system/strings.h"
+#include "framework/windows/application.h"
+#include "framework/windows/button.h"
+#include "framework/windows/clipboard.h"
+#include "lists/Zorcombobox.h"
+#include "tests/support/input.h"
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+using namespace framework;
+using namespace ZOR;
+using namespace testsupport;
+
+namespace {
+
+class SearchCombo : public testing::Test {
+protected:
+    void SetUp() override {
+        Box = std::make_unique<TZORComboBox>(nullptr);
+        Box->SetParent(Form.get());
+        Box->SetBounds(100, 40, 150, 21);
+        Box->Items->SetTextStr(u"Kraków\nMönchengladbach\nKöln\nBrno\n");
+        Box->Style = csDropDownList;
+        Box->OnChange = [this](TObject*) { Told += u"change "; };
+        Box->OnSelect = [this](TObject*) { Told += u"select "; };
+        Box->OnDropDown = [this](TObject*) { Told += u"drop "; };
+        Box->OnCloseUp = [this](TObject*) { Told += u"close "; };
+        Box->OnEditClick = [this](TObject*) { Told += u"edit "; };
+        Box->OnNewClick = [this](TObject*) { Told += u"new "; };
+        Other.SetParent(Form.get());
+        Other.SetBounds(20, 200, 100, 21);
+        Box->SetFocus();
+        Application->ProcessMessages();
+    }
+    String Taken() { return std::exchange(Told, {}); }
+    bool IsOpen() const { return Box->DroppedDown; }
+    /// What shows, with the selection in brackets.
+    String Shown() const {
+        String text = Box->Text;
+        text.insert(static_cast<std::size_t>(Box->SelStart + Box->SelLength), u"]");
+        text.insert(static_cast<std::size_t>(Box->SelStart), u"[");
+        return text;
+    }
+
+    std::unique_ptr<TForm> Form = ShowForm();
+    TEdit Other{nullptr};
+    std::unique_ptr<TZORComboBox> Box;
+    String Told;
+};
+
+TEST_F(SearchCombo, FindsWhatIsTypedAndRefusesTheRest) {
+    TypeText(u"m");
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(Shown(), u"[M]önchengladbach");
+    EXPECT_EQ(Box->ItemIndex, 1);
+    TypeText(u"o");
+    EXPECT_EQ(Shown(), u"[Mö]nchengladbach") << "a plain o finds the umlaut";
+    EXPECT_EQ(Taken(), u"drop change ");
+    TypeText(u"x");
+    EXPECT_EQ(Shown(), u"[Mö]nchengladbach");
+    EXPECT_EQ(Box->GetSearchBuffer(), u"mo");
+    PressKey(VK_BACK);
+    EXPECT_EQ(Shown(), u"[M]önchengladbach");
+    PressKey(VK_BACK);
+    EXPECT_EQ(Shown(), u"[]Mönchengladbach");
+    PressKey(VK_BACK);
+    EXPECT_EQ(Box->GetSearchBuffer(), u"");
+    TypeText(u"KÖL");
+    EXPECT_EQ(Shown(), u"[Köl]n");
+    EXPECT_EQ(Taken(), u"change change ") << "to Kraków, and then to Köln";
+    PressKey(VK_DELETE);
+    EXPECT_EQ(Shown(), u"[Köl]n") << "nothing is taken out of an item";
+    PressKey(VK_RETURN);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Box->GetKeyFlag(), 13);
+    EXPECT_EQ(Shown(), u"[Köln]");
+    EXPECT_EQ(Taken(), u"select close ");
+    TypeText(u"zb");
+    EXPECT_EQ(Box->GetSearchBuffer(), u"b") << "the next search begins afresh, its refused first key aside";
+    EXPECT_EQ(Shown(), u"Mönchenglad[b]ach");
+    PressKey(VK_ESCAPE);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Shown(), u"[Köln]") << "Esc brings back what was there";
+    EXPECT_EQ(Box->ItemIndex, 2);
+    EXPECT_EQ(Taken(), u"drop change change close ");
+    Box->Behavior = beNewWyszukajPoczatek;
+    TypeText(u"bra");
+    EXPECT_EQ(Shown(), u"[Br]no");
+}
+
+TEST_F(SearchCombo, ChoosesByKeysAndMouseAndTellsOnce) {
+    TButton cancel(nullptr);
+    cancel.SetParent(Form.get());
+    cancel.SetCancel(true);
+    cancel.OnClick = [&](TObject*) { Told += u"cancel "; };
+    PressKey(VK_DOWN);
+    EXPECT_EQ(Shown(), u"[Kraków]");
+    EXPECT_EQ(Taken(), u"change select ");
+    PressKey(VK_F4);
+    EXPECT_EQ(Taken(), u"drop ");
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(Taken(), u"close ");
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(Taken(), u"cancel ");
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    ASSERT_TRUE(GetComboBoxInfo(Box->GetHandle(), &info));
+    const TRect button = FromWin(info.rcButton);
+    const TPoint middle{(button.Left + button.Right) / 2, (button.Top + button.Bottom) / 2};
+    ClickOn(*Box, middle);
+    ASSERT_TRUE(WaitFor([&] { return IsOpen(); }));
+    Taken();
+    RECT row{};
+    SendMessageW(info.hwndList, LB_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&row));
+    POINT place{row.left + 10, (row.top + row.bottom) / 2};
+    ClientToScreen(info.hwndList, &place);
+    PressMouse(FromWin(place));
+    ReleaseMouse();
+    EXPECT_TRUE(WaitFor([&] { return !IsOpen(); }));
+    EXPECT_EQ(Shown(), u"[Brno]");
+    EXPECT_EQ(Taken(), u"change select close ");
+    ClickOn(*Box, {10, 10});
+    EXPECT_TRUE(WaitFor([&] { return Told == u"edit "; }));
+    Box->Clear();
+    Taken();
+    ClickOn(*Box, middle);
+    EXPECT_TRUE(WaitFor([&] { return Told == u"new "; }));
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(SearchCombo, LeavesTheTextToItsItems) {
+    EXPECT_EQ(Box->FindItemIndex(), 0);
+    Box->Text = u"KÖLN";
+    EXPECT_EQ(Box->FindItemIndex(), 2);
+    Box->Text = u"Koln";
+    EXPECT_EQ(Box->FindItemIndex(), 0) << "no item reads so";
+    Box->ItemIndex = 3;
+    Box->SelectAll();
+    ASSERT_TRUE(SetClipboardText(Box->GetHandle(), u"lad\r\n"));
+    PressKey('V', {ssCtrl});
+    EXPECT_EQ(Shown(), u"Möncheng[lad]bach");
+    PressKey('X', {ssCtrl});
+    EXPECT_EQ(Box->Text, u"Mönchengladbach");
+    EXPECT_EQ(ClipboardText(Box->GetHandle()), u"lad");
+    ASSERT_TRUE(SetClipboardText(Box->GetHandle(), u"nowhere"));
+    PressKey(VK_INSERT, {ssShift});
+    EXPECT_EQ(Box->Text, u"Mönchengladbach");
+    PressKey(VK_ESCAPE);
+    SendMessageW(Box->GetHandle(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Brno"));
+    EXPECT_EQ(Box->ItemIndex, 3);
+    Other.SetFocus();
+    const int item = Box->ItemIndex;
+    SendMessageW(Box->GetHandle(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
+    EXPECT_EQ(Box->ItemIndex, item) << "the wheel turns only a field that was entered";
+}
+
+TEST_F(SearchCombo, IsThePlatformsInOtherStyles) {
+    Box->Style = csDropDown;
+    TypeText(u"xyz");
+    EXPECT_EQ(Box->Text, u"xyz");
+    EXPECT_FALSE(IsOpen());
+    Box->SelectAll();
+    TypeText(u"kr");
+    EXPECT_EQ(Shown(), u"Kr[aków]") << "completed as ever";
+    EXPECT_EQ(Box->GetSearchBuffer(), u"");
+}
+
+TEST_F(SearchCombo, SurvivesHandlersThatChangeOrEndIt) {
+    Box->OnDropDown = [this](TObject*) { Box->Items->Clear(); };
+    TypeText(u"m");
+    EXPECT_EQ(Box->ItemIndex, -1);
+    Box->DroppedDown = false;
+    Box->Items->SetTextStr(u"one\ntwo\n");
+    Box->OnDropDown = nullptr;
+    Box->OnChange = [this](TObject*) { Box->Items->Insert(0, u"zero"); };
+    TypeText(u"t");
+    EXPECT_EQ(Box->Text, u"two");
+    EXPECT_EQ(Box->ItemIndex, 2);
+    Box->OnChange = nullptr;
+    Box->OnSelect = [this](TObject*) { Box.reset(); };
+    PressKey(VK_DOWN);
+    PressKey(VK_UP);
+    EXPECT_TRUE(WaitFor([&] { return Box == nullptr; }));
+    Application->ProcessMessages();
+}
+
+} // namespace
