@@ -60,10 +60,8 @@ TUniqueFont HintFont(HDC dc, const TFont& font) {
                                    CLEARTYPE_QUALITY, FF_ROMAN, WideChars(font.GetName())));
 }
 
-void DrawHint(HDC dc, HWND window, const TControl& control, const String& hint) {
-    RECT client{};
-    GetClientRect(window, &client);
-    const THintInsidePlace place = HintInsidePlace(FromWin(client));
+void DrawHint(HDC dc, const TRect& client, const TControl& control, const String& hint) {
+    const THintInsidePlace place = HintInsidePlace(client);
     const COLORREF background = ColorToRGB(control.GetColor());
     const TUniqueFont font = HintFont(dc, *control.GetFont());
     const TUniqueBrush brush(CreateSolidBrush(background));
@@ -71,7 +69,8 @@ void DrawHint(HDC dc, HWND window, const TControl& control, const String& hint) 
     SelectObject(dc, font.Get());
     SetBkColor(dc, background);
     // The outermost pixels are the background's; some native classes erase it only while they paint themselves.
-    FrameRect(dc, &client, brush.Get());
+    const RECT edge = ToWin(client);
+    FrameRect(dc, &edge, brush.Get());
     const RECT area = ToWin(place.Background);
     FillRect(dc, &area, brush.Get());
     RECT text = ToWin(place.Text);
@@ -79,15 +78,25 @@ void DrawHint(HDC dc, HWND window, const TControl& control, const String& hint) 
     DrawTextW(dc, WideChars(hint), -1, &text, DT_HIDEPREFIX | DT_END_ELLIPSIS);
 }
 
+void AnswerPaint(HWND window, const TRect& area, const TControl& control, const String& hint, const TMessage& message) {
+    if (message.WParam) {
+        DrawHint(reinterpret_cast<HDC>(message.WParam), area, control, hint); // onto something else than the screen
+        return;
+    }
+    const TPaintDC dc(window);
+    DrawHint(dc, area, control, hint);
+}
+
 } // namespace
 
 void PaintHintInside(HWND part, const TControl& control, const String& hint, const TMessage& message) {
-    if (message.WParam) {
-        DrawHint(reinterpret_cast<HDC>(message.WParam), part, control, hint); // onto something else than the screen
-        return;
-    }
-    const TPaintDC dc(part);
-    DrawHint(dc, part, control, hint);
+    RECT client{};
+    GetClientRect(part, &client);
+    AnswerPaint(part, FromWin(client), control, hint, message);
+}
+
+void PaintHintInside(TWinControl& control, const TRect& area, const String& hint, const TMessage& message) {
+    AnswerPaint(control.GetHandle(), area, control, hint, message);
 }
 
 void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message) {

@@ -63,6 +63,8 @@ private:
 void PaintHintInside(TWinControl& control, const String& hint, const TMessage& message);
 /// The same in a window that is a part of the control.
 void PaintHintInside(HWND part, const TControl& control, const String& hint, const TMessage& message);
+/// The same in an area of the control's client area, beside which it paints something else.
+void PaintHintInside(TWinControl& control, const TRect& area, const String& hint, const TMessage& message);
 
 template <class TBase, const TFraming& Framing = EditFraming>
 class TZORFramed : public TBase {

@@ -288,6 +288,14 @@ void TPlayer::Set(const TScriptCommand& command) {
     WriteRow(FindProperty(command.Path), command.Text);
 }
 
+/// What of a place the screens show: nothing can be taken from beside them.
+static TRect OnDesktop(const TRect& place) {
+    const TRect desktop = Bounds(GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN),
+                                 GetSystemMetrics(SM_CXVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN));
+    return {std::max(place.Left, desktop.Left), std::max(place.Top, desktop.Top), std::min(place.Right, desktop.Right),
+            std::min(place.Bottom, desktop.Bottom)};
+}
+
 void TPlayer::Shoot(const String& name) {
     if (FShotsFolder.empty())
         return;
@@ -296,7 +304,7 @@ void TPlayer::Shoot(const String& name) {
     String number = IntToStr(++FShots);
     if (number.size() < 2)
         number.insert(0, 1, u'0');
-    CaptureScreen(ScreenRect(FGallery))->SaveToPng(FShotsFolder + u"\\" + number + u"-" + name + u".png");
+    CaptureScreen(OnDesktop(ScreenRect(FGallery)))->SaveToPng(FShotsFolder + u"\\" + number + u"-" + name + u".png");
 }
 
 // Names

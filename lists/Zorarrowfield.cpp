@@ -70,16 +70,22 @@ TRect TZORArrowField::ArrowRect() const {
     return area;
 }
 
-/// One line in the middle of the field, beside the arrow.
-void TZORArrowField::PlaceText() {
-    if (!HandleAllocated())
-        return;
+/// The client area beside the arrow.
+TRect TZORArrowField::TextArea() const {
     TRect area = GetClientRect();
     const TRect arrow = ArrowRect();
     if (UseRightToLeftAlignment())
         area.Left = arrow.Right;
     else
         area.Right = arrow.Left;
+    return area;
+}
+
+/// One line in the middle of the field, beside the arrow.
+void TZORArrowField::PlaceText() {
+    if (!HandleAllocated())
+        return;
+    TRect area = TextArea();
     const int height = TTextMeasure(*GetFont()).LineHeight();
     area.Top = std::max((area.Height() - height) / 2, 0);
     RECT place{area.Left + kTextMargin, area.Top, std::max(area.Right - kTextMargin, area.Left + kTextMargin),
@@ -117,7 +123,7 @@ void TZORArrowField::AnswerBackground(TMessage& message) {
 void TZORArrowField::WMPaint(TMessage& message) {
     TLifeGuard alive(*this);
     if (const String hint = HintToShow(); !hint.empty())
-        PaintHintInside(GetHandle(), *this, hint, message);
+        PaintHintInside(*this, TextArea(), hint, message);
     else
         TZORScreenKeyboard::WMPaint(message);
     if (!alive || !HandleAllocated())

@@ -58,6 +58,7 @@ private:
     void SetLook(TColor& color, TColor value);
     bool HasGradient() const;
     bool OnArrow(TPoint point) const { return ArrowRect().Contains(point); }
+    TRect TextArea() const;
     void PlaceText();
     void AnswerBackground(TMessage& message);
     void PaintArrow(HDC dc) const;

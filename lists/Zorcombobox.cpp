@@ -321,6 +321,8 @@ void TZORComboBox::TellClosed() {
 void TZORComboBox::DoExit() {
     FBuffer.clear();
     FEscaping = false;
+    if (ChoosesFromList())
+        SetSelection({0, 0}); // some systems go on to show it in a field that was left
     TZORScreenKeyboard::DoExit();
 }
 

@@ -277,6 +277,7 @@ void Tform_list::DrawRow(HDC dc, const TRect& rect, StringView text) const {
             FillRect(dc, &place, brush.Get());
         }
         place.top += top;
+        place.right = std::max(place.right, static_cast<LONG>(rect.Right)); // slanted letters reach beyond their width
         const TSelectedObject font(dc, fonts[i]->GetHandle());
         SetTextColor(dc, ColorToRGB(fonts[i]->GetColor()));
         // The flags know no "&" as it is; two of them are one.

@@ -111,7 +111,7 @@ TZORComboBoxnew::TZORComboBoxnew(TComponent* owner)
 
 TZORComboBoxnew::~TZORComboBoxnew() {
     Destroying();
-    FLoader.Unload();
+    FLoader.reset();
     DestroyHandle();
 }
 
@@ -429,7 +429,9 @@ void TZORComboBoxnew::dropdown_pop() {
     if (IsLoading() || IsDesigning() || !GetParent() || !CanFocus() || GetReadOnly() || FItems->GetCount() == 0)
         return;
     FCloseTimer.SetEnabled(false);
-    Tform_list& list = FLoader.Load();
+    if (!FLoader)
+        FLoader = std::make_unique<Tform_dropdown_loader>(nullptr);
+    Tform_list& list = FLoader->Load();
     list.OnCloseUp = [this](TObject* sender) { form_deactivate(sender); };
     list.list_box->OnMouseMove = [this](TObject* sender, TShiftState shift, int x, int y) {
         cust_MouseMove(sender, shift, x, y);
@@ -478,8 +480,8 @@ void TZORComboBoxnew::cust_OnTimer(TObject*) {
 }
 
 void TZORComboBoxnew::seek_n_destroy() {
-    if (!GetDroppedDown())
-        FLoader.Unload();
+    if (GetPopup() && !GetDroppedDown())
+        FLoader->Unload();
 }
 
 void TZORComboBoxnew::fit_popup() {

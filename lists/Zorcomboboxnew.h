@@ -99,7 +99,7 @@ public:
     /// Where the open list is on the screen; empty while it is closed.
     TRect get_x_y() const;
     /// The list; null before it was opened and some time after it was closed.
-    Tform_list* GetPopup() const { return FLoader.GetList(); }
+    Tform_list* GetPopup() const { return FLoader ? FLoader->GetList() : nullptr; }
 
     void WndProc(TMessage& message) override;
 
@@ -170,7 +170,7 @@ private:
 
     std::unique_ptr<TChoiceStrings> FItems;
     TChoiceIndex FIndex;
-    Tform_dropdown_loader FLoader{nullptr};
+    std::unique_ptr<Tform_dropdown_loader> FLoader; // from the first use on
     TTimer FCloseTimer{nullptr};
     TTimer FAccTimer{nullptr};
     std::optional<TShown> FBefore; // what Esc brings back
