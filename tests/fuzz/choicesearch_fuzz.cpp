@@ -1,6 +1,6 @@
-// The bytes are items, a line each, and in the last line what is typed. The search through the prepared texts finds
-// what a search that folds every item finds; the highlight lies in the item, never cuts a character, and folds to what
-// was typed; and no key of a search leaves a buffer that leads nowhere.
+// The bytes are items, a line each, and in the last line what is typed; the first byte also tells how all is folded. The
+// search through the prepared texts finds what a search that folds every item finds; the highlight lies in the item,
+// never cuts a character, and folds to what was typed; and no key of a search leaves a buffer that leads nowhere.
 
 #include "framework/system/strings.h"
 #include "lists/Zorcombobox_list_rules.h"
@@ -86,9 +86,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     typed = StringReplace(typed, u"$$", u"\xD83D", TReplaceFlags() << rfReplaceAll);
     TStringList items;
     items.SetLines(lines);
-    for (int bits = 0; bits < 8; ++bits)
-        CheckFind(items, {false, (bits & 1) != 0, (bits & 2) != 0, bits & 4 ? TFoldedCase::Upper : TFoldedCase::AsItIs},
-                  typed);
+    const int bits = data[0] & 7;
+    CheckFind(items, {false, (bits & 1) != 0, (bits & 2) != 0, bits & 4 ? TFoldedCase::Upper : TFoldedCase::AsItIs},
+              typed);
     CheckFind(items, ComboSearchFolding, typed);
     CheckTyping(items, beStandard, typed);
     CheckTyping(items, beNewWyszukajPoczatek, typed);
