@@ -89,7 +89,12 @@ void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     FPage = std::move(page);
     FPageArea->ShowPage(FPage.get());
     FHooks.Watch(FPage.get());
-    Inspect(FPage.get());
+    if (TInspectionSource* source = InspectionSource()) {
+        source->OnInspect = [this](TComponent* component) { Inspect(component); };
+        Inspect(source->GetInspected());
+    } else {
+        Inspect(FPage.get());
+    }
     // Who walks through the list with the keyboard stays there.
     TWinControl* first = FPage->FindNextControl(nullptr, true, true, false);
     if (first && !FPageList->Focused())
@@ -115,16 +120,21 @@ TComponent* TGalleryForm::FindByName(StringView name) const {
 
 // Inspector and log
 
+TInspectionSource* TGalleryForm::InspectionSource() const {
+    return dynamic_cast<TInspectionSource*>(FPage.get());
+}
+
 void TGalleryForm::ActiveControlChanged(TObject*) {
     TWinControl* control = TheScreen().GetActiveControl();
     if (!control || !FPage || control == FPage.get() || !FPage->ContainsControl(control))
         return;
-    Inspect(control);
+    if (!InspectionSource())
+        Inspect(control);
     FPageArea->ScrollIntoView(*control);
 }
 
 void TGalleryForm::InspectUnderMouse(MSG& message, bool& handled) {
-    if (message.message != WM_LBUTTONDOWN || GetKeyState(VK_CONTROL) >= 0 || !FPage)
+    if (message.message != WM_LBUTTONDOWN || GetKeyState(VK_CONTROL) >= 0 || !FPage || InspectionSource())
         return;
     POINT point{PointFromLParam(message.lParam).X, PointFromLParam(message.lParam).Y};
     ::ClientToScreen(message.hwnd, &point);
@@ -159,6 +169,8 @@ void TGalleryForm::ShowLatest() {
 
 void TGalleryForm::InspectorWritten(TObject*) {
     FHooks.Refresh(); // an event may have another handler now
+    if (TInspectionSource* source = InspectionSource())
+        source->InspectorWritten();
 }
 
 void TGalleryForm::InspectorProblem(TObject*) {

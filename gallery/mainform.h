@@ -53,6 +53,8 @@ private:
     /// Ctrl and a click inspect whatever lies under the mouse, also what cannot have the focus.
     void InspectUnderMouse(MSG& message, bool& handled);
     void Inspect(TComponent* component);
+    /// The page, if it says itself what is inspected; null otherwise.
+    TInspectionSource* InspectionSource() const;
 
     TPageList* FPageList = nullptr;
     TInspector* FInspector = nullptr;

@@ -4,9 +4,10 @@
 // it at work in the folder "scripts", both of the page's name: forms\numbers.dfm, scripts\numbers.txt. Pages stand in
 // the order of their forms' Tags. A page whose form has handlers contributes the class that publishes them.
 
-#include "framework/system/objects.h"
+#include "framework/system/components.h"
 #include "gallery/contributions.h"
 
+#include <functional>
 #include <vector>
 
 namespace gallery {
@@ -16,6 +17,17 @@ struct TPage {
     String Title; ///< "Numbers"
     String FormFile;
     String ScriptFile;
+};
+
+/// A page that says itself what the inspector shows, in place of the control with the focus.
+class TInspectionSource {
+public:
+    virtual ~TInspectionSource() = default;
+    /// Fired with what is to be inspected from now on; whoever shows the page listens.
+    std::function<void(TComponent* component)> OnInspect;
+    virtual TComponent* GetInspected() const = 0;
+    /// The inspector has written a property.
+    virtual void InspectorWritten() = 0;
 };
 
 /// Contributes a form class: `const TPageClass registered(&TNumbersPage::StaticClass);`

@@ -28,11 +28,11 @@ void CollectMethods(const TFormObject& object, const TClassInfo* info, std::vect
 
 } // namespace
 
-TStandInForm::TStandInForm(const TFormObject& form) : TForm(nullptr) {
+TStandInForm::TStandInForm(const TFormObject& form, std::vector<TPropInfo> rows) : TForm(nullptr) {
     std::vector<TMethodInfo> methods;
     CollectMethods(form, &TForm::StaticClass(), methods);
-    Info = std::make_unique<TClassInfo>(form.ClassName(), &TForm::StaticClass(), std::vector<TPropInfo>(),
-                                        std::move(methods), std::vector<TFieldInfo>(), nullptr);
+    Info = std::make_unique<TClassInfo>(form.ClassName(), &TForm::StaticClass(), std::move(rows), std::move(methods),
+                                        std::vector<TFieldInfo>(), nullptr);
 }
 
 } // namespace gallery

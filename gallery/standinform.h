@@ -17,8 +17,8 @@ struct TStandInClass {
 
 class TStandInForm : private TStandInClass, public TForm {
 public:
-    /// A class named and furnished as `form` wants it.
-    explicit TStandInForm(const TFormObject& form);
+    /// A class named and furnished as `form` wants it. `rows` are published besides those of a form, or in their place.
+    explicit TStandInForm(const TFormObject& form, std::vector<TPropInfo> rows = {});
 
     const TClassInfo& ClassInfo() const override { return *Info; }
 };

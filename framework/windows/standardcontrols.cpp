@@ -20,15 +20,15 @@
 namespace framework {
 
 void RegisterStandardControls() {
+    RegisterClasses({&TForm::StaticClass()});
     // clang-format off
-    RegisterClasses({
+    RegisterComponents(StandardPage, {
         &TButton::StaticClass(),
         &TCheckBox::StaticClass(),
         &TCheckListBox::StaticClass(),
         &TComboBox::StaticClass(),
         &TDateTimePicker::StaticClass(),
         &TEdit::StaticClass(),
-        &TForm::StaticClass(),
         &TGroupBox::StaticClass(),
         &TLabel::StaticClass(),
         &TListBox::StaticClass(),

@@ -1,0 +1,34 @@
+#pragma once
+
+// The form on the designer's surface: it shows the grid, knows its place on the screen without being there, and is
+// written to a text form as the program that it belongs to would write it.
+
+#include "gallery/standinform.h"
+
+namespace gallery {
+
+class TDesignForm : public TStandInForm {
+public:
+    /// The form that the text describes, in design state and complete, hidden on `parent`. Raises EFormLoad.
+    static std::unique_ptr<TDesignForm> Load(const TFormDocument& document, TWinControl* parent);
+
+    /// The form became larger or smaller.
+    TNotifyEvent OnSized;
+
+    /// Where the program shows the form, in screen pixels; on the surface it always stands at the same place.
+    int GetScreenLeft() const { return FScreenPlace.X; }
+    void SetScreenLeft(int value) { FScreenPlace.X = value; }
+    int GetScreenTop() const { return FScreenPlace.Y; }
+    void SetScreenTop(int value) { FScreenPlace.Y = value; }
+
+protected:
+    void Resize() override;
+    void Paint() override;
+
+private:
+    explicit TDesignForm(const TFormObject& form);
+
+    TPoint FScreenPlace;
+};
+
+} // namespace gallery

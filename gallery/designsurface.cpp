@@ -1,0 +1,629 @@
+#include "gallery/designsurface.h"
+
+#include "framework/graphics/canvas.h"
+#include "framework/system/formsaver.h"
+#include "framework/system/numbers.h"
+#include "framework/system/strings.h"
+#include "framework/windows/clipboard.h"
+#include "framework/windows/label.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace gallery {
+
+namespace {
+
+constexpr TPoint kFormPlace{12, 40}; // of the form's client area on the surface
+constexpr int kCaptionHeight = 28;
+constexpr int kIconSize = 28; // of a component that a program does not show
+constexpr int kDragThreshold = 4;
+constexpr TColor kMark = 0xDD9746;
+constexpr TColor kOtherMark = 0x909090;
+
+bool IsControl(const TComponent* component) {
+    return As<TControl>(component) != nullptr;
+}
+
+} // namespace
+
+/// A grip, a side of the frame that chooses, or the picture of a component without a window.
+class TDesignMark : public TCustomControl {
+public:
+    TDesignMark() : TCustomControl(nullptr) {
+        SetEnabled(false); // the surface gets its clicks
+        SetVisible(false);
+    }
+    void Show(const TRect& rect, TColor outline, TColor inside, const String& text = {}) {
+        FOutline = outline;
+        FInside = inside;
+        FLetters = text;
+        SetBoundsRect(rect);
+        SetVisible(true);
+        BringToFront();
+        Invalidate();
+    }
+
+protected:
+    void Paint() override {
+        TCanvas& canvas = *GetCanvas();
+        canvas.GetBrush()->SetColor(FInside);
+        canvas.GetPen()->SetColor(FOutline);
+        canvas.Rectangle(0, 0, GetWidth(), GetHeight());
+        if (FLetters.empty())
+            return;
+        canvas.GetBrush()->SetStyle(bsClear);
+        canvas.GetFont()->SetColor(clWindowText);
+        TRect text = GetClientRect();
+        canvas.TextRect(text, FLetters, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    }
+
+private:
+    TColor FOutline = kMark;
+    TColor FInside = clWhite;
+    String FLetters;
+};
+
+const TClassInfo& TDesignSurface::StaticClass() {
+    namespace row = controlrows;
+    static const TClassInfo info = DescribeClass<TDesignSurface>(
+        u"TDesignSurface", TCustomControl::StaticClass(),
+        {row::Align(), row::Anchors(), row::Color(clWindow), row::TabOrder(), row::TabStop(true), row::Visible()});
+    return info;
+}
+
+TDesignSurface::TDesignSurface(TComponent* owner) : TCustomControl(owner), FHost(new TCustomControl(nullptr)) {
+    FControlStyle << csAcceptsControls; // so that it does not paint over its form
+    SetBounds(0, 0, 400, 300);
+    SetColor(clAppWorkSpace);
+    SetTabStop(true);
+    FHost->SetControlStyle(FControlStyle);
+    FHost->SetEnabled(false);
+    FHost->SetParent(this);
+}
+
+TDesignSurface::~TDesignSurface() {
+    FSelected.clear();
+    if (FForm)
+        FForm->OnSized = nullptr;
+}
+
+// The form
+
+void TDesignSurface::Show(const std::string& text, const std::vector<std::string>& selected) {
+    std::unique_ptr<TDesignForm> form = TDesignForm::Load(ParseTextForm(text), FHost.get());
+    Select({});
+    form->SetBounds(0, 0, form->GetWidth(), form->GetHeight());
+    form->OnSized = [this](TObject*) { FitHost(); };
+    FForm = std::move(form);
+    FitHost();
+    FForm->SetVisible(true);
+    std::vector<TComponent*> found;
+    for (const std::string& name : selected) {
+        if (TComponent* component = FForm->FindComponent(Utf8Decode(name)))
+            found.push_back(component);
+    }
+    Select(std::move(found));
+}
+
+void TDesignSurface::Open(const std::string& text) {
+    Show(text, {});
+    FHistory.Begin(FormText());
+    if (OnChange)
+        OnChange(this);
+}
+
+void TDesignSurface::Replace(const std::string& text) {
+    Show(text, SelectedNames());
+    NoteChange();
+}
+
+std::string TDesignSurface::FormText() const {
+    TFormLayout layout;
+    layout.LineEnd = TFormLineEnd::Lf;
+    return FForm ? WriteTextForm(SaveTextForm(*FForm), layout) : std::string();
+}
+
+void TDesignSurface::FitHost() {
+    if (!FForm)
+        return;
+    FHost->SetBounds(kFormPlace.X, kFormPlace.Y, FForm->GetWidth(), FForm->GetHeight());
+    Invalidate();
+    PlaceMarks();
+}
+
+// Steps and the clipboard
+
+void TDesignSurface::NoteChange() {
+    // What sizes itself does so when the form is loaded, too.
+    for (TComponent* component : FSelected) {
+        if (auto* control = As<TControl>(component))
+            control->AdjustSize();
+    }
+    FHistory.Add(FormText());
+    Invalidate(); // the caption
+    PlaceMarks();
+    if (OnChange)
+        OnChange(this);
+}
+
+void TDesignSurface::Undo() {
+    if (!CanUndo())
+        return;
+    Show(FHistory.Undo(), SelectedNames());
+    if (OnChange)
+        OnChange(this);
+}
+
+void TDesignSurface::Redo() {
+    if (!CanRedo())
+        return;
+    Show(FHistory.Redo(), SelectedNames());
+    if (OnChange)
+        OnChange(this);
+}
+
+void TDesignSurface::CopySelected() {
+    const std::string objects = ObjectTexts(FormText(), SelectedNames());
+    if (!objects.empty())
+        SetClipboardText(GetHandle(), StringReplace(Utf8Decode(objects), u"\n", u"\r\n", {rfReplaceAll}));
+}
+
+void TDesignSurface::CutSelected() {
+    CopySelected();
+    DeleteSelected();
+}
+
+void TDesignSurface::DeleteSelected() {
+    const std::string text = FormText();
+    const std::string rest = WithoutObjects(text, SelectedNames());
+    if (rest == text)
+        return;
+    Show(rest, {});
+    NoteChange();
+}
+
+void TDesignSurface::Paste() {
+    const std::optional<String> text = ClipboardText(GetHandle());
+    if (!text || !FForm)
+        return;
+    const auto* container = As<TWinControl>(GetSelected());
+    const bool takesControls = container && container->GetControlStyle().Contains(csAcceptsControls);
+    const String& parent = takesControls ? container->GetName() : FForm->GetName();
+    const TPastedObjects pasted = WithObjects(FormText(), Utf8Encode(*text), Utf8Encode(parent));
+    if (pasted.Names.empty())
+        return;
+    Show(pasted.Form, pasted.Names);
+    NoteChange();
+}
+
+// The selection
+
+TComponent* TDesignSurface::GetSelected() const {
+    return FSelected.empty() ? FForm.get() : FSelected.back();
+}
+
+bool TDesignSurface::IsSelected(const TComponent* component) const {
+    return std::find(FSelected.begin(), FSelected.end(), component) != FSelected.end();
+}
+
+void TDesignSurface::Select(std::vector<TComponent*> components) {
+    FSelected = std::move(components);
+    PlaceMarks();
+    if (OnSelect)
+        OnSelect(this);
+}
+
+void TDesignSurface::SelectAll() {
+    std::vector<TComponent*> all;
+    for (int i = 0; FForm && i < FForm->GetComponentCount(); ++i)
+        all.push_back(FForm->GetComponent(i));
+    Select(std::move(all));
+}
+
+std::vector<std::string> TDesignSurface::SelectedNames() const {
+    std::vector<std::string> names;
+    for (const TComponent* component : FSelected)
+        names.push_back(Utf8Encode(component->GetName()));
+    return names;
+}
+
+std::vector<TComponent*> TDesignSurface::Movable() const {
+    std::vector<TComponent*> movable;
+    for (TComponent* component : FSelected) {
+        bool inside = component == FForm.get();
+        for (const TComponent* outer = component->GetParentComponent(); outer && !inside;
+             outer = outer->GetParentComponent())
+            inside = IsSelected(outer);
+        if (!inside)
+            movable.push_back(component);
+    }
+    return movable;
+}
+
+TRect TDesignSurface::PlaceOf(const TComponent& component) const {
+    const auto* control = As<TControl>(&component);
+    if (!control)
+        return Bounds(component.GetDesignLeft(), component.GetDesignTop(), kIconSize, kIconSize);
+    if (control == FForm.get())
+        return FForm->GetClientRect();
+    const TPoint corner =
+        FForm->ScreenToClient(control->GetParent()->ClientToScreen({control->GetLeft(), control->GetTop()}));
+    return Bounds(corner.X, corner.Y, control->GetWidth(), control->GetHeight());
+}
+
+/// What a click at a point of the form means: a component that the form owns, or the form itself.
+TComponent* TDesignSurface::ComponentAt(TPoint point) const {
+    for (int i = FForm->GetComponentCount() - 1; i >= 0; --i) {
+        TComponent* component = FForm->GetComponent(i);
+        if (!IsControl(component) && PlaceOf(*component).Contains(point))
+            return component;
+    }
+    TControl* hit = FForm.get();
+    for (auto* window = As<TWinControl>(hit); window; window = As<TWinControl>(hit)) {
+        TControl* inner = window->ControlAtPos(window->ScreenToClient(FForm->ClientToScreen(point)), true);
+        if (!inner)
+            break;
+        hit = inner;
+    }
+    // A part of a control stands for the control, and a caption for what it is glued to.
+    while (hit != FForm.get() && hit->GetOwnerComponent() != FForm.get()) {
+        const auto* label = As<TLabel>(hit);
+        TControl* meant = label && label->GetFocusControl() ? label->GetFocusControl() : hit->GetParent();
+        hit = meant ? meant : FForm.get();
+    }
+    return hit;
+}
+
+TWinControl* TDesignSurface::ContainerAt(TPoint point) const {
+    auto* control = As<TControl>(ComponentAt(point));
+    while (control) {
+        auto* window = As<TWinControl>(control);
+        if (window && window->GetControlStyle().Contains(csAcceptsControls))
+            return window;
+        control = control->GetParent();
+    }
+    return FForm.get();
+}
+
+// Mouse
+
+void TDesignSurface::PlaceTool(TPoint point) {
+    const TClassInfo& info = *std::exchange(FTool, nullptr);
+    std::set<String> taken{FForm->GetName()};
+    for (int i = 0; i < FForm->GetComponentCount(); ++i)
+        taken.insert(FForm->GetComponent(i)->GetName());
+    std::unique_ptr<TComponent> created(info.Create(FForm.get()));
+    created->SetName(FreeComponentName(info.Name(), taken));
+    if (auto* control = As<TControl>(created.get())) {
+        TWinControl* container = ContainerAt(point);
+        const TPoint inside = container->ScreenToClient(FForm->ClientToScreen(point));
+        control->SetBounds(SnappedToGrid(inside.X), SnappedToGrid(inside.Y), control->GetWidth(), control->GetHeight());
+        control->SetParent(container);
+    } else {
+        created->SetDesignLeft(SnappedToGrid(point.X));
+        created->SetDesignTop(SnappedToGrid(point.Y));
+    }
+    Select({created.release()}); // the form owns it
+    FPlacing = true;
+    FGrip = {1, 1};
+    FDrag = IsControl(GetSelected()) ? TDrag::Size : TDrag::Move;
+    if (OnPlaced)
+        OnPlaced(this);
+}
+
+void TDesignSurface::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
+    TCustomControl::MouseDown(button, shift, x, y);
+    SetFocus();
+    if (button != mbLeft || !FForm)
+        return;
+    const TPoint point{x - kFormPlace.X, y - kFormPlace.Y};
+    FDragStart = point;
+    FDragPoint = point;
+    FPlacing = false;
+    if (FTool) {
+        PlaceTool(point);
+    } else if (const auto grip = FSelected.size() <= 1 && IsControl(GetSelected())
+                                     ? GripAt(PlaceOf(*GetSelected()), point)
+                                     : std::nullopt;
+               grip && (!FSelected.empty() || (grip->Horizontal >= 0 && grip->Vertical >= 0))) {
+        FDrag = TDrag::Size;
+        FGrip = *grip;
+    } else {
+        TComponent* hit = ComponentAt(point);
+        if (hit == FForm.get()) {
+            FDrag = TDrag::Choose;
+            if (!shift.Contains(ssShift))
+                Select({});
+        } else if (shift.Contains(ssShift)) {
+            std::vector<TComponent*> selected = FSelected;
+            if (IsSelected(hit))
+                std::erase(selected, hit);
+            else
+                selected.push_back(hit);
+            Select(std::move(selected));
+        } else {
+            if (!IsSelected(hit))
+                Select({hit});
+            FDrag = TDrag::Move;
+        }
+    }
+    FDragPlaces.clear();
+    if (FDrag == TDrag::Size) {
+        FDragPlaces.push_back(PlaceOf(*GetSelected()));
+    } else {
+        for (const TComponent* each : Movable())
+            FDragPlaces.push_back(PlaceOf(*each));
+    }
+}
+
+void TDesignSurface::MoveBy(TComponent& component, TPoint distance) {
+    if (auto* control = As<TControl>(&component)) {
+        control->SetBounds(control->GetLeft() + distance.X, control->GetTop() + distance.Y, control->GetWidth(),
+                           control->GetHeight());
+    } else {
+        component.SetDesignLeft(component.GetDesignLeft() + distance.X);
+        component.SetDesignTop(component.GetDesignTop() + distance.Y);
+    }
+}
+
+void TDesignSurface::DragTo(TPoint point) {
+    const TPoint drag{point.X - FDragStart.X, point.Y - FDragStart.Y};
+    switch (FDrag) {
+    case TDrag::Size: {
+        auto* control = As<TControl>(GetSelected());
+        // What was just placed has its corner at the mouse from the first movement on.
+        TRect from = FDragPlaces.front();
+        if (FPlacing)
+            from = {from.Left, from.Top, FDragStart.X, FDragStart.Y};
+        const TRect sized = SnappedSize(from, FGrip, drag);
+        const TRect now = PlaceOf(*control);
+        if (control == FForm.get())
+            FForm->SetBounds(0, 0, sized.Width(), sized.Height());
+        else
+            control->SetBounds(control->GetLeft() + sized.Left - now.Left, control->GetTop() + sized.Top - now.Top,
+                               sized.Width(), sized.Height());
+        break;
+    }
+    case TDrag::Move: {
+        const std::vector<TComponent*> movable = Movable();
+        // All move as far as the first one does, which lands on the grid.
+        const TPoint distance = movable.empty() ? TPoint{} : SnappedMove(FDragPlaces.front(), drag);
+        for (std::size_t i = 0; i < movable.size(); ++i) {
+            const TRect now = PlaceOf(*movable[i]);
+            MoveBy(*movable[i],
+                   {FDragPlaces[i].Left + distance.X - now.Left, FDragPlaces[i].Top + distance.Y - now.Top});
+        }
+        break;
+    }
+    default:
+        break;
+    }
+    PlaceMarks();
+}
+
+void TDesignSurface::MouseMove(TShiftState shift, int x, int y) {
+    TCustomControl::MouseMove(shift, x, y);
+    if (FDrag == TDrag::None)
+        return;
+    FDragPoint = {x - kFormPlace.X, y - kFormPlace.Y};
+    if (std::abs(FDragPoint.X - FDragStart.X) >= kDragThreshold ||
+        std::abs(FDragPoint.Y - FDragStart.Y) >= kDragThreshold)
+        DragTo(FDragPoint);
+}
+
+void TDesignSurface::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
+    TCustomControl::MouseUp(button, shift, x, y);
+    if (button != mbLeft || FDrag == TDrag::None)
+        return;
+    const TDrag drag = std::exchange(FDrag, TDrag::None);
+    if (drag == TDrag::Choose)
+        ChooseInFrame();
+    else
+        NoteChange();
+}
+
+void TDesignSurface::ChooseInFrame() {
+    const TRect frame{std::min(FDragStart.X, FDragPoint.X), std::min(FDragStart.Y, FDragPoint.Y),
+                      std::max(FDragStart.X, FDragPoint.X), std::max(FDragStart.Y, FDragPoint.Y)};
+    std::vector<TComponent*> touched = FSelected;
+    for (int i = 0; !frame.IsEmpty() && i < FForm->GetComponentCount(); ++i) {
+        TComponent* component = FForm->GetComponent(i);
+        const TRect place = PlaceOf(*component);
+        const bool touches = place.Left < frame.Right && place.Right > frame.Left && place.Top < frame.Bottom &&
+                             place.Bottom > frame.Top;
+        const bool isOnForm = !IsControl(component) || component->GetParentComponent() == FForm.get();
+        if (touches && isOnForm && !IsSelected(component))
+            touched.push_back(component);
+    }
+    Select(std::move(touched));
+}
+
+// Keys
+
+void TDesignSurface::KeyDown(WORD& key, TShiftState shift) {
+    TCustomControl::KeyDown(key, shift);
+    if (!FForm || FDrag != TDrag::None)
+        return;
+    switch (key) {
+    case VK_LEFT:
+        HandleArrow({-1, 0}, shift);
+        break;
+    case VK_RIGHT:
+        HandleArrow({1, 0}, shift);
+        break;
+    case VK_UP:
+        HandleArrow({0, -1}, shift);
+        break;
+    case VK_DOWN:
+        HandleArrow({0, 1}, shift);
+        break;
+    case VK_TAB:
+        SelectNeighbour(shift.Contains(ssShift) ? -1 : 1);
+        break;
+    case VK_DELETE:
+        DeleteSelected();
+        break;
+    case VK_ESCAPE:
+        if (TComponent* container = FSelected.empty() ? nullptr : FSelected.back()->GetParentComponent();
+            container && container != FForm.get())
+            Select({container});
+        else
+            Select({});
+        break;
+    default:
+        if (!shift.Contains(ssCtrl) || !HandleCommand(key))
+            return;
+    }
+    key = 0;
+}
+
+bool TDesignSurface::HandleCommand(WORD key) {
+    switch (key) {
+    case 'A':
+        SelectAll();
+        return true;
+    case 'C':
+        CopySelected();
+        return true;
+    case 'X':
+        CutSelected();
+        return true;
+    case 'V':
+        Paste();
+        return true;
+    case 'Y':
+        Redo();
+        return true;
+    case 'Z':
+        Undo();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void TDesignSurface::HandleArrow(TPoint direction, TShiftState shift) {
+    for (TComponent* component : Movable()) {
+        auto* control = As<TControl>(component);
+        if (shift.Contains(ssShift)) {
+            if (control)
+                control->SetBounds(control->GetLeft(), control->GetTop(),
+                                   std::max(control->GetWidth() + direction.X, LeastDesignSize),
+                                   std::max(control->GetHeight() + direction.Y, LeastDesignSize));
+        } else {
+            const int step = shift.Contains(ssCtrl) ? 1 : DesignGrid;
+            MoveBy(*component, {direction.X * step, direction.Y * step});
+        }
+    }
+    NoteChange();
+}
+
+void TDesignSurface::SelectNeighbour(int step) {
+    const int count = FForm->GetComponentCount();
+    if (count == 0)
+        return;
+    int present = step > 0 ? -1 : count;
+    for (int i = 0; i < count; ++i) {
+        if (FForm->GetComponent(i) == GetSelected())
+            present = i;
+    }
+    Select({FForm->GetComponent((present + step + count) % count)});
+}
+
+void TDesignSurface::Dispatch(TMessage& message) {
+    switch (message.Msg) {
+    case WM_GETDLGCODE:
+        message.Result = DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTALLKEYS;
+        return;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        Invalidate();
+        break;
+    case WM_CANCELMODE:
+        FDrag = TDrag::None;
+        break;
+    default:
+        break;
+    }
+    TCustomControl::Dispatch(message);
+}
+
+// What is drawn over the form
+
+TDesignMark& TDesignSurface::NextMark() {
+    if (FUsedMarks == FMarks.size()) {
+        FMarks.push_back(std::make_unique<TDesignMark>());
+        FMarks.back()->SetParent(this);
+    }
+    return *FMarks[FUsedMarks++];
+}
+
+void TDesignSurface::PlaceMarks() {
+    FUsedMarks = 0;
+    if (FForm) {
+        const auto onSurface = [](const TRect& rect) { return rect.Offset(kFormPlace.X, kFormPlace.Y); };
+        for (int i = 0; i < FForm->GetComponentCount(); ++i) {
+            const TComponent* component = FForm->GetComponent(i);
+            if (!IsControl(component))
+                NextMark().Show(onSurface(PlaceOf(*component)), IsSelected(component) ? kMark : clBtnShadow, clBtnFace,
+                                component->ClassName().substr(1, 2));
+        }
+        const bool single = FSelected.size() == 1;
+        for (const TComponent* component : FSelected) {
+            for (const TGrip grip : DesignGrips()) {
+                const bool isCorner = grip.Horizontal != 0 && grip.Vertical != 0;
+                if (IsControl(component) && (single || isCorner))
+                    NextMark().Show(onSurface(GripRect(PlaceOf(*component), grip)), single ? kMark : kOtherMark,
+                                    single ? clWhite : kOtherMark);
+            }
+        }
+        for (const TGrip grip : DesignGrips()) {
+            if (FSelected.empty() && grip.Horizontal >= 0 && grip.Vertical >= 0)
+                NextMark().Show(onSurface(GripRect(FForm->GetClientRect(), grip)), kMark, clWhite);
+        }
+        if (FDrag == TDrag::Choose) {
+            const TRect frame =
+                onSurface({std::min(FDragStart.X, FDragPoint.X), std::min(FDragStart.Y, FDragPoint.Y),
+                           std::max(FDragStart.X, FDragPoint.X) + 1, std::max(FDragStart.Y, FDragPoint.Y) + 1});
+            for (const TRect& side : {TRect{frame.Left, frame.Top, frame.Right, frame.Top + 1},
+                                      TRect{frame.Left, frame.Bottom - 1, frame.Right, frame.Bottom},
+                                      TRect{frame.Left, frame.Top, frame.Left + 1, frame.Bottom},
+                                      TRect{frame.Right - 1, frame.Top, frame.Right, frame.Bottom}})
+                NextMark().Show(side, kOtherMark, kOtherMark);
+        }
+    }
+    for (std::size_t i = FUsedMarks; i < FMarks.size(); ++i)
+        FMarks[i]->SetVisible(false);
+}
+
+void TDesignSurface::Paint() {
+    if (!FForm)
+        return;
+    TCanvas& canvas = *GetCanvas();
+    const TRect host = FHost->GetBoundsRect();
+    TRect caption{host.Left, host.Top - kCaptionHeight, host.Right, host.Top};
+    canvas.GetBrush()->SetColor(clWhite);
+    canvas.GetPen()->SetColor(Focused() ? kMark : kOtherMark);
+    canvas.Rectangle(host.Left - 1, caption.Top - 1, host.Right + 1, host.Bottom + 1);
+    canvas.GetBrush()->SetStyle(bsClear);
+    canvas.GetFont()->SetColor(clWindowText);
+    caption.Left += 10;
+    canvas.TextRect(caption, FForm->GetText(), DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+std::optional<TRect> TDesignSurface::FindSpot(const std::vector<String>& words) {
+    if (!FForm)
+        return std::nullopt;
+    if (words.size() == 2 && words[0] == u"component") {
+        const TComponent* component = FForm->FindComponent(words[1]);
+        return component ? std::optional(PlaceOf(*component).Offset(kFormPlace.X, kFormPlace.Y)) : std::nullopt;
+    }
+    if (words.size() == 3 && words[0] == u"point") {
+        const TRect spot = Bounds(StrToInt(words[1]), StrToInt(words[2]), 1, 1);
+        return spot.Offset(kFormPlace.X, kFormPlace.Y);
+    }
+    return std::nullopt;
+}
+
+} // namespace gallery

@@ -1,0 +1,106 @@
+#pragma once
+
+// The surface of the form designer: a form in design state on which components are placed, chosen, moved and sized.
+//
+// A click chooses, with Shift it adds or takes away; dragging moves, the grips size, dragging on an empty part chooses
+// what the frame touches. Arrows move by a cell of the grid, with Ctrl by a pixel, with Shift they size by a pixel; Tab
+// goes on to the next component, Esc to the container, Del deletes; Ctrl+A, C, X, V, Z and Y as everywhere.
+
+#include "gallery/designer_rules.h"
+#include "gallery/designform.h"
+#include "gallery/rowlist.h"
+
+namespace gallery {
+
+class TDesignMark;
+
+class TDesignSurface : public TCustomControl, public TScriptSpots {
+    FRAMEWORK_CLASS(TDesignSurface)
+
+public:
+    /// Another component is chosen.
+    TNotifyEvent OnSelect;
+    /// The form has changed by a step.
+    TNotifyEvent OnChange;
+    /// A component was placed: the tool is done with.
+    TNotifyEvent OnPlaced;
+
+    explicit TDesignSurface(TComponent* owner);
+    ~TDesignSurface() override;
+
+    /// Shows another form and forgets the steps before. Raises what ParseTextForm and LoadTextForm raise; then the form
+    /// stays.
+    void Open(const std::string& text);
+    /// The same as a step that can be undone.
+    void Replace(const std::string& text);
+    /// The text of the form, lines ended by LF.
+    std::string FormText() const;
+
+    /// The class that the next click places; null to choose components.
+    void SetTool(const TClassInfo* value) { FTool = value; }
+    /// The component chosen last; the form when there is none.
+    TComponent* GetSelected() const;
+    TCustomForm* GetForm() const { return FForm.get(); }
+
+    /// Somebody else changed the form: makes a step of it.
+    void NoteChange();
+    bool CanUndo() const { return FHistory.CanUndo(); }
+    bool CanRedo() const { return FHistory.CanRedo(); }
+    void Undo();
+    void Redo();
+    void CopySelected();
+    void CutSelected();
+    void Paste();
+    void DeleteSelected();
+    void SelectAll();
+
+    /// Words: `component NAME`, or `point X Y` of the form.
+    std::optional<TRect> FindSpot(const std::vector<String>& words) override;
+
+protected:
+    void Paint() override;
+    void Dispatch(TMessage& message) override;
+    void KeyDown(WORD& key, TShiftState shift) override;
+    void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
+    void MouseMove(TShiftState shift, int x, int y) override;
+    void MouseUp(TMouseButton button, TShiftState shift, int x, int y) override;
+
+private:
+    enum class TDrag { None, Move, Size, Choose };
+
+    void Show(const std::string& text, const std::vector<std::string>& selected);
+    void FitHost();
+    TRect PlaceOf(const TComponent& component) const;
+    TComponent* ComponentAt(TPoint point) const;
+    TWinControl* ContainerAt(TPoint point) const;
+    bool IsSelected(const TComponent* component) const;
+    void Select(std::vector<TComponent*> components);
+    std::vector<std::string> SelectedNames() const;
+    /// Those of the selection that move by themselves: not the form, and none inside another of them.
+    std::vector<TComponent*> Movable() const;
+    void MoveBy(TComponent& component, TPoint distance);
+    void PlaceTool(TPoint point);
+    void DragTo(TPoint point);
+    void ChooseInFrame();
+    bool HandleCommand(WORD key);
+    void HandleArrow(TPoint direction, TShiftState shift);
+    void SelectNeighbour(int step);
+    void PlaceMarks();
+    TDesignMark& NextMark();
+
+    std::unique_ptr<TCustomControl> FHost; // disabled, so that the form's windows hear no input
+    std::unique_ptr<TDesignForm> FForm;
+    std::vector<TComponent*> FSelected;
+    std::vector<std::unique_ptr<TDesignMark>> FMarks;
+    std::size_t FUsedMarks = 0;
+    TDesignHistory FHistory;
+    const TClassInfo* FTool = nullptr;
+    TDrag FDrag = TDrag::None;
+    bool FPlacing = false; // the drag sizes what was just placed
+    TGrip FGrip;
+    TPoint FDragStart;
+    TPoint FDragPoint;
+    std::vector<TRect> FDragPlaces; // of Movable, or of the component that is sized
+};
+
+} // namespace gallery
