@@ -66,7 +66,7 @@ TRect SnappedSize(const TRect& component, TGrip grip, TPoint drag) {
 String FreeComponentName(StringView className, const std::set<String>& taken) {
     const StringView stem = className.size() > 1 && className[0] == u'T' ? className.substr(1) : className;
     for (int number = 1;; ++number) {
-        const String name = String(stem) + IntToStr(number);
+        String name = String(stem) + IntToStr(number);
         const bool isTaken =
             std::any_of(taken.begin(), taken.end(), [&](const String& each) { return TNameEqual()(each, name); });
         if (!isTaken)
@@ -77,7 +77,8 @@ String FreeComponentName(StringView className, const std::set<String>& taken) {
 // Steps
 
 void TDesignHistory::Begin(std::string text) {
-    FTexts.assign(1, std::move(text));
+    FTexts.clear();
+    FTexts.push_back(std::move(text));
     FPresent = 0;
 }
 

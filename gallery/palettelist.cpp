@@ -6,7 +6,6 @@
 namespace gallery {
 
 const TClassInfo& TPaletteList::StaticClass() {
-    namespace row = controlrows;
     static const TClassInfo info = DescribeClass<TPaletteList>(u"TPaletteList", TRowList::StaticClass());
     return info;
 }
