@@ -16,6 +16,7 @@
 #include "datetime/Zordatetimepickeredit.h"
 #include "foundation/Zorpackage.h"
 #include "framework/system/formloader.h"
+#include "framework/system/formsaver.h"
 #include "framework/system/numbers.h"
 #include "framework/system/stringlist.h"
 #include "framework/system/strings.h"

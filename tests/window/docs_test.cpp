@@ -167,7 +167,7 @@ TEST(Docs, LinkToWhatIsThere) {
         if (entry.path().extension() == ".md")
             pages.push_back(entry.path());
     }
-    const std::regex link(R"(\]\(([^)#:]+)(#[^)]*)?\))");
+    const std::regex link(R"(\]\(([^)#: ]+)(#[^)]*)?\))");
     for (const std::filesystem::path& path : pages) {
         const std::string text = ReadFile(path);
         for (std::sregex_iterator each(text.begin(), text.end(), link), end; each != end; ++each)
