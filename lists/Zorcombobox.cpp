@@ -115,15 +115,17 @@ void TZORComboBox::SearchFor(StringView text) {
 void TZORComboBox::ShowFound(const TSearchStep& step) {
     TLifeGuard alive(*this);
     const TShown before{GetText(), GetItemIndex()};
-    if (!GetDroppedDown())
+    if (!GetDroppedDown() && !IsInsertingSign()) // where the popup of letters is, the list would cover it
         SetDroppedDown(true);
     if (!alive || step.Item >= GetItems()->GetCount())
         return; // a handler of the opening has seen to other items
     SetItemIndex(step.Item);
     SetSelection({step.Matched.Start, step.Matched.Start + step.Matched.Length});
     FUntold = FUntold || before.Item != step.Item;
-    if (before.Text != GetText())
-        Change();
+    if (before.Text == GetText())
+        return;
+    FSignFound = IsInsertingSign();
+    Change();
 }
 
 void TZORComboBox::ControlKey(char16_t key) {
@@ -206,7 +208,31 @@ void TZORComboBox::EditWndProc(TMessage& message) {
 }
 
 void TZORComboBox::ListWndProc(TMessage& message) {
+    if ((message.Msg == WM_LBUTTONDOWN || message.Msg == WM_RBUTTONDOWN) && PressedElsewhere(message))
+        return;
     Native(message, &TZORComboBox::NativeList);
+}
+
+/// The native list has the mouse to itself while it is open. A press beside it closes it, and goes on to where it was
+/// meant for; false when it was meant for the list or the field.
+bool TZORComboBox::PressedElsewhere(const TMessage& message) {
+    POINT point = ToWin(PointFromLParam(message.LParam));
+    ::ClientToScreen(GetListHandle(), &point);
+    const HWND target = WindowFromPoint(point);
+    if (!target || target == GetListHandle() || target == GetHandle() || IsChild(GetHandle(), target))
+        return false;
+    const WPARAM keys = message.WParam;
+    const bool left = message.Msg == WM_LBUTTONDOWN;
+    SetDroppedDown(false); // which may end this control
+    const LPARAM onScreen = PointToLParam(FromWin(point));
+    const LRESULT place = SendMessageW(target, WM_NCHITTEST, 0, onScreen);
+    if (place == HTCLIENT) {
+        ::ScreenToClient(target, &point);
+        PostMessageW(target, left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN, keys, PointToLParam(FromWin(point)));
+    } else {
+        PostMessageW(target, left ? WM_NCLBUTTONDOWN : WM_NCRBUTTONDOWN, static_cast<WPARAM>(place), onScreen);
+    }
+    return true;
 }
 
 void TZORComboBox::WndProc(TMessage& message) {
@@ -234,6 +260,10 @@ void TZORComboBox::WndProc(TMessage& message) {
         if (GetEditHandle() && !(message.Msg == EM_SETSEL && ChoosesFromList()))
             message.Result = SendMessageW(GetEditHandle(), message.Msg, message.WParam, message.LParam);
         return;
+    case ExtraSignsChangedMessage:
+        if (ChoosesFromList() && !std::exchange(FSignFound, false))
+            return; // the letter was refused, or led to the same item
+        break;
     case WM_SETTEXT:
         if (IsInsertingSign() && ChoosesFromList())
             return AnswerSign(message);

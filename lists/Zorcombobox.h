@@ -83,6 +83,7 @@ private:
     void PasteText();
     bool HandleEditCommand(const TMessage& message);
     void AnswerSign(TMessage& message);
+    bool PressedElsewhere(const TMessage& message);
     void Native(TMessage& message, void (TZORComboBox::*handle)(TMessage&));
     void NativeEdit(TMessage& message) { TZORScreenKeyboard::EditWndProc(message); }
     void NativeList(TMessage& message) { TZORScreenKeyboard::ListWndProc(message); }
@@ -101,6 +102,7 @@ private:
     bool FUntold = false;      // the search has shown an item that OnSelect has not told of
     bool FEscaping = false;    // Esc closes the list, and what was there before has not come back yet
     bool FTextPressed = false; // the mouse went down on the text
+    bool FSignFound = false;   // a letter of the popup has led to another item
 };
 
 namespace Zorcombobox {

@@ -3,7 +3,6 @@
 #include "foundation/Zorpackage.h"
 #include "framework/system/strings.h"
 #include "framework/windows/clipboard.h"
-#include "framework/windows/controlstrings.h"
 
 #include <algorithm>
 
@@ -37,30 +36,10 @@ bool IsEditing(UINT message) {
 } // namespace
 
 /// The items of the field; only it shows them, so nothing is copied into a window.
-class TChoiceStrings : public TControlStrings {
+class TChoiceStrings : public TItemStrings<TZORComboBoxnew> {
 public:
-    explicit TChoiceStrings(TZORComboBoxnew& owner) : FOwner(owner) {}
-
-    TPersistent* GetOwner() const override { return &FOwner; }
-    bool InUpdate() const { return IsUpdating(); }
-
-protected:
-    void SetUpdateState(bool updating) override {
-        if (!updating)
-            FOwner.ItemsEdited();
-    }
-    void Inserted(int index, const String&) override { FOwner.ItemInserted(index); }
-    void Deleted(int index) override { FOwner.ItemDeleted(index); }
-    void Cleared() override { FOwner.ItemsCleared(); }
-    void Replaced() override { FOwner.ItemsReplaced(); }
-    TItemState StateOf(int index) const override { return {FOwner.GetItemIndex() == index, false}; }
-    void SetStateOf(int index, TItemState state) override {
-        if (state.Current)
-            FOwner.SetItemIndex(index);
-    }
-
-private:
-    TZORComboBoxnew& FOwner;
+    using TItemStrings::IsUpdating;
+    using TItemStrings::TItemStrings;
 };
 
 const TClassInfo& TZORComboBoxnew::StaticClass() {
@@ -147,7 +126,12 @@ void TZORComboBoxnew::Clear() {
     SetText({});
 }
 
-void TZORComboBoxnew::ItemInserted(int index) {
+void TZORComboBoxnew::ShowItems(bool shown) {
+    if (shown)
+        ItemsEdited();
+}
+
+void TZORComboBoxnew::ItemInserted(int index, const String&) {
     FItemIndex += FItemIndex >= index && !IsLoading() ? 1 : 0;
     if (FBefore && FBefore->Item >= index)
         ++FBefore->Item;
@@ -188,7 +172,7 @@ void TZORComboBoxnew::ItemsReplaced() {
 
 /// Brings the open list in line, once for however many changes a handler makes.
 void TZORComboBoxnew::ItemsEdited() {
-    if (!GetDroppedDown() || FListStale || FItems->InUpdate())
+    if (!GetDroppedDown() || FListStale || FItems->IsUpdating())
         return;
     FListStale = true;
     PostMessageW(GetHandle(), kItemsChangedMessage, 0, 0);

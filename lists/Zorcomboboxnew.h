@@ -11,6 +11,7 @@
 // csDropDownList a text that is no item's then gives way to what was chosen before.
 
 #include "framework/windows/combobox.h"
+#include "framework/windows/controlstrings.h"
 #include "lists/Zorarrowfield.h"
 #include "lists/Zorcombobox_list.h"
 
@@ -132,7 +133,8 @@ protected:
     virtual void cust_KeyUp(WORD key);
 
 private:
-    friend class TChoiceStrings;
+    template <class TOwner>
+    friend class framework::TItemStrings;
 
     struct TShown {
         String Text;
@@ -140,7 +142,8 @@ private:
     };
 
     // The items, as TChoiceStrings tells of them
-    void ItemInserted(int index);
+    void ShowItems(bool shown);
+    void ItemInserted(int index, const String& text);
     void ItemDeleted(int index);
     void ItemsCleared();
     void ItemsReplaced();

@@ -16,32 +16,9 @@ constexpr ULONGLONG kTypingPause = 1000; // milliseconds after which a typed let
 
 } // namespace
 
-class TComboBoxStrings : public TControlStrings {
+class TComboBoxStrings : public TItemStrings<TCustomComboBox> {
 public:
-    explicit TComboBoxStrings(TCustomComboBox& owner) : FOwner(owner) {}
-
-    TPersistent* GetOwner() const override { return &FOwner; }
-
-protected:
-    void SetUpdateState(bool updating) override {
-        if (!FOwner.GetListHandle())
-            return;
-        FOwner.Send(WM_SETREDRAW, !updating);
-        if (!updating)
-            FOwner.Invalidate();
-    }
-    void Inserted(int index, const String& text) override { FOwner.ItemInserted(index, text); }
-    void Deleted(int index) override { FOwner.ItemDeleted(index); }
-    void Cleared() override { FOwner.ItemsCleared(); }
-    void Replaced() override { FOwner.ItemsReplaced(); }
-    TItemState StateOf(int index) const override { return {FOwner.GetItemIndex() == index, false}; }
-    void SetStateOf(int index, TItemState state) override {
-        if (state.Current)
-            FOwner.SetItemIndex(index);
-    }
-
-private:
-    TCustomComboBox& FOwner;
+    using TItemStrings::TItemStrings;
 };
 
 const TEnumInfo& DescribeEnum(TComboBoxStyle) {
@@ -178,6 +155,14 @@ void TCustomComboBox::Loaded() {
 }
 
 // Items
+
+void TCustomComboBox::ShowItems(bool shown) {
+    if (!GetListHandle())
+        return;
+    Send(WM_SETREDRAW, shown);
+    if (shown)
+        Invalidate();
+}
 
 int TCustomComboBox::GetCount() const {
     return FItems->GetCount();
@@ -370,6 +355,9 @@ void TCustomComboBox::Select() {
 
 void TCustomComboBox::CNCommand(TMessage& message) {
     if (HighWord(message.WParam) != CBN_SELCHANGE) {
+        // Where the mouse has only passed over other items, some systems keep the last of them as the choice.
+        if (HighWord(message.WParam) == CBN_SELENDCANCEL && HasEditPart())
+            FollowText();
         TCustomCombo::CNCommand(message);
         return;
     }

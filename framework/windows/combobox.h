@@ -138,6 +138,8 @@ private:
     bool FKeyInPart = false; // a part's native procedure handles a key, and may pass it on to the combo box
 };
 
+template <class TOwner>
+class TItemStrings;
 class TComboBoxStrings;
 
 class TCustomComboBox : public TCustomCombo {
@@ -206,8 +208,10 @@ protected:
     bool HasEditPart() const { return FStyle == csDropDown || FStyle == csSimple; }
 
 private:
-    friend class TComboBoxStrings;
+    template <class TOwner>
+    friend class TItemStrings;
 
+    void ShowItems(bool shown);
     void ItemInserted(int index, const String& text);
     void ItemDeleted(int index);
     void ItemsCleared();

@@ -67,4 +67,31 @@ private:
     unsigned FVersion = 0;
 };
 
+/// The items of one control, whose window shows a copy or asks for what it shows. The control offers GetItemIndex and
+/// SetItemIndex, and hears of changes through ItemInserted(index, text), ItemDeleted(index), ItemsCleared(),
+/// ItemsReplaced() and ShowItems(whether they are to be shown again after many changes).
+template <class TOwner>
+class TItemStrings : public TControlStrings {
+public:
+    explicit TItemStrings(TOwner& owner) : FOwner(owner) {}
+
+    TPersistent* GetOwner() const override { return &FOwner; }
+
+protected:
+    void SetUpdateState(bool updating) override { FOwner.ShowItems(!updating); }
+    void Inserted(int index, const String& text) override { FOwner.ItemInserted(index, text); }
+    void Deleted(int index) override { FOwner.ItemDeleted(index); }
+    void Cleared() override { FOwner.ItemsCleared(); }
+    void Replaced() override { FOwner.ItemsReplaced(); }
+    TItemState StateOf(int index) const override { return {FOwner.GetItemIndex() == index, false}; }
+    void SetStateOf(int index, TItemState state) override {
+        if (state.Current)
+            FOwner.SetItemIndex(index);
+    }
+    TOwner& Owner() const { return FOwner; }
+
+private:
+    TOwner& FOwner;
+};
+
 } // namespace framework

@@ -16,34 +16,19 @@ constexpr TSize kInitialSize{121, 97};
 
 } // namespace
 
-class TListBoxStrings : public TControlStrings {
+class TListBoxStrings : public TItemStrings<TCustomListBox> {
 public:
-    explicit TListBoxStrings(TCustomListBox& owner) : FOwner(owner) {}
-
-    TPersistent* GetOwner() const override { return &FOwner; }
+    using TItemStrings::TItemStrings;
 
 protected:
-    void SetUpdateState(bool updating) override {
-        if (!FOwner.HandleAllocated())
-            return;
-        FOwner.Send(WM_SETREDRAW, !updating);
-        if (!updating)
-            FOwner.Invalidate();
+    TItemState StateOf(int index) const override {
+        return {Owner().GetItemIndex() == index, Owner().GetSelected(index)};
     }
-    void Inserted(int index, const String& text) override { FOwner.ItemInserted(index, text); }
-    void Deleted(int index) override { FOwner.ItemDeleted(index); }
-    void Cleared() override { FOwner.ItemsCleared(); }
-    void Replaced() override { FOwner.ItemsReplaced(); }
-    TItemState StateOf(int index) const override { return {FOwner.GetItemIndex() == index, FOwner.GetSelected(index)}; }
     void SetStateOf(int index, TItemState state) override {
-        if (state.Current)
-            FOwner.SetItemIndex(index);
-        if (state.Selected && FOwner.GetMultiSelect())
-            FOwner.SetSelected(index, true);
+        TItemStrings::SetStateOf(index, state);
+        if (state.Selected && Owner().GetMultiSelect())
+            Owner().SetSelected(index, true);
     }
-
-private:
-    TCustomListBox& FOwner;
 };
 
 const TEnumInfo& DescribeEnum(TListBoxStyle) {
@@ -165,6 +150,14 @@ void TCustomListBox::KeepWindowState() {
 }
 
 // Items
+
+void TCustomListBox::ShowItems(bool shown) {
+    if (!HandleAllocated())
+        return;
+    Send(WM_SETREDRAW, shown);
+    if (shown)
+        Invalidate();
+}
 
 int TCustomListBox::GetCount() const {
     return FItems->GetCount();

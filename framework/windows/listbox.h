@@ -14,6 +14,8 @@ enum TListBoxStyle {
 };
 const TEnumInfo& DescribeEnum(TListBoxStyle);
 
+template <class TOwner>
+class TItemStrings;
 class TListBoxStrings;
 
 class TCustomListBox : public TWinControl {
@@ -111,8 +113,10 @@ protected:
     void SetItemMark(int index, int mark);
 
 private:
-    friend class TListBoxStrings;
+    template <class TOwner>
+    friend class TItemStrings;
 
+    void ShowItems(bool shown);
     void ItemInserted(int index, const String& text);
     void ItemDeleted(int index);
     void ItemsCleared();

@@ -7,6 +7,7 @@
 #include "framework/windows/clipboard.h"
 #include "lists/Zorcombobox.h"
 #include "tests/support/input.h"
+#include "tests/support/signs.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -38,6 +39,16 @@ protected:
     }
     String Taken() { return std::exchange(Told, {}); }
     bool IsOpen() const { return Box->DroppedDown; }
+    TPoint PlaceOfRow(int row) const {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        GetComboBoxInfo(Box->GetHandle(), &info);
+        RECT area{};
+        SendMessageW(info.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
+        POINT place{area.left + 10, (area.top + area.bottom) / 2};
+        ClientToScreen(info.hwndList, &place);
+        return FromWin(place);
+    }
     /// What shows, with the selection in brackets.
     String Shown() const {
         String text = Box->Text;
@@ -114,11 +125,7 @@ TEST_F(SearchCombo, ChoosesByKeysAndMouseAndTellsOnce) {
     ClickOn(*Box, middle);
     ASSERT_TRUE(WaitFor([&] { return IsOpen(); }));
     Taken();
-    RECT row{};
-    SendMessageW(info.hwndList, LB_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&row));
-    POINT place{row.left + 10, (row.top + row.bottom) / 2};
-    ClientToScreen(info.hwndList, &place);
-    PressMouse(FromWin(place));
+    PressMouse(PlaceOfRow(3));
     ReleaseMouse();
     EXPECT_TRUE(WaitFor([&] { return !IsOpen(); }));
     EXPECT_EQ(Shown(), u"[Brno]");
@@ -156,6 +163,36 @@ TEST_F(SearchCombo, LeavesTheTextToItsItems) {
     const int item = Box->ItemIndex;
     SendMessageW(Box->GetHandle(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0);
     EXPECT_EQ(Box->ItemIndex, item) << "the wheel turns only a field that was entered";
+}
+
+TEST_F(SearchCombo, TakesALetterOfThePopupForAKey) {
+    Box->Items->SetTextStr(u"Plzeň\nTřeboň\nRaděň\n");
+    PressKey(VK_F7);
+    ASSERT_TRUE(Box->GetExtraSignsForm() && Box->GetExtraSignsForm()->Showing);
+    ClickSign(*Box->GetExtraSignsForm(), u'ě');
+    EXPECT_EQ(Shown(), u"Rad[ě]ň");
+    ClickSign(*Box->GetExtraSignsForm(), u'ň');
+    EXPECT_EQ(Shown(), u"Rad[ěň]") << "the same search goes on";
+    EXPECT_FALSE(IsOpen()) << "it would cover the popup";
+    Box->Style = csDropDown;
+    Box->Text = u"";
+    EXPECT_EQ(Taken(), u"change ");
+    ClickSign(*Box->GetExtraSignsForm(), u'ž');
+    EXPECT_EQ(Box->Text, u"ž");
+    EXPECT_EQ(Taken(), u"change ");
+}
+
+TEST_F(SearchCombo, KeepsItsItemWhenTheMouseOnlyPassesOverOthers) {
+    Box->ItemIndex = 0;
+    PressKey(VK_F4);
+    MoveMouse(PlaceOfRow(2));
+    Application->ProcessMessages();
+    PressMouse(Other.ClientToScreen({5, 5}));
+    ReleaseMouse();
+    EXPECT_TRUE(WaitFor([&] { return !IsOpen() && Other.Focused(); }));
+    EXPECT_EQ(Box->Text, u"Kraków");
+    EXPECT_EQ(Box->ItemIndex, 0);
+    EXPECT_EQ(Taken(), u"drop close ");
 }
 
 TEST_F(SearchCombo, IsThePlatformsInOtherStyles) {

@@ -6,6 +6,7 @@
 #include "framework/windows/button.h"
 #include "framework/windows/clipboard.h"
 #include "tests/support/choicefield.h"
+#include "tests/support/signs.h"
 
 #include <gtest/gtest.h>
 
@@ -257,6 +258,17 @@ TEST_F(ChoiceField, KeepsTheItemThroughChangesOfTheItems) {
     Field->ItemIndex = 99;
     EXPECT_EQ(Field->ItemIndex, -1);
     EXPECT_EQ(Taken(), u"") << "the program's own doing is not announced";
+}
+
+TEST_F(ChoiceField, TakesALetterOfThePopupThatAnItemHas) {
+    PressKey(VK_F7);
+    Textrasignsfrm* signs = Field->GetExtraSignsForm();
+    ASSERT_TRUE(signs && signs->Showing);
+    ClickSign(*signs, u'ö');
+    EXPECT_EQ(Field->Text, u"ö");
+    ClickSign(*signs, u'ž');
+    EXPECT_EQ(Field->Text, u"ö") << "no item has it behind the other";
+    EXPECT_EQ(Taken(), u"change ");
 }
 
 TEST_F(ChoiceField, PastesWhatAnItemMatches) {
