@@ -82,8 +82,8 @@ void TZORComboBox::KeyPress(char16_t& key) {
         TZORScreenKeyboard::KeyPress(key);
         return;
     }
-    TWinControl::KeyPress(key); // the program may have its say, but nothing is completed as in the other styles
-    if (!alive || key == 0)
+    // The program may have its say, but nothing is completed as in the other styles.
+    if (!Fire(*this, OnKeyPress, this, key) || key == 0)
         return;
     const char16_t typed = std::exchange(key, u'\0');
     if (typed == kControlA || typed == kControlC || typed == kControlV || typed == kControlX)

@@ -45,7 +45,7 @@ public:
 const TClassInfo& TZORComboBoxnew::StaticClass() {
     using C = TZORComboBoxnew;
     namespace row = framedrows;
-    const auto color = [](TPropInfo property) { return property.Named(ColorIdentifiers()); };
+    const auto color = [](const TPropInfo& property) { return property.Named(ColorIdentifiers()); };
     static const TClassInfo info = DescribeClass<C>(
         u"TZORComboBoxnew", TMemo::StaticClass(),
         {Property<&C::GetLines, &C::SetLines>(u"Lines"),
@@ -256,6 +256,13 @@ TTextFolding TZORComboBoxnew::Folding() const {
     return {false, FSmartSearch, FIgnoreLocalChars, FCaseSensitive ? TFoldedCase::AsItIs : TFoldedCase::Upper};
 }
 
+/// What is marked in the rows: letter case never counts there.
+TTextFolding TZORComboBoxnew::MarkFolding() const {
+    TTextFolding folding = Folding();
+    folding.Case = TFoldedCase::Upper;
+    return folding;
+}
+
 const TChoiceIndex& TZORComboBoxnew::Index() {
     FIndex.Update(*FItems, FItems->GetVersion(), Folding());
     return FIndex;
@@ -282,6 +289,7 @@ bool TZORComboBoxnew::AllowsText(const String& text) {
 
 void TZORComboBoxnew::KeyPress(char16_t& key) {
     TLifeGuard alive(*this);
+    FCharacterTyped = false;
     TZORArrowField::KeyPress(key);
     if (!alive || key == 0)
         return;
@@ -303,22 +311,21 @@ void TZORComboBoxnew::KeyPress(char16_t& key) {
         key = 0;
 }
 
-/// Inserts the clipboard's text as one line where an item matches what becomes of the field; always true.
-bool TZORComboBoxnew::Paste() {
+/// Inserts the clipboard's text as one line where an item matches what becomes of the field.
+void TZORComboBoxnew::Paste() {
     const std::optional<String> given = ClipboardText(GetHandle());
     if (!given || GetReadOnly())
-        return true;
+        return;
     const String line = Trim(OneLine(*given));
     const TSelection selection = GetSelection();
     String text = GetText();
     text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
                  line);
     if (GetMaxLength() > 0 && static_cast<int>(text.size()) > GetMaxLength())
-        return true;
+        return;
     FCharacterTyped = AllowsText(text);
     if (FCharacterTyped)
         SetSelText(line);
-    return true;
 }
 
 void TZORComboBoxnew::Change() {
@@ -362,7 +369,7 @@ void TZORComboBoxnew::ShowMatch() {
     if (!GetDroppedDown() || FListStale)
         return;
     const String text = GetText();
-    GetPopup()->SetSearchText(text, {false, FSmartSearch, FIgnoreLocalChars, TFoldedCase::Upper});
+    GetPopup()->SetSearchText(text, MarkFolding());
     GetPopup()->ShowRow(FItemIndex >= 0 ? FItemIndex : findItemPos(text), true);
 }
 
@@ -439,7 +446,7 @@ void TZORComboBoxnew::dropdown_pop() {
 void TZORComboBoxnew::FormActivateZ() {
     GetPopup()->list_box->SetRow(-1);
     const bool chosen = FItemIndex >= 0;
-    GetPopup()->SetSearchText(chosen ? String() : GetText(), Folding());
+    GetPopup()->SetSearchText(chosen ? String() : GetText(), MarkFolding());
     GetPopup()->ShowRow(chosen ? FItemIndex : findItemPos(GetText()), false);
     InvalidateArrow();
 }
@@ -684,11 +691,14 @@ bool TZORComboBoxnew::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mou
         return true;
     if (!Focused())
         return false;
+    FWheel += wheelDelta; // fine wheels turn by less than a notch at a time
+    const int notches = FWheel / WHEEL_DELTA;
+    FWheel -= notches * WHEEL_DELTA;
     if (GetDroppedDown()) {
         TChoiceListBox& list = *GetPopup()->list_box;
-        list.SetTopIndex(std::max(list.GetTopIndex() - wheelDelta * kWheelRows / WHEEL_DELTA, 0));
-    } else {
-        Step(wheelDelta > 0 ? -1 : 1);
+        list.SetTopIndex(std::max(list.GetTopIndex() - notches * kWheelRows, 0));
+    } else if (notches != 0) {
+        StepTo(FItemIndex < 0 ? 0 : StepRows(FItemIndex, FItems->GetCount(), -notches));
     }
     return true;
 }

@@ -150,6 +150,7 @@ private:
     void ItemsEdited();
 
     TTextFolding Folding() const;
+    TTextFolding MarkFolding() const;
     const TChoiceIndex& Index();
     bool ChoosesFromList() const { return FStyle == csDropDownList; }
     void ShowText(const String& text);
@@ -157,7 +158,7 @@ private:
     void FollowText();
     void NormalizeText(TMessage& message);
     bool AllowsText(const String& text);
-    bool Paste();
+    void Paste();
     void TextTyped();
     void TextSet();
     void OpenForSearch();
@@ -182,6 +183,7 @@ private:
     int FDropDownCount = 10;
     TBehavior FBehavior = beStandard;
     TComboBoxStyle FStyle = csDropDown;
+    int FWheel = 0;    // turned, but less than a notch
     WORD FHeldKey = 0; // Up or Down, while the key is down
     bool FCaseSensitive = false;
     bool FIgnoreLocalChars = false;
