@@ -1,6 +1,6 @@
-// The bytes are items, a line each, and in the last line what is typed; the first byte also tells how all is folded. The
-// search through the prepared texts finds what a search that folds every item finds; the highlight lies in the item,
-// never cuts a character, and folds to what was typed; and no key of a search leaves a buffer that leads nowhere.
+// The bytes are items, a line each, and in the last line what is typed; the first byte also tells how all is folded.
+// The search through the prepared texts finds what a search that folds every item finds; the highlight lies in the
+// item, never cuts a character, and folds to what was typed; and no key of a search leaves a buffer that leads nowhere.
 
 #include "framework/system/strings.h"
 #include "lists/Zorcombobox_list_rules.h"
