@@ -129,7 +129,6 @@ void TNodeFamily::InsertBlock(std::size_t place, std::unique_ptr<TNodeBlock> blo
 
 void TNodeFamily::Reindex(std::size_t place) {
     Running.resize(place);
-    Running.reserve(Blocks.size());
     for (std::size_t i = place; i < Blocks.size(); ++i) {
         Blocks[i]->Place = static_cast<std::uint32_t>(i);
         TNodeSums sums = Blocks[i]->Sums;

@@ -1,32 +1,21 @@
 #include "framework/windows/checklistbox.h"
 
 #include "framework/graphics/canvas.h"
-#include "framework/graphics/handles.h"
+#include "framework/graphics/checkmarks.h"
 #include "framework/graphics/textmetrics.h"
-#include "framework/graphics/themes.h"
 
 #include <algorithm>
-#include <vsstyle.h>
 
 namespace framework {
 
 namespace {
 
-constexpr int kBoxMargin = 2;    // pixels around the box
-constexpr int kUnscaledBox = 13; // pixels at 96 dots per inch, where no theme says otherwise
-constexpr int kStateBits = 3;    // of the mark of an item
+constexpr int kBoxMargin = 2; // pixels around the box
+constexpr int kStateBits = 3; // of the mark of an item
 constexpr int kDisabledBit = 4;
 
-/// Opened for no window: the list's own one would paint its border by it from then on.
-TThemeHandle ButtonTheme() {
-    return TThemeHandle(OpenThemeData(nullptr, L"BUTTON"));
-}
-
-int ThemeState(TCheckBoxState state, bool enabled) {
-    const int normal = state == cbChecked  ? CBS_CHECKEDNORMAL
-                       : state == cbGrayed ? CBS_MIXEDNORMAL
-                                           : CBS_UNCHECKEDNORMAL;
-    return enabled ? normal : normal + (CBS_UNCHECKEDDISABLED - CBS_UNCHECKEDNORMAL);
+TCheckMark MarkOf(TCheckBoxState state) {
+    return state == cbChecked ? TCheckMark::Checked : state == cbGrayed ? TCheckMark::Mixed : TCheckMark::Unchecked;
 }
 
 } // namespace
@@ -176,14 +165,7 @@ void TCustomCheckListBox::ClickCheck() {
 // Painting
 
 TSize TCustomCheckListBox::BoxSize() const {
-    const TThemeHandle theme = ButtonTheme();
-    SIZE size{};
-    if (theme &&
-        SUCCEEDED(GetThemePartSize(theme.Get(), nullptr, BP_CHECKBOX, CBS_UNCHECKEDNORMAL, nullptr, TS_DRAW, &size)))
-        return {size.cx, size.cy};
-    const TWindowDC screen(nullptr);
-    const int side = MulDiv(kUnscaledBox, GetDeviceCaps(screen, LOGPIXELSY), 96);
-    return {side, side};
+    return TCheckPainter().Size();
 }
 
 TRect TCustomCheckListBox::BoxRect(const TRect& item) const {
@@ -203,24 +185,10 @@ void TCustomCheckListBox::DrawItem(int index, TRect rect, TOwnerDrawState state)
         margin.Right = rect.Left = box.Right + kBoxMargin;
     const RECT background = ToWin(margin);
     ::FillRect(canvas.GetHandle(), &background, GetBrush()->GetHandle());
-    DrawBox(canvas.GetHandle(), box, GetState(index), enabled);
+    TCheckPainter().Draw(canvas.GetHandle(), box, {.Mark = MarkOf(GetState(index)), .Enabled = enabled});
     if (!enabled && !state.Contains(odSelected))
         canvas.GetFont()->SetColor(clGrayText);
     TCustomListBox::DrawItem(index, rect, state);
-}
-
-void TCustomCheckListBox::DrawBox(HDC dc, const TRect& place, TCheckBoxState state, bool enabled) const {
-    RECT box = ToWin(place);
-    const TThemeHandle theme = ButtonTheme();
-    if (theme &&
-        SUCCEEDED(DrawThemeBackground(theme.Get(), dc, BP_CHECKBOX, ThemeState(state, enabled), &box, nullptr)))
-        return;
-    UINT flags = state == cbGrayed ? DFCS_BUTTON3STATE | DFCS_CHECKED : DFCS_BUTTONCHECK;
-    if (state == cbChecked)
-        flags |= DFCS_CHECKED;
-    if (!enabled)
-        flags |= DFCS_INACTIVE;
-    DrawFrameControl(dc, &box, DFC_BUTTON, flags);
 }
 
 } // namespace framework

@@ -52,7 +52,6 @@ private:
     void RepaintItem(int index);
     void FitItemHeight();
     TSize BoxSize() const;
-    void DrawBox(HDC dc, const TRect& place, TCheckBoxState state, bool enabled) const;
 
     bool FAllowGrayed = false;
 };

@@ -1,0 +1,720 @@
+// The life of a tree and of its nodes: how they come, are asked for, change and go, and their order.
+
+#include "framework/vtree/virtualtree.h"
+
+#include "framework/graphics/canvas.h"
+#include "framework/graphics/handles.h"
+
+#include <algorithm>
+
+namespace framework {
+
+// Options and colours
+
+const TClassInfo& TVirtualTreeOptions::StaticClass() {
+    using O = TVirtualTreeOptions;
+    static const TClassInfo info = DescribeClass<O>(
+        u"TVirtualTreeOptions", TPersistent::StaticClass(),
+        {Property<&O::GetAutoOptions, &O::SetAutoOptions>(u"AutoOptions", DefaultAutoOptions),
+         Property<&O::GetMiscOptions, &O::SetMiscOptions>(u"MiscOptions", DefaultMiscOptions),
+         Property<&O::GetPaintOptions, &O::SetPaintOptions>(u"PaintOptions", DefaultPaintOptions),
+         Property<&O::GetSelectionOptions, &O::SetSelectionOptions>(u"SelectionOptions", TVTSelectionOptions{})});
+    return info;
+}
+
+TPersistent* TVirtualTreeOptions::GetOwner() const {
+    return FTree;
+}
+
+void TVirtualTreeOptions::Assign(TPersistent* source) {
+    const auto* other = As<TVirtualTreeOptions>(source);
+    if (!other) {
+        TPersistent::Assign(source);
+        return;
+    }
+    FAutoOptions = other->FAutoOptions;
+    FMiscOptions = other->FMiscOptions;
+    FPaintOptions = other->FPaintOptions;
+    SetSelectionOptions(other->FSelectionOptions);
+    FTree->OptionsChanged();
+}
+
+void TVirtualTreeOptions::SetAutoOptions(TVTAutoOptions value) {
+    const bool sorts = value.Contains(toAutoSort) && !FAutoOptions.Contains(toAutoSort);
+    FAutoOptions = value;
+    if (sorts)
+        FTree->AutoSort();
+}
+
+void TVirtualTreeOptions::SetMiscOptions(TVTMiscOptions value) {
+    if (FMiscOptions == value)
+        return;
+    FMiscOptions = value;
+    FTree->OptionsChanged();
+}
+
+void TVirtualTreeOptions::SetPaintOptions(TVTPaintOptions value) {
+    if (FPaintOptions == value)
+        return;
+    FPaintOptions = value;
+    FTree->OptionsChanged();
+}
+
+void TVirtualTreeOptions::SetSelectionOptions(TVTSelectionOptions value) {
+    if (FSelectionOptions == value)
+        return;
+    const bool single = FSelectionOptions.Contains(toMultiSelect) && !value.Contains(toMultiSelect);
+    FSelectionOptions = value;
+    TLifeGuard alive(*FTree);
+    if (single && FTree->GetSelectedCount() > 1)
+        FTree->ClearSelection();
+    if (alive)
+        FTree->OptionsChanged();
+}
+
+const TClassInfo& TVTColors::StaticClass() {
+    using C = TVTColors;
+    static const TClassInfo info = DescribeClass<C>(
+        u"TVTColors", TPersistent::StaticClass(),
+        {Property<&C::GetFocusedSelectionColor, &C::SetFocusedSelectionColor>(u"FocusedSelectionColor", clHighlight)
+             .Named(ColorIdentifiers()),
+         Property<&C::GetGridLineColor, &C::SetGridLineColor>(u"GridLineColor", clBtnFace).Named(ColorIdentifiers()),
+         Property<&C::GetHotColor, &C::SetHotColor>(u"HotColor", clHotLight).Named(ColorIdentifiers()),
+         Property<&C::GetSelectionTextColor, &C::SetSelectionTextColor>(u"SelectionTextColor", clHighlightText)
+             .Named(ColorIdentifiers()),
+         Property<&C::GetTreeLineColor, &C::SetTreeLineColor>(u"TreeLineColor", clBtnShadow).Named(ColorIdentifiers()),
+         Property<&C::GetUnfocusedSelectionColor, &C::SetUnfocusedSelectionColor>(u"UnfocusedSelectionColor", clSilver)
+             .Named(ColorIdentifiers())});
+    return info;
+}
+
+TPersistent* TVTColors::GetOwner() const {
+    return FTree;
+}
+
+void TVTColors::Assign(TPersistent* source) {
+    const auto* other = As<TVTColors>(source);
+    if (!other) {
+        TPersistent::Assign(source);
+        return;
+    }
+    FFocusedSelection = other->FFocusedSelection;
+    FGridLine = other->FGridLine;
+    FHot = other->FHot;
+    FSelectionText = other->FSelectionText;
+    FTreeLine = other->FTreeLine;
+    FUnfocusedSelection = other->FUnfocusedSelection;
+    FTree->Invalidate();
+}
+
+void TVTColors::Change(TColor& color, TColor value) {
+    if (color == value)
+        return;
+    color = value;
+    FTree->Invalidate();
+}
+
+// The tree
+
+const TClassInfo& TBaseVirtualTree::StaticClass() {
+    static const TClassInfo info = DescribeClass<TBaseVirtualTree>(u"TBaseVirtualTree", TCustomControl::StaticClass());
+    return info;
+}
+
+TBaseVirtualTree::TBaseVirtualTree(TComponent* owner)
+    : TCustomControl(owner), FStore(std::make_shared<TNodeStore>()),
+      FOptions(std::make_unique<TVirtualTreeOptions>(this)), FColors(std::make_unique<TVTColors>(this)),
+      FHeader(std::make_unique<TVTHeader>(this)), FTreeCanvas(std::make_shared<TCanvas>()), FFocusedNode(*FStore),
+      FRangeAnchor(*FStore), FHotNode(*FStore), FPressedBox(*FStore), FClickedNode(*FStore) {
+    FControlStyle << csOpaque;
+    FControlStyle >> csSetCaption;
+    SetParentColor(false);
+    SetColor(clWindow);
+    SetTabStop(true);
+    SetBounds(0, 0, 200, 100);
+}
+
+TBaseVirtualTree::~TBaseVirtualTree() {
+    Destroying();
+    DestroyHandle(); // while nodes and header are there: its last messages still ask for them
+}
+
+void TBaseVirtualTree::CreateParams(TCreateParams& params) {
+    TCustomControl::CreateParams(params);
+    AddBorder(params, FBorderStyle);
+}
+
+void TBaseVirtualTree::CreateWnd() {
+    TCustomControl::CreateWnd();
+    FLayoutDirty = true;
+    FrameChanged(); // the header's room
+}
+
+void TBaseVirtualTree::SetBorderStyle(TBorderStyle value) {
+    if (FBorderStyle == value)
+        return;
+    FBorderStyle = value;
+    RecreateWnd();
+}
+
+void TBaseVirtualTree::SetDefaultNodeHeight(int value) {
+    value = std::clamp(value, 0, kGreatestColumnWidth);
+    if (FDefaultNodeHeight == value)
+        return;
+    const int before = std::exchange(FDefaultNodeHeight, value);
+    for (TVirtualNode* node = FStore->First(TNodeMeasure::Nodes); node;
+         node = FStore->Next(node, TNodeMeasure::Nodes)) {
+        if (node->GetNodeHeight() == before && !node->Has(vsHeightMeasured))
+            FStore->SetHeight(node, value);
+    }
+    StructureChanged();
+}
+
+void TBaseVirtualTree::SetIndent(int value) {
+    FIndent = std::max(value, 0);
+    Invalidate();
+}
+
+void TBaseVirtualTree::SetMargin(int value) {
+    FMargin = std::max(value, 0);
+    Invalidate();
+}
+
+void TBaseVirtualTree::SetTextMargin(int value) {
+    FTextMargin = std::max(value, 0);
+    Invalidate();
+}
+
+void TBaseVirtualTree::SetSelectionBlendFactor(int value) {
+    FBlendFactor = std::clamp(value, 0, 255);
+    Invalidate();
+}
+
+void TBaseVirtualTree::SetNodeDataSize(int value) {
+    value = std::max(value, 0);
+    if (FNodeDataSize == value)
+        return;
+    TLifeGuard alive(*this);
+    Clear();
+    if (!alive)
+        return;
+    if (FDeleteDepth > 0 || GetRootNodeCount() > 0)
+        throw EInvalidOperation(u"The size of node data cannot change while nodes are deleted or sorted");
+    FNodeDataSize = value;
+    FStore->SetDataSize(static_cast<std::size_t>(value));
+}
+
+void TBaseVirtualTree::OptionsChanged() {
+    Invalidate();
+    InvalidateHeader();
+}
+
+void TBaseVirtualTree::Loaded() {
+    TLifeGuard alive(*this);
+    TCustomControl::Loaded();
+    if (alive)
+        FHeader->Loaded();
+}
+
+void TBaseVirtualTree::ChangeScale(int m, int d) {
+    if (m != d) {
+        FIndent = MulDiv(FIndent, m, d);
+        FMargin = MulDiv(FMargin, m, d);
+        FTextMargin = MulDiv(FTextMargin, m, d);
+        const int height = MulDiv(FDefaultNodeHeight, m, d);
+        for (TVirtualNode* node = FStore->First(TNodeMeasure::Nodes); node;
+             node = FStore->Next(node, TNodeMeasure::Nodes))
+            FStore->SetHeight(node, MulDiv(node->GetNodeHeight(), m, d));
+        FDefaultNodeHeight = height;
+        StructureChanged();
+        FHeader->ChangeScale(m, d);
+    }
+    TCustomControl::ChangeScale(m, d);
+}
+
+void TBaseVirtualTree::EndUpdate() {
+    if (FUpdateCount == 0 || --FUpdateCount > 0 || !std::exchange(FStructureChanged, false))
+        return;
+    TLifeGuard alive(*this);
+    AutoSort();
+    if (alive)
+        StructureChanged();
+}
+
+void TBaseVirtualTree::StructureChanged() {
+    ++FStructureVersion;
+    if (FUpdateCount > 0)
+        FStructureChanged = true;
+    if (FLayoutDirty)
+        return;
+    FLayoutDirty = true; // once for any number of changes: what follows costs more than the change of a node
+    Invalidate();
+}
+
+// Coming and going
+
+void TBaseVirtualTree::CheckNotSorting() const {
+    if (FSorting > 0)
+        throw EInvalidOperation(u"Nodes cannot be added to a tree that is being sorted");
+}
+
+unsigned TBaseVirtualTree::GetChildCount(TVirtualNode* node) const {
+    return (node ? node : FStore->Root())->GetChildCount();
+}
+
+void TBaseVirtualTree::SetChildCount(TVirtualNode* node, unsigned value) {
+    TVirtualNode* parent = ParentOf(node);
+    const unsigned count = parent->GetChildCount();
+    if (value < count)
+        return DeleteRange(parent, value, count - value);
+    if (value == count || !FStore->Contains(parent))
+        return;
+    CheckNotSorting();
+    FStore->Append(parent, value - count, FDefaultNodeHeight);
+    StructureChanged();
+}
+
+TVirtualNode* TBaseVirtualTree::AddChild(TVirtualNode* parent) {
+    return InsertChild(parent, UINT_MAX);
+}
+
+TVirtualNode* TBaseVirtualTree::InsertChild(TVirtualNode* parent, unsigned index) {
+    CheckNotSorting();
+    parent = ParentOf(parent);
+    if (!FStore->Contains(parent))
+        throw EInvalidOperation(u"A node cannot be added to one that is being deleted");
+    TVirtualNode* node = FStore->Insert(parent, index, FDefaultNodeHeight);
+    StructureChanged();
+    return node;
+}
+
+void TBaseVirtualTree::DeleteNode(TVirtualNode* node) {
+    if (!node || node == FStore->Root() || !FStore->Contains(node))
+        return;
+    if (FSorting > 0)
+        FDeferredDeletes.emplace_back(*FStore, node);
+    else
+        DeleteRange(node->GetParent(), node->GetIndex(), 1);
+}
+
+void TBaseVirtualTree::DeleteChildren(TVirtualNode* node) {
+    TVirtualNode* parent = ParentOf(node);
+    if (!FStore->Contains(parent))
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, parent == FStore->Root() ? nullptr : parent);
+    DeleteRange(parent, 0, parent->GetChildCount());
+    if (alive && still)
+        FStore->SetState(parent, vsExpanded, false);
+}
+
+void TBaseVirtualTree::Clear() {
+    DeleteChildren(nullptr);
+}
+
+void TBaseVirtualTree::DeleteSelectedNodes() {
+    TLifeGuard alive(*this);
+    BeginUpdate();
+    while (alive) {
+        TVirtualNode* node = GetFirstSelected();
+        if (!node)
+            break;
+        DeleteNode(node);
+    }
+    if (alive)
+        EndUpdate();
+}
+
+/// The nodes leave the tree before anybody is told, and their memory stays until the last one has been told.
+void TBaseVirtualTree::DeleteRange(TVirtualNode* parent, unsigned first, unsigned count) {
+    if (count == 0)
+        return;
+    if (FSorting > 0) {
+        for (TVirtualNode* node = TNodeStore::Child(parent, first); node && count > 0; --count) {
+            FDeferredDeletes.emplace_back(*FStore, node);
+            node = node->GetNextSibling();
+        }
+        return;
+    }
+    const std::shared_ptr<TNodeStore> store = FStore; // handlers may free the tree
+    const int selected = GetSelectedCount();
+    TLifeGuard alive(*this);
+    {
+        ++FDeleteDepth;
+        const TAtScopeEnd freed(*this, [this] {
+            if (--FDeleteDepth == 0)
+                FStore->FreeDetached();
+        });
+        const TDetachedNodes& gone = store->Detach(parent, first, count);
+        StructureChanged();
+        gone.VisitInitialized([&](TVirtualNode* node) {
+            DoFreeNode(node);
+            return static_cast<bool>(alive);
+        });
+    }
+    if (alive && !IsDestroying() && GetSelectedCount() < selected)
+        DoChange(nullptr);
+}
+
+void TBaseVirtualTree::RunDeferredDeletes() {
+    TLifeGuard alive(*this);
+    while (alive && !FDeferredDeletes.empty()) {
+        TVirtualNode* node = FDeferredDeletes.front().Get();
+        FDeferredDeletes.pop_front();
+        if (node)
+            DeleteNode(node);
+    }
+}
+
+// Asking
+
+void TBaseVirtualTree::DoInitNode(TVirtualNode* parent, TVirtualNode* node, TVirtualNodeInitStates& initialStates) {
+    Fire(*this, OnInitNode, this, parent, node, initialStates);
+}
+
+bool TBaseVirtualTree::DoInitChildren(TVirtualNode* node, unsigned& childCount) {
+    if (!OnInitChildren)
+        return false;
+    return Fire(*this, OnInitChildren, this, node, childCount) && childCount > 0;
+}
+
+void TBaseVirtualTree::DoFreeNode(TVirtualNode* node) {
+    Fire(*this, OnFreeNode, this, node);
+}
+
+void TBaseVirtualTree::DoMeasureItem(TCanvas& canvas, TVirtualNode* node, int& height) {
+    Fire(*this, OnMeasureItem, this, &canvas, node, height);
+}
+
+bool TBaseVirtualTree::InitNode(TVirtualNode* node) {
+    if (node->Has(vsInitialized) || node->Has(vsDeleting))
+        return !node->Has(vsDeleting);
+    FStore->SetState(node, vsInitialized, true);
+    TVirtualNodeInitStates states;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    TVirtualNode* parent = node->GetParent();
+    DoInitNode(parent == FStore->Root() ? nullptr : parent, node, states);
+    if (!alive || !still)
+        return false;
+    if (!states.Empty())
+        ApplyInitialStates(node, states);
+    if (alive && still && HasMisc(toVariableNodeHeight) && !node->Has(vsHeightMeasured) && HandleAllocated()) {
+        FStore->SetState(node, vsHeightMeasured, true);
+        int height = node->GetNodeHeight();
+        const TWindowDC dc(FHandle);
+        const TCanvasBinding canvas(FTreeCanvas, dc);
+        canvas->SetFont(GetFont());
+        DoMeasureItem(*FTreeCanvas, node, height);
+        if (alive && still)
+            SetNodeHeight(node, height);
+    }
+    return alive && still;
+}
+
+void TBaseVirtualTree::ApplyInitialStates(TVirtualNode* node, TVirtualNodeInitStates states) {
+    FStore->SetState(node, vsDisabled, states.Contains(ivsDisabled));
+    if (states.Contains(ivsFiltered))
+        SetFiltered(node, true);
+    if (states.Contains(ivsHasChildren))
+        FStore->SetState(node, vsHasChildren, true);
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    if (states.Contains(ivsSelected))
+        SetSelected(node, true);
+    if (!alive || !still || !states.Contains(ivsExpanded) || !node->Has(vsHasChildren))
+        return;
+    InitChildren(node);
+    if (alive && still && node->GetChildCount() > 0) {
+        FStore->SetState(node, vsExpanded, true);
+        StructureChanged();
+    }
+}
+
+void TBaseVirtualTree::InitChildren(TVirtualNode* node) {
+    if (node == FStore->Root() || !node->Has(vsHasChildren) || node->GetChildCount() > 0)
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    unsigned count = 0;
+    const bool some = DoInitChildren(node, count);
+    if (!alive || !still)
+        return;
+    if (some)
+        SetChildCount(node, count);
+    FStore->SetState(node, vsHasChildren, node->GetChildCount() > 0);
+}
+
+TVirtualNode* TBaseVirtualTree::Asked(TVirtualNode* node) {
+    return node && InitNode(node) ? node : nullptr;
+}
+
+void TBaseVirtualTree::ReinitNode(TVirtualNode* node, bool recursive) {
+    const std::shared_ptr<TNodeStore> store = FStore;
+    TVirtualNode* top = ParentOf(node);
+    TVirtualNode* each = top == store->Root() ? store->First(TNodeMeasure::Initialized) : top;
+    TLifeGuard alive(*this);
+    TNodeRef next(*store);
+    for (; each && TNodeStore::IsWithin(each, top); each = next.Get()) {
+        next.Set(recursive ? store->Next(each, TNodeMeasure::Initialized) : nullptr);
+        if (!each->Has(vsInitialized))
+            continue;
+        TVirtualNodeInitStates states{ivsReInit};
+        const TNodeRef still(*store, each);
+        DoInitNode(each->GetParent() == store->Root() ? nullptr : each->GetParent(), each, states);
+        if (!alive)
+            return;
+        if (still)
+            ApplyInitialStates(each, states);
+        if (!alive)
+            return;
+    }
+    Invalidate();
+}
+
+void TBaseVirtualTree::ValidateNode(TVirtualNode* node, bool recursive) {
+    TVirtualNode* top = ParentOf(node);
+    TLifeGuard alive(*this);
+    TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
+    while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
+        if (!InitNode(each.Get()) || !recursive)
+            return;
+        each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
+    }
+}
+
+TVirtualNode* TBaseVirtualTree::GetNext(TVirtualNode* node) {
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    InitChildren(node);
+    return alive && still ? Asked(FStore->Next(node, TNodeMeasure::Nodes)) : nullptr;
+}
+
+TVirtualNode* TBaseVirtualTree::GetLast() {
+    TVirtualNode* node = GetLastChild(nullptr);
+    for (TVirtualNode* below = node; below; below = GetLastChild(node))
+        node = below;
+    return node;
+}
+
+TVirtualNode* TBaseVirtualTree::GetFirstChild(TVirtualNode* node) {
+    node = ParentOf(node);
+    TLifeGuard alive(*this);
+    InitChildren(node);
+    return alive ? Asked(node->GetFirstChild()) : nullptr;
+}
+
+TVirtualNode* TBaseVirtualTree::GetLastChild(TVirtualNode* node) {
+    node = ParentOf(node);
+    TLifeGuard alive(*this);
+    InitChildren(node);
+    return alive ? Asked(node->GetLastChild()) : nullptr;
+}
+
+int TBaseVirtualTree::RowOf(const TVirtualNode* node) const {
+    return FStore->Contains(node) && node != FStore->Root() && TNodeStore::IsRow(node)
+               ? static_cast<int>(TNodeStore::PlaceOf(node, TNodeMeasure::Rows))
+               : -1;
+}
+
+// Properties of nodes
+
+void TBaseVirtualTree::SetNodeHeight(TVirtualNode* node, int value) {
+    value = std::clamp(value, 0, kGreatestColumnWidth);
+    if (node->GetNodeHeight() == value)
+        return;
+    FStore->SetHeight(node, value);
+    StructureChanged();
+}
+
+void TBaseVirtualTree::SetHasChildren(TVirtualNode* node, bool value) {
+    if (node->Has(vsHasChildren) == value)
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    if (!value)
+        DeleteChildren(node);
+    if (!alive || !still)
+        return;
+    FStore->SetState(node, vsHasChildren, value);
+    InvalidateNode(node);
+}
+
+void TBaseVirtualTree::SetDisabled(TVirtualNode* node, bool value) {
+    FStore->SetState(node, vsDisabled, value);
+    InvalidateNode(node);
+}
+
+void TBaseVirtualTree::SetFiltered(TVirtualNode* node, bool value) {
+    if (node->Has(vsFiltered) == value)
+        return;
+    FStore->SetState(node, vsFiltered, value);
+    StructureChanged();
+}
+
+void TBaseVirtualTree::SetNodeVisible(TVirtualNode* node, bool value) {
+    if (node->Has(vsVisible) == value)
+        return;
+    FStore->SetState(node, vsVisible, value);
+    StructureChanged();
+}
+
+void TBaseVirtualTree::SetExpanded(TVirtualNode* node, bool value) {
+    if (node == FStore->Root() || node->Has(vsExpanded) == value || node->Has(vsDeleting))
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    if (value) {
+        if (!InitNode(node) || !node->Has(vsHasChildren) || !DoExpanding(node) || !alive || !still)
+            return;
+        InitChildren(node);
+        if (!alive || !still || node->GetChildCount() == 0)
+            return;
+    } else if (!DoCollapsing(node) || !alive || !still) {
+        return;
+    }
+    FStore->SetState(node, vsExpanded, value);
+    StructureChanged();
+    if (!value && FFocusedNode && FFocusedNode.Get() != node && TNodeStore::IsWithin(FFocusedNode.Get(), node))
+        SetFocusedNode(node);
+    if (!alive || !still)
+        return;
+    if (value && HasAuto(toAutoScrollOnExpand) && HandleAllocated() && FUpdateCount == 0) {
+        ScrollIntoView(node->GetLastChild(), false);
+        ScrollIntoView(node, false); // which matters more when not all of it fits
+    }
+    if (alive && still)
+        value ? DoExpanded(node) : DoCollapsed(node);
+    if (alive && still)
+        TellNode(EVENT_OBJECT_STATECHANGE, node);
+}
+
+void TBaseVirtualTree::FullExpand(TVirtualNode* node) {
+    TVirtualNode* top = ParentOf(node);
+    TLifeGuard alive(*this);
+    BeginUpdate();
+    TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
+    while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
+        if (InitNode(each.Get()) && each && each.Get()->Has(vsHasChildren))
+            SetExpanded(each.Get(), true);
+        if (alive && each)
+            each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
+    }
+    if (alive)
+        EndUpdate();
+}
+
+void TBaseVirtualTree::FullCollapse(TVirtualNode* node) {
+    TVirtualNode* top = ParentOf(node);
+    TLifeGuard alive(*this);
+    BeginUpdate();
+    TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
+    while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
+        SetExpanded(each.Get(), false);
+        if (alive && each)
+            each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
+    }
+    if (alive)
+        EndUpdate();
+}
+
+bool TBaseVirtualTree::GetVisiblePath(TVirtualNode* node) const {
+    for (node = node->GetParent(); node && node != FStore->Root(); node = node->GetParent()) {
+        if (!node->Has(vsExpanded))
+            return false;
+    }
+    return true;
+}
+
+void TBaseVirtualTree::SetVisiblePath(TVirtualNode* node, bool value) {
+    TLifeGuard alive(*this);
+    TNodeRef each(*FStore, node->GetParent());
+    while (alive && each && each.Get() != FStore->Root()) {
+        SetExpanded(each.Get(), value);
+        if (alive && each)
+            each.Set(each.Get()->GetParent());
+    }
+}
+
+bool TBaseVirtualTree::DoExpanding(TVirtualNode* node) {
+    bool allowed = true;
+    return Fire(*this, OnExpanding, this, node, allowed) && allowed;
+}
+
+void TBaseVirtualTree::DoExpanded(TVirtualNode* node) {
+    Fire(*this, OnExpanded, this, node);
+}
+
+bool TBaseVirtualTree::DoCollapsing(TVirtualNode* node) {
+    bool allowed = true;
+    return Fire(*this, OnCollapsing, this, node, allowed) && allowed;
+}
+
+void TBaseVirtualTree::DoCollapsed(TVirtualNode* node) {
+    Fire(*this, OnCollapsed, this, node);
+}
+
+// Order
+
+int TBaseVirtualTree::DoCompare(TVirtualNode* node1, TVirtualNode* node2, TColumnIndex column) {
+    int result = 0;
+    Fire(*this, OnCompareNodes, this, node1, node2, column, result);
+    return result;
+}
+
+/// Handlers may do what they like while they compare, but the order of the nodes waits until they have all answered.
+void TBaseVirtualTree::SortFamily(TVirtualNode* parent, TColumnIndex column, TSortDirection direction) {
+    const std::shared_ptr<TNodeStore> store = FStore;
+    TLifeGuard alive(*this);
+    ++FSorting;
+    const TAtScopeEnd sorted(*this, [this] { --FSorting; });
+    const int sign = direction == sdAscending ? 1 : -1;
+    store->Sort(parent, [&](TVirtualNode* left, TVirtualNode* right) {
+        return alive && sign * DoCompare(left, right, column) < 0;
+    });
+}
+
+void TBaseVirtualTree::Sort(TVirtualNode* node, TColumnIndex column, TSortDirection direction, bool doInit) {
+    TVirtualNode* parent = ParentOf(node);
+    if (FSorting > 0 || !FStore->Contains(parent))
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, parent);
+    if (doInit) {
+        TNodeRef child(*FStore, parent->GetFirstChild());
+        while (child && InitNode(child.Get()))
+            child.Set(child.Get()->GetNextSibling());
+    }
+    if (!alive || !still)
+        return;
+    SortFamily(parent, column, direction);
+    if (!alive)
+        return;
+    StructureChanged();
+    RunDeferredDeletes();
+}
+
+void TBaseVirtualTree::SortTree(TColumnIndex column, TSortDirection direction, bool doInit) {
+    const std::shared_ptr<TNodeStore> store = FStore;
+    TLifeGuard alive(*this);
+    Sort(nullptr, column, direction, doInit);
+    TNodeRef each(*store, alive ? store->First(TNodeMeasure::Nodes) : nullptr);
+    while (alive && each) {
+        if (each.Get()->GetChildCount() > 1)
+            Sort(each.Get(), column, direction, doInit);
+        if (each)
+            each.Set(store->Next(each.Get(), TNodeMeasure::Nodes));
+    }
+}
+
+void TBaseVirtualTree::AutoSort() {
+    if (HasAuto(toAutoSort) && FHeader->GetSortColumn() > NoColumn && !IsLoading())
+        SortTree(FHeader->GetSortColumn(), FHeader->GetSortDirection());
+}
+
+void TBaseVirtualTree::HeaderSortChanged(TVTHeader& header) {
+    if (&header == FHeader.get())
+        AutoSort();
+}
+
+} // namespace framework

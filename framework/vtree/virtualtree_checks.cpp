@@ -1,0 +1,118 @@
+// Check boxes of nodes, and how parents and children follow each other.
+
+#include "framework/graphics/checkmarks.h"
+#include "framework/vtree/checkstates_rules.h"
+#include "framework/vtree/virtualtree.h"
+
+namespace framework {
+
+bool TBaseVirtualTree::DoChecking(TVirtualNode* node, TCheckState& newState) {
+    bool allowed = true;
+    return Fire(*this, OnChecking, this, node, newState, allowed) && allowed;
+}
+
+void TBaseVirtualTree::DoChecked(TVirtualNode* node) {
+    Fire(*this, OnChecked, this, node);
+}
+
+void TBaseVirtualTree::PutCheckState(TVirtualNode* node, TCheckState state) {
+    if (node->GetCheckState() == state)
+        return;
+    TNodeStore::SetCheck(node, node->GetCheckType(), state);
+    InvalidateNode(node);
+}
+
+void TBaseVirtualTree::SetCheckType(TVirtualNode* node, TCheckType value) {
+    if (node->GetCheckType() == value)
+        return;
+    TNodeStore::SetCheck(node, value, node->GetCheckState());
+    InvalidateNode(node);
+}
+
+void TBaseVirtualTree::SetCheckState(TVirtualNode* node, TCheckState value) {
+    if (node->GetCheckState() == value || node->Has(vsChecking))
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    FStore->SetState(node, vsChecking, true);
+    const bool allowed = DoChecking(node, value);
+    if (!alive || !still)
+        return;
+    FStore->SetState(node, vsChecking, false);
+    if (!allowed)
+        return;
+    PutCheckState(node, value);
+    if (node->GetCheckType() == ctRadioButton && value == csCheckedNormal)
+        CheckSiblings(node);
+    if (HasAuto(toAutoTristateTracking) && node->GetCheckType() != ctRadioButton && value != csMixedNormal) {
+        CheckChildren(node, value);
+        CheckParents(node);
+    }
+    DoChecked(node);
+    if (alive && still)
+        TellNode(EVENT_OBJECT_STATECHANGE, node);
+}
+
+/// Children with boxes take the state of a tri-state box, those that have been made.
+void TBaseVirtualTree::CheckChildren(TVirtualNode* node, TCheckState state) {
+    if (node->GetCheckType() != ctTriStateCheckBox)
+        return;
+    for (TVirtualNode* each = FStore->Next(node, TNodeMeasure::Nodes); each && TNodeStore::IsWithin(each, node);
+         each = FStore->Next(each, TNodeMeasure::Nodes)) {
+        if (each->GetCheckType() == ctTriStateCheckBox || each->GetCheckType() == ctCheckBox)
+            PutCheckState(each, state);
+    }
+}
+
+/// Tri-state boxes above a node tell of their children.
+void TBaseVirtualTree::CheckParents(TVirtualNode* node) {
+    for (TVirtualNode* parent = node->GetParent(); parent && parent != FStore->Root(); parent = parent->GetParent()) {
+        if (parent->GetCheckType() != ctTriStateCheckBox)
+            return;
+        TCheckSummary summary;
+        for (const TVirtualNode* each = parent->GetFirstChild(); each; each = each->GetNextSibling()) {
+            if (each->GetCheckType() == ctTriStateCheckBox || each->GetCheckType() == ctCheckBox)
+                summary.Add(each->GetCheckState());
+        }
+        if (!summary.Empty())
+            PutCheckState(parent, summary.State());
+    }
+}
+
+void TBaseVirtualTree::CheckSiblings(TVirtualNode* node) {
+    for (TVirtualNode* each = node->GetParent()->GetFirstChild(); each; each = each->GetNextSibling()) {
+        if (each != node && each->GetCheckType() == ctRadioButton)
+            PutCheckState(each, csUncheckedNormal);
+    }
+}
+
+/// The person's click on a box, or the space key.
+void TBaseVirtualTree::ClickCheck(TVirtualNode* node) {
+    if (!HasMisc(toCheckSupport) || HasMisc(toReadOnly) || node->Has(vsDisabled) || node->GetCheckType() == ctNone)
+        return;
+    SetCheckState(node, NextCheckState(node->GetCheckType(), node->GetCheckState()));
+}
+
+TCheckLook TBaseVirtualTree::CheckLook(TCheckType type, TCheckState state, bool enabled) const {
+    const TCheckState plain = UnpressedState(state);
+    return {.Mark = plain == csCheckedNormal ? TCheckMark::Checked
+                    : plain == csMixedNormal ? TCheckMark::Mixed
+                                             : TCheckMark::Unchecked,
+            .Radio = type == ctRadioButton,
+            .Enabled = enabled,
+            .Pressed = IsPressed(state)};
+}
+
+TVirtualNode* TBaseVirtualTree::GetFirstChecked(TCheckState state) const {
+    TVirtualNode* node = FStore->First(TNodeMeasure::Initialized);
+    return node && node->GetCheckState() != state ? GetNextChecked(node, state) : node;
+}
+
+TVirtualNode* TBaseVirtualTree::GetNextChecked(TVirtualNode* node, TCheckState state) const {
+    do
+        node = FStore->Next(node, TNodeMeasure::Initialized);
+    while (node && node->GetCheckState() != state);
+    return node;
+}
+
+} // namespace framework

@@ -1,0 +1,158 @@
+// What is selected and what has the focus.
+
+#include "framework/vtree/virtualtree.h"
+
+namespace framework {
+
+void TBaseVirtualTree::DoChange(TVirtualNode* node) {
+    Fire(*this, OnChange, this, node);
+}
+
+/// Takes the selection from all nodes but one, without telling anybody; true when there was any.
+bool TBaseVirtualTree::UnselectAll(const TVirtualNode* except) {
+    bool any = false;
+    for (TVirtualNode* node = GetFirstSelected(); node;) {
+        TVirtualNode* next = GetNextSelected(node);
+        if (node != except) {
+            FStore->SetState(node, vsSelected, false);
+            any = true;
+        }
+        node = next;
+    }
+    if (any)
+        Invalidate();
+    return any;
+}
+
+void TBaseVirtualTree::ClearSelection() {
+    FRangeAnchor.Set(nullptr);
+    if (UnselectAll(nullptr))
+        DoChange(nullptr);
+}
+
+void TBaseVirtualTree::SetSelected(TVirtualNode* node, bool value) {
+    if (!node || node == FStore->Root() || node->Has(vsSelected) == value || !FStore->Contains(node))
+        return;
+    if (value && !HasSelection(toMultiSelect))
+        UnselectAll(node);
+    FStore->SetState(node, vsSelected, value);
+    InvalidateNode(node);
+    DoChange(node);
+}
+
+void TBaseVirtualTree::SelectAll() {
+    if (!HasSelection(toMultiSelect) || GetSelectedCount() == GetVisibleCount())
+        return;
+    for (TVirtualNode* node = FStore->First(TNodeMeasure::Rows); node; node = FStore->Next(node, TNodeMeasure::Rows))
+        FStore->SetState(node, vsSelected, true);
+    Invalidate();
+    DoChange(nullptr);
+}
+
+void TBaseVirtualTree::SelectSingle(TVirtualNode* node) {
+    FRangeAnchor.Set(node);
+    const bool others = UnselectAll(node);
+    if (node->Has(vsSelected) && !others)
+        return;
+    FStore->SetState(node, vsSelected, true);
+    InvalidateNode(node);
+    DoChange(node);
+}
+
+void TBaseVirtualTree::SelectRange(TVirtualNode* from, TVirtualNode* to, bool add) {
+    if (!add)
+        UnselectAll(nullptr);
+    const int first = RowOf(from);
+    const int last = RowOf(to);
+    if (first < 0 || last < 0)
+        return;
+    TVirtualNode* node = first <= last ? from : to;
+    const TVirtualNode* end = first <= last ? to : from;
+    for (; node; node = FStore->Next(node, TNodeMeasure::Rows)) {
+        FStore->SetState(node, vsSelected, true);
+        if (node == end)
+            break;
+    }
+    Invalidate();
+    DoChange(from == to ? from : nullptr);
+}
+
+/// Shift extends from where the selection began, Ctrl adds or takes away. Ctrl with a key only moves the focus.
+void TBaseVirtualTree::SelectByUser(TVirtualNode* node, TShiftState shift, bool byKey) {
+    if (!HasSelection(toMultiSelect))
+        return SelectSingle(node);
+    if (shift.Contains(ssShift)) {
+        if (!FRangeAnchor || RowOf(FRangeAnchor.Get()) < 0)
+            FRangeAnchor.Set(node);
+        SelectRange(FRangeAnchor.Get(), node, shift.Contains(ssCtrl));
+    } else if (!shift.Contains(ssCtrl)) {
+        SelectSingle(node);
+    } else if (!byKey) {
+        FRangeAnchor.Set(node);
+        SetSelected(node, !node->Has(vsSelected));
+    }
+}
+
+bool TBaseVirtualTree::DoFocusChanging(TVirtualNode* oldNode, TVirtualNode* newNode, TColumnIndex oldColumn,
+                                       TColumnIndex newColumn) {
+    bool allowed = true;
+    return Fire(*this, OnFocusChanging, this, oldNode, newNode, oldColumn, newColumn, allowed) && allowed;
+}
+
+void TBaseVirtualTree::DoFocusChange(TVirtualNode* node, TColumnIndex column) {
+    Fire(*this, OnFocusChanged, this, node, column);
+}
+
+/// The column that gets the focus when `column` is clicked or named.
+TColumnIndex TBaseVirtualTree::ColumnToFocus(TColumnIndex column) const {
+    const TVirtualTreeColumns& columns = *FHeader->GetColumns();
+    if (columns.GetCount() == 0)
+        return NoColumn;
+    if (!HasSelection(toExtendedFocus))
+        return FHeader->GetMainColumn();
+    if (!columns.IsValidColumn(column) || !columns.GetColumn(column)->GetOptions().Contains(coAllowFocus))
+        return FFocusedColumn == NoColumn ? FHeader->GetMainColumn() : FFocusedColumn;
+    return column;
+}
+
+/// Gives a cell the focus and shows it; false when that was not allowed, or something died meanwhile.
+bool TBaseVirtualTree::ChangeFocus(TVirtualNode* node, TColumnIndex column) {
+    if (node == FFocusedNode.Get() && column == FFocusedColumn) {
+        if (node)
+            ScrollIntoView(node, false);
+        return true;
+    }
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    if (!DoFocusChanging(FFocusedNode.Get(), node, FFocusedColumn, column) || !alive || (node && !still))
+        return false;
+    const bool columnChanged = column != FFocusedColumn;
+    InvalidateNode(FFocusedNode.Get());
+    FFocusedNode.Set(node);
+    FFocusedColumn = column;
+    InvalidateNode(node);
+    if (node && FUpdateCount == 0)
+        ScrollIntoView(node, HasSelection(toCenterScrollIntoView));
+    if (alive && columnChanged && !HasAuto(toDisableAutoscrollOnFocus))
+        ScrollColumnIntoView(column);
+    if (!alive || (node && !still))
+        return false;
+    DoFocusChange(node, column);
+    if (alive)
+        TellFocus();
+    return alive && (!node || still);
+}
+
+void TBaseVirtualTree::SetFocusedNode(TVirtualNode* value) {
+    if (value == FStore->Root() || (value && !FStore->Contains(value)))
+        value = nullptr;
+    if (value != FFocusedNode.Get())
+        ChangeFocus(value, ColumnToFocus(FFocusedColumn));
+}
+
+void TBaseVirtualTree::SetFocusedColumn(TColumnIndex value) {
+    if (value != FFocusedColumn && (value == NoColumn || FHeader->GetColumns()->IsValidColumn(value)))
+        ChangeFocus(FFocusedNode.Get(), value);
+}
+
+} // namespace framework

@@ -1,0 +1,494 @@
+// Virtual trees in a window: keys and mouse, scrolling, painting, the header, and handlers that take nodes away.
+
+#include "framework/graphics/bitmaps.h"
+#include "framework/graphics/canvas.h"
+#include "framework/system/numbers.h"
+#include "framework/vtree/stringtree.h"
+#include "framework/windows/application.h"
+#include "framework/windows/clipboard.h"
+#include "tests/support/handlecount.h"
+#include "tests/support/input.h"
+
+#include <gtest/gtest.h>
+
+#include <oleacc.h>
+#include <set>
+
+using namespace framework;
+using namespace testsupport;
+
+namespace {
+
+constexpr int kRow = 20; // pixels
+
+/// Rows "0", "1", ... in column 0, with children "3.0", ... when asked; column 1 tells the row's number in words.
+class TestTree : public TVirtualStringTree {
+public:
+    explicit TestTree(TComponent* owner) : TVirtualStringTree(owner) {}
+    using TVirtualStringTree::HasPaint;
+
+    std::set<TVirtualNode*> Freed;
+
+protected:
+    void DoGetText(TVirtualNode* node, TColumnIndex column, TVSTTextType type, String& text) override {
+        text = IntToStr(static_cast<int>(node->Index));
+        if (GetNodeLevel(node) > 0)
+            text = IntToStr(static_cast<int>(node->Parent->Index)) + u"." + text;
+        if (column == 1)
+            text = u"row " + text;
+        TVirtualStringTree::DoGetText(node, column, type, text);
+    }
+    void DoFreeNode(TVirtualNode* node) override {
+        Freed.insert(node);
+        TVirtualStringTree::DoFreeNode(node);
+    }
+};
+
+class VirtualTreeTest : public testing::Test {
+protected:
+    void SetUp() override {
+        Form = ShowForm();
+        Tree = new TestTree(Form.get());
+        Tree->DefaultNodeHeight = kRow;
+        Tree->Parent = Form.get();
+        Tree->SetBounds(10, 10, 300, 5 * kRow + 4 + 24);
+        for (const int width : {120, 100})
+            Tree->Header->Columns->Add()->Width = width;
+        Tree->Header->Height = 24;
+        Tree->Header->Options = DefaultHeaderOptions + TVTHeaderOptions{hoVisible, hoShowImages};
+        Tree->SetFocus();
+        Application->ProcessMessages();
+    }
+    TVirtualNode* Row(int row) { return Tree->NodeOfRow(row); }
+    TPoint CellPoint(int row, int column, int dx = 8) {
+        const TRect cell = Tree->GetDisplayRect(Row(row), column);
+        return {cell.Left + dx, (cell.Top + cell.Bottom) / 2};
+    }
+    void Click(int row, int column, int dx = 60) { ClickOn(*Tree, CellPoint(row, column, dx)); }
+    TPoint HeaderPoint(int column, int dx = 20) {
+        const TRect cell = Tree->HeaderCellRect(column);
+        return Tree->ClientToScreen({(dx < 0 ? cell.Right : cell.Left) + dx, (cell.Top + cell.Bottom) / 2});
+    }
+    void Drag(TPoint from, TPoint to) {
+        PressMouse(from);
+        MoveMouse({(from.X + to.X) / 2, from.Y});
+        MoveMouse({to.X - 1, to.Y});
+        MoveMouse(to);
+        ReleaseMouse();
+        Application->ProcessMessages();
+    }
+    String SelectedRows() {
+        String rows;
+        for (TVirtualNode* node = Tree->GetFirstSelected(); node; node = Tree->GetNextSelected(node))
+            rows += (rows.empty() ? u"" : u" ") + IntToStr(Tree->RowOf(node));
+        return rows;
+    }
+    int FocusedRow() { return Tree->FocusedNode ? Tree->RowOf(Tree->FocusedNode) : -1; }
+    void SetOptions(TVTSelectionOptions selection, TVTMiscOptions misc = {}) {
+        Tree->TreeOptions->SelectionOptions = selection;
+        Tree->TreeOptions->MiscOptions = misc;
+    }
+
+    std::unique_ptr<TForm> Form;
+    TestTree* Tree = nullptr;
+};
+
+TEST_F(VirtualTreeTest, SelectsByMouseAndKeyboard) {
+    Tree->RootNodeCount = 100;
+    SetOptions({toMultiSelect, toFullRowSelect});
+    int changes = 0;
+    Tree->OnChange = [&](TBaseVirtualTree*, TVirtualNode*) { ++changes; };
+    Click(1, 0);
+    EXPECT_EQ(SelectedRows(), u"1");
+    EXPECT_EQ(changes, 1);
+    struct TStep {
+        WORD Key;
+        TShiftState Held;
+        const char16_t* Selected;
+        int Focus;
+    };
+    const TStep steps[] = {
+        {VK_DOWN, {}, u"2", 2},        {VK_DOWN, {ssShift}, u"2 3", 3},   {VK_DOWN, {ssShift}, u"2 3 4", 4},
+        {VK_UP, {ssShift}, u"2 3", 3}, {VK_UP, {ssCtrl}, u"2 3", 2},      {VK_UP, {ssCtrl}, u"2 3", 1},
+        {VK_UP, {ssCtrl}, u"2 3", 0},  {VK_SPACE, {ssCtrl}, u"0 2 3", 0}, {VK_NEXT, {}, u"4", 4},
+        {VK_END, {}, u"99", 99},       {VK_PRIOR, {}, u"95", 95},         {VK_HOME, {}, u"0", 0},
+    };
+    for (const TStep& step : steps) {
+        PressKey(step.Key, step.Held);
+        EXPECT_EQ(SelectedRows(), step.Selected) << "key " << step.Key;
+        EXPECT_EQ(FocusedRow(), step.Focus) << "key " << step.Key;
+        EXPECT_FALSE(Tree->GetDisplayRect(Tree->FocusedNode, NoColumn).IsEmpty()) << "it came into view";
+    }
+    PressKey(VK_END, {ssShift});
+    EXPECT_EQ(Tree->SelectedCount, 100);
+    Tree->TreeOptions->SelectionOptions = {toFullRowSelect};
+    EXPECT_EQ(Tree->SelectedCount, 0) << "one at most from now on";
+    PressKey('A', {ssCtrl});
+    PressKey(VK_HOME);
+    EXPECT_EQ(SelectedRows(), u"0");
+}
+
+TEST_F(VirtualTreeTest, BranchesOpenAndCloseByKeysAndButton) {
+    Tree->OnInitNode = [](TBaseVirtualTree* tree, TVirtualNode* parent, TVirtualNode*, TVirtualNodeInitStates& states) {
+        if (!parent || tree->GetNodeLevel(parent) == 0)
+            states << ivsHasChildren;
+    };
+    int asked = 0;
+    Tree->OnInitChildren = [&](TBaseVirtualTree*, TVirtualNode*, unsigned& count) {
+        ++asked;
+        count = 3;
+    };
+    Tree->RootNodeCount = 10;
+    Application->ProcessMessages();
+    Tree->Update();
+    EXPECT_EQ(asked, 0) << "children are made when they are needed";
+    Click(0, 0, 40);
+    PressKey(VK_RIGHT);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(Tree->VisibleCount, 13);
+    PressKey(VK_RIGHT);
+    EXPECT_EQ(Tree->NodeText(Tree->FocusedNode, 0), u"0.0");
+    PressKey(VK_LEFT);
+    EXPECT_EQ(FocusedRow(), 0);
+    PressKey(VK_MULTIPLY);
+    EXPECT_EQ(Tree->VisibleCount, 22);
+    Tree->FocusedNode = Row(5);
+    Tree->Expanded[Row(0)] = false;
+    EXPECT_EQ(FocusedRow(), 0) << "the focus does not stay where nobody sees it";
+    const TRect row = Tree->GetDisplayRect(Row(1), 0);
+    ClickOn(*Tree, {13, (row.Top + row.Bottom) / 2});
+    EXPECT_EQ(Tree->VisibleCount, 13) << "the button";
+    EXPECT_EQ(FocusedRow(), 0);
+}
+
+TEST_F(VirtualTreeTest, TallTreesScrollToTheirLastPixel) {
+    Tree->Height = 250;
+    Tree->DefaultNodeHeight = 120;
+    Tree->RootNodeCount = 20'000'000;
+    Tree->Update();
+    EXPECT_EQ(Tree->VisibleCount, 20'000'000);
+    PressKey(VK_END);
+    EXPECT_EQ(FocusedRow(), 19'999'999);
+    const TRect last = Tree->GetDisplayRect(Tree->FocusedNode, NoColumn);
+    EXPECT_EQ(last.Bottom, Tree->ClientHeight);
+    EXPECT_EQ(-Tree->OffsetY, 20'000'000LL * 120 - Tree->ClientHeight);
+    SendMessageW(Tree->Handle, WM_VSCROLL, SB_TOP, 0);
+    EXPECT_EQ(Tree->OffsetY, 0);
+    SCROLLINFO info{sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
+    SendMessageW(Tree->Handle, WM_VSCROLL, SB_BOTTOM, 0);
+    ASSERT_TRUE(GetScrollInfo(Tree->Handle, SB_VERT, &info));
+    EXPECT_GE(info.nPos + static_cast<int>(info.nPage), info.nMax) << "the thumb is at the end";
+    SendMessageW(Tree->Handle, WM_MOUSEWHEEL, static_cast<WPARAM>(120 << 16), 0);
+    EXPECT_LT(-Tree->OffsetY, 20'000'000LL * 120 - Tree->ClientHeight);
+    Tree->RootNodeCount = 0;
+    EXPECT_EQ(Tree->OffsetY, 0) << "nothing is left to scroll";
+    Tree->Update();
+    EXPECT_FALSE(GetWindowLongPtrW(Tree->Handle, GWL_STYLE) & WS_VSCROLL);
+}
+
+TEST_F(VirtualTreeTest, ColumnsAreResizedDraggedHiddenAndSorted) {
+    Tree->RootNodeCount = 10;
+    Tree->Header->Columns->Add()->Width = 50;
+    TVirtualTreeColumns& columns = *Tree->Header->Columns;
+    std::vector<TColumnIndex> resized;
+    Tree->OnColumnResize = [&](TVTHeader*, TColumnIndex column) { resized.push_back(column); };
+    Drag(HeaderPoint(0, -1), {HeaderPoint(0, -1).X + 30, HeaderPoint(0).Y});
+    EXPECT_EQ(columns.GetColumn(0)->Width, 150);
+    EXPECT_FALSE(resized.empty());
+    EXPECT_EQ(resized.back(), 0);
+    columns.GetColumn(1)->MinWidth = 90;
+    Drag(HeaderPoint(1, -1), HeaderPoint(0, 10));
+    EXPECT_EQ(columns.GetColumn(1)->Width, 90) << "not below its limit";
+
+    int from = -1;
+    Tree->OnHeaderDragged = [&](TVTHeader*, TColumnIndex column, int position) { from = column * 10 + position; };
+    Drag(HeaderPoint(0), HeaderPoint(2, 40));
+    EXPECT_EQ(columns.GetColumn(0)->Position, 2);
+    EXPECT_EQ(from, 0);
+    EXPECT_EQ(Tree->HeaderCellRect(1).Left, 0);
+    EXPECT_EQ(Tree->GetHitTestInfoAt({145, 5}).HitColumn, 0);
+    Tree->OnHeaderDragging = [](TVTHeader*, TColumnIndex, bool& allowed) { allowed = false; };
+    Drag(HeaderPoint(0), HeaderPoint(1, 10));
+    EXPECT_EQ(columns.GetColumn(0)->Position, 2) << "refused";
+
+    columns.GetColumn(1)->Options = columns.GetColumn(1)->Options - TVTColumnOptions{coVisible};
+    EXPECT_EQ(Tree->GetHitTestInfoAt({5, 5}).HitColumn, 2);
+    Tree->Header->Options = Tree->Header->Options + TVTHeaderOptions{hoHeaderClickAutoSort, hoAutoResize};
+    Tree->Header->AutoSizeIndex = 2;
+    Tree->Update();
+    EXPECT_EQ(columns.GetColumn(2)->Width, Tree->ClientWidth - 150);
+    Tree->TreeOptions->AutoOptions = {toAutoSort};
+    Tree->OnCompareNodes = [](TBaseVirtualTree*, TVirtualNode* a, TVirtualNode* b, TColumnIndex, int& result) {
+        result = static_cast<int>(a->Index % 3) - static_cast<int>(b->Index % 3);
+    };
+    const TVirtualNode* second = Row(3);
+    std::vector<TColumnIndex> clicked;
+    Tree->OnHeaderClick = [&](TVTHeader*, const TVTHeaderHitInfo& hit) { clicked.push_back(hit.Column); };
+    const TPoint caption = HeaderPoint(2);
+    PressMouse(caption);
+    ReleaseMouse();
+    ASSERT_TRUE(WaitFor([&] { return !clicked.empty(); }));
+    EXPECT_EQ(Tree->Header->SortColumn, 2);
+    EXPECT_EQ(Row(1), second) << "0 3 6 9 1 4 7 2 5 8";
+}
+
+TEST_F(VirtualTreeTest, BoxesFollowEachOther) {
+    SetOptions({toFullRowSelect}, {toCheckSupport});
+    Tree->OnInitNode = [](TBaseVirtualTree* tree, TVirtualNode* parent, TVirtualNode* node,
+                          TVirtualNodeInitStates& states) {
+        tree->CheckType[node] = ctTriStateCheckBox;
+        if (!parent)
+            states << ivsHasChildren << ivsExpanded;
+    };
+    Tree->OnInitChildren = [](TBaseVirtualTree*, TVirtualNode*, unsigned& count) { count = 2; };
+    Tree->RootNodeCount = 1;
+    Tree->Update();
+    ASSERT_EQ(Tree->VisibleCount, 3);
+    std::vector<int> checked;
+    Tree->OnChecked = [&](TBaseVirtualTree*, TVirtualNode* node) { checked.push_back(Tree->RowOf(node)); };
+    Click(1, 0, 4 + 2 * 18 + 6);
+    EXPECT_EQ(Row(1)->CheckState, csCheckedNormal);
+    EXPECT_EQ(Row(0)->CheckState, csMixedNormal);
+    Tree->FocusedNode = Row(2);
+    PressKey(VK_SPACE);
+    EXPECT_EQ(Row(0)->CheckState, csCheckedNormal);
+    Tree->FocusedNode = Row(0);
+    PressKey(VK_SPACE);
+    EXPECT_EQ(Row(2)->CheckState, csUncheckedNormal);
+    EXPECT_EQ(checked, (std::vector<int>{1, 2, 0}));
+    // A press that is let go elsewhere changes nothing.
+    PressMouse(Tree->ClientToScreen(CellPoint(1, 0, 46)));
+    MoveMouse(Tree->ClientToScreen(CellPoint(2, 1)));
+    ReleaseMouse();
+    Application->ProcessMessages();
+    EXPECT_EQ(Row(1)->CheckState, csUncheckedNormal);
+    Tree->OnChecking = [](TBaseVirtualTree*, TVirtualNode*, TCheckState&, bool& allowed) { allowed = false; };
+    PressKey(VK_SPACE);
+    EXPECT_EQ(Row(0)->CheckState, csUncheckedNormal);
+}
+
+TEST_F(VirtualTreeTest, FindsTextsAsTheyAreTypedAndCopiesThem) {
+    Tree->RootNodeCount = 200;
+    SetOptions({toMultiSelect, toFullRowSelect, toExtendedFocus});
+    Tree->IncrementalSearch = isVisibleOnly;
+    Click(0, 0);
+    TypeText(u"15");
+    EXPECT_EQ(FocusedRow(), 15);
+    TypeText(u"7");
+    EXPECT_EQ(FocusedRow(), 157);
+    PressKey(VK_DOWN, {ssShift});
+    PressKey('C', {ssCtrl});
+    EXPECT_EQ(ClipboardText(nullptr).value_or(u""), u"157\trow 157\r\n158\trow 158\r\n");
+}
+
+TEST_F(VirtualTreeTest, ReadsFromTheRight) {
+    Tree->RootNodeCount = 3;
+    Tree->BiDiMode = bdRightToLeft;
+    Application->ProcessMessages();
+    EXPECT_EQ(Tree->GetDisplayRect(Row(0), 0).Right, Tree->ClientWidth);
+    EXPECT_EQ(Tree->GetDisplayRect(Row(0), 1).Right, Tree->ClientWidth - 120);
+    EXPECT_EQ(Tree->HeaderCellRect(1), (TRect{Tree->ClientWidth - 220, -24, Tree->ClientWidth - 120, 0}));
+    EXPECT_EQ(Tree->GetHitTestInfoAt({Tree->ClientWidth - 130, 5}).HitColumn, 1);
+    SetOptions({toFullRowSelect, toExtendedFocus}, {toGridExtensions});
+    Click(0, 0);
+    PressKey(VK_LEFT);
+    EXPECT_EQ(Tree->FocusedColumn, 1) << "the arrow points to it";
+}
+
+TEST_F(VirtualTreeTest, PaintsSelectionLinesAndTexts) {
+    Tree->RootNodeCount = 3;
+    Tree->TreeOptions->PaintOptions = {toShowHorzGridLines, toShowVertGridLines, toHideFocusRect};
+    Tree->TreeOptions->SelectionOptions = {toFullRowSelect};
+    Tree->Colors->GridLineColor = clRed;
+    Tree->Colors->FocusedSelectionColor = clBlue;
+    Tree->Selected[Row(1)] = true;
+    Tree->Update();
+    const auto pixel = [&](int x, int y) { return PixelOf(*Tree, {x, y}); };
+    EXPECT_EQ(pixel(60, kRow - 1), 0x0000FFu) << "line below the row";
+    EXPECT_EQ(pixel(119, 5), 0x0000FFu) << "line behind the column";
+    EXPECT_EQ(pixel(60, kRow + 3), 0xFF0000u) << "selected";
+    EXPECT_EQ(pixel(60, 3), 0xFFFFFFu);
+    EXPECT_EQ(pixel(60, 3 * kRow + 5), 0xFFFFFFu) << "below the rows";
+    Tree->TreeOptions->PaintOptions = {toUseBlendedSelection, toHideFocusRect};
+    Tree->SelectionBlendFactor = 128;
+    Tree->Update();
+    EXPECT_NEAR(static_cast<int>(pixel(60, kRow + 3) & 0xFF), 127, 2) << "half of it shines through";
+    int dark = 0;
+    for (int x = 0; x < 60; ++x)
+        dark += (pixel(x, kRow / 2) & 0xFF) < 128 ? 1 : 0;
+    EXPECT_GT(dark, 0) << "there is a text";
+}
+
+TEST_F(VirtualTreeTest, SurvivesHandlersThatTakeNodesAway) {
+    using TAct = std::function<void()>;
+    const std::vector<std::pair<const char*, std::function<void(TestTree&, TAct)>>> events = {
+        {"init", [](TestTree& t, TAct a) { t.OnInitNode = [a](auto*, auto*, auto*, auto&) { a(); }; }},
+        {"children",
+         [](TestTree& t, TAct a) {
+             t.OnInitChildren = [a](auto*, auto*, unsigned& n) {
+                 n = 2;
+                 a();
+             };
+         }},
+        {"text", [](TestTree& t, TAct a) { t.OnGetText = [a](auto*, auto*, int, auto, auto&) { a(); }; }},
+        {"painttext", [](TestTree& t, TAct a) { t.OnPaintText = [a](auto*, auto*, auto*, int, auto) { a(); }; }},
+        {"before", [](TestTree& t, TAct a) { t.OnBeforeCellPaint = [a](auto*, auto&) { a(); }; }},
+        {"after", [](TestTree& t, TAct a) { t.OnAfterCellPaint = [a](auto*, auto&) { a(); }; }},
+        {"change", [](TestTree& t, TAct a) { t.OnChange = [a](auto*, auto*) { a(); }; }},
+        {"checking", [](TestTree& t, TAct a) { t.OnChecking = [a](auto*, auto*, auto&, bool&) { a(); }; }},
+        {"checked", [](TestTree& t, TAct a) { t.OnChecked = [a](auto*, auto*) { a(); }; }},
+        {"expanding", [](TestTree& t, TAct a) { t.OnExpanding = [a](auto*, auto*, bool&) { a(); }; }},
+        {"expanded", [](TestTree& t, TAct a) { t.OnExpanded = [a](auto*, auto*) { a(); }; }},
+        {"collapsing", [](TestTree& t, TAct a) { t.OnCollapsing = [a](auto*, auto*, bool&) { a(); }; }},
+        {"collapsed", [](TestTree& t, TAct a) { t.OnCollapsed = [a](auto*, auto*) { a(); }; }},
+        {"focusing",
+         [](TestTree& t, TAct a) { t.OnFocusChanging = [a](auto*, auto*, auto*, int, int, bool&) { a(); }; }},
+        {"focused", [](TestTree& t, TAct a) { t.OnFocusChanged = [a](auto*, auto*, int) { a(); }; }},
+        {"free", [](TestTree& t, TAct a) { t.OnFreeNode = [a](auto*, auto*) { a(); }; }},
+        {"compare", [](TestTree& t, TAct a) { t.OnCompareNodes = [a](auto*, auto*, auto*, int, int&) { a(); }; }},
+        {"measure", [](TestTree& t, TAct a) { t.OnMeasureItem = [a](auto*, auto*, auto*, int&) { a(); }; }},
+        {"scroll", [](TestTree& t, TAct a) { t.OnScroll = [a](auto*, int, std::int64_t) { a(); }; }},
+        {"key", [](TestTree& t, TAct a) { t.OnKeyDown = [a](auto*, auto&, auto) { a(); }; }},
+    };
+    enum TDeed { DeleteFirst, DeleteAll, FreeTree };
+    for (const auto& [name, assign] : events) {
+        for (const TDeed deed : {DeleteFirst, DeleteAll, FreeTree}) {
+            SCOPED_TRACE(testing::Message() << name << " deed " << deed);
+            auto* tree = new TestTree(Form.get());
+            tree->Parent = Form.get();
+            tree->SetBounds(10, 150, 200, 90);
+            tree->TreeOptions->MiscOptions = {toCheckSupport, toVariableNodeHeight};
+            TLifeGuard alive(*tree);
+            bool done = false;
+            assign(*tree, [&, deed] {
+                if (!alive || (done && deed == FreeTree))
+                    return;
+                done = true;
+                if (deed == FreeTree)
+                    delete tree;
+                else if (deed == DeleteAll)
+                    tree->Clear();
+                else if (tree->RootNode->FirstChild)
+                    tree->DeleteNode(tree->RootNode->FirstChild);
+            });
+            tree->RootNodeCount = 40;
+            for (TVirtualNode* node = tree->RootNode->FirstChild; node; node = node->NextSibling) {
+                tree->CheckType[node] = ctCheckBox;
+                tree->HasChildren[node] = true;
+            }
+            tree->SetFocus();
+            const auto step = [&](const std::function<void()>& work) {
+                if (alive)
+                    work();
+            };
+            step([&] { tree->Update(); });
+            for (const WORD key : {VK_DOWN, VK_DOWN, VK_SPACE, VK_RIGHT, VK_DOWN, VK_LEFT, VK_LEFT, VK_END})
+                step([&] { PressKey(key); });
+            step([&] { tree->SortTree(0, sdAscending); });
+            step([&] { tree->ContentToText(); });
+            step([&] { tree->ReinitNode(nullptr, true); });
+            step([&] { tree->ValidateNode(nullptr, true); });
+            step([&] { tree->Repaint(); });
+            step([&] {
+                if (tree->RootNode->LastChild)
+                    tree->DeleteNode(tree->RootNode->LastChild);
+            });
+            step([&] { tree->RootNodeCount = 3; });
+            step([&] { delete tree; });
+        }
+    }
+}
+
+TEST_F(VirtualTreeTest, ExtremesStayInOrder) {
+    Tree->Header->Columns->GetColumn(0)->MaxWidth = 40000;
+    Tree->Header->Columns->GetColumn(0)->Width = 40000;
+    EXPECT_EQ(Tree->Header->Columns->GetColumn(0)->Width, 32767);
+    Tree->Header->Columns->GetColumn(1)->MinWidth = 0;
+    Tree->Header->Columns->GetColumn(1)->Width = 0;
+    Tree->RootNodeCount = 10'000'000;
+    Tree->OnGetText = [](TBaseVirtualTree*, TVirtualNode*, TColumnIndex, TVSTTextType, String& text) {
+        text.assign(1 << 20, u'W');
+    };
+    Tree->Update();
+    Tree->OffsetX = -100000;
+    Tree->Update();
+    EXPECT_EQ(Tree->OffsetX, Tree->ClientWidth - 32767);
+    EXPECT_EQ(Tree->GetHitTestInfoAt({Tree->ClientWidth - 1, 1}).HitColumn, 0);
+    Tree->Header->Columns->Clear();
+    Tree->Update();
+    EXPECT_EQ(Tree->Header->MainColumn, 0);
+    EXPECT_EQ(Tree->GetHitTestInfoAt({50, 5}).HitColumn, NoColumn);
+    Tree->RootNodeCount = 0;
+    Tree->Update();
+    EXPECT_LE(Tree->Freed.size(), 200u) << "nodes that never showed are nobody's";
+}
+
+TEST_F(VirtualTreeTest, TellsScreenReadersOfRowsAndColumns) {
+    Tree->RootNodeCount = 50;
+    SetOptions({toMultiSelect, toFullRowSelect}, {toCheckSupport});
+    Tree->Header->Columns->GetColumn(1)->Text = u"Words";
+    Tree->CheckType[Row(3)] = ctCheckBox;
+    Tree->CheckState[Row(3)] = csCheckedNormal;
+    Tree->FocusedNode = Row(3);
+    Tree->Selected[Row(3)] = true;
+    IAccessible* found = nullptr;
+    ASSERT_EQ(AccessibleObjectFromWindow(Tree->Handle, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                         reinterpret_cast<void**>(&found)),
+              S_OK);
+    const auto number = [](long value) {
+        VARIANT child{};
+        child.vt = VT_I4;
+        child.lVal = value;
+        return child;
+    };
+    const auto text = [&](HRESULT (STDMETHODCALLTYPE IAccessible::*ask)(VARIANT, BSTR*), long child) {
+        BSTR answer = nullptr;
+        (found->*ask)(number(child), &answer);
+        const String result = FromWide(answer);
+        SysFreeString(answer);
+        return result;
+    };
+    long count = 0;
+    found->get_accChildCount(&count);
+    EXPECT_EQ(count, 2 + 50);
+    EXPECT_EQ(text(&IAccessible::get_accName, 2), u"Words");
+    EXPECT_EQ(text(&IAccessible::get_accName, 2 + 4), u"3");
+    EXPECT_EQ(text(&IAccessible::get_accDescription, 2 + 4), u"Words: row 3");
+    EXPECT_EQ(text(&IAccessible::get_accDefaultAction, 2 + 4), u"Uncheck");
+    VARIANT state{};
+    found->get_accState(number(2 + 4), &state);
+    constexpr LONG kAll = STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED | STATE_SYSTEM_CHECKED;
+    EXPECT_EQ(state.lVal & kAll, kAll);
+    found->get_accState(number(2 + 50), &state);
+    EXPECT_EQ(state.lVal & (kAll | STATE_SYSTEM_OFFSCREEN), STATE_SYSTEM_OFFSCREEN);
+    found->get_accFocus(&state);
+    EXPECT_EQ(state.lVal, 2 + 4);
+    found->get_accSelection(&state);
+    EXPECT_EQ(state.lVal, 2 + 4);
+    found->get_accRole(number(1), &state);
+    EXPECT_EQ(state.lVal, ROLE_SYSTEM_COLUMNHEADER);
+    const TPoint point = Tree->ClientToScreen(CellPoint(2, 0));
+    found->accHitTest(point.X, point.Y, &state);
+    EXPECT_EQ(state.lVal, 2 + 3);
+    found->accDoDefaultAction(number(2 + 4));
+    EXPECT_EQ(Row(3)->CheckState, csUncheckedNormal);
+    found->accSelect(SELFLAG_TAKESELECTION, number(2 + 1));
+    EXPECT_EQ(SelectedRows(), u"0");
+    found->Release();
+}
+
+TEST(VirtualTree, GivesItsHandlesBack) {
+    const auto form = ShowForm();
+    ExpectSteadyHandles(100, [&] {
+        TestTree tree(form.get());
+        tree.Parent = form.get();
+        tree.Header->Columns->Add();
+        tree.Header->Options = tree.Header->Options + TVTHeaderOptions{hoVisible};
+        tree.RootNodeCount = 5;
+        tree.TreeOptions->PaintOptions = tree.TreeOptions->PaintOptions + TVTPaintOptions{toUseBlendedSelection};
+        tree.Selected[tree.GetFirst()] = true;
+        tree.Update();
+    });
+}
+
+} // namespace
