@@ -10,6 +10,7 @@
 #include "controls/Zormonthcalendar.h"
 #include "controls/Zorrichedit.h"
 #include "controls/Zorscrollbox.h"
+#include "data/Zorvirtualstringtree.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
 #include "lists/Zorcombobox.h"
@@ -38,6 +39,7 @@ void RegisterPackage() {
     Zorscrollbox::Register();
     Zorspinedit::Register();
     Zorspinfloatedit::Register();
+    Zorvirtualstringtree::Register();
 }
 
 } // namespace ZOR

@@ -279,8 +279,9 @@ void TNodeStore::Propagate(TVirtualNode* parent, TNodeSums change) {
     }
 }
 
-TVirtualNode* TNodeStore::Append(TVirtualNode* parent, unsigned count, int height) {
+TVirtualNode* TNodeStore::Append(TVirtualNode* parent, unsigned count, int height, const TFill& fill) {
     TVirtualNode* first = nullptr;
+    unsigned filled = 0;
     if (count == 0)
         return first;
     TNodeFamily& family = FamilyOf(parent);
@@ -298,6 +299,8 @@ TVirtualNode* TNodeStore::Append(TVirtualNode* parent, unsigned count, int heigh
             node->FSlot = static_cast<std::uint16_t>(block.Nodes.size());
             block.Nodes.push_back(node);
             first = first ? first : node;
+            if (fill)
+                fill(node, filled++);
         }
         TNodeSums sums;
         sums.Nodes = sums.Rows = static_cast<std::int32_t>(fit);

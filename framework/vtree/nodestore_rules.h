@@ -109,8 +109,11 @@ public:
     const TNodeSums& Total() const;
 
     // Coming and going
-    /// New nodes behind the last child, `height` pixels each; the first of them, or null for a count of 0.
-    TVirtualNode* Append(TVirtualNode* parent, unsigned count, int height);
+    /// Fills the data of a new node, the n-th of those that come together.
+    using TFill = std::function<void(TVirtualNode* node, unsigned n)>;
+    /// New nodes behind the last child, `height` pixels each; the first of them, or null for a count of 0. `fill` must
+    /// not raise.
+    TVirtualNode* Append(TVirtualNode* parent, unsigned count, int height, const TFill& fill = {});
     /// One new node; an index beyond the last child puts it behind that.
     TVirtualNode* Insert(TVirtualNode* parent, unsigned index, int height);
     /// Takes children with all that is below them out of the tree. References to any of them become null; their memory

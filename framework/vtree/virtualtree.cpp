@@ -274,6 +274,12 @@ void TBaseVirtualTree::SetChildCount(TVirtualNode* node, unsigned value) {
     StructureChanged();
 }
 
+void TBaseVirtualTree::AddChildren(TVirtualNode* parent, unsigned count, const TNodeStore::TFill& fill) {
+    CheckNotSorting();
+    FStore->Append(ParentOf(parent), count, FDefaultNodeHeight, fill);
+    StructureChanged();
+}
+
 TVirtualNode* TBaseVirtualTree::AddChild(TVirtualNode* parent) {
     return InsertChild(parent, UINT_MAX);
 }
@@ -672,6 +678,13 @@ void TBaseVirtualTree::SortFamily(TVirtualNode* parent, TColumnIndex column, TSo
     store->Sort(parent, [&](TVirtualNode* left, TVirtualNode* right) {
         return alive && sign * DoCompare(left, right, column) < 0;
     });
+}
+
+void TBaseVirtualTree::SortByKey(TVirtualNode* parent, const TNodeStore::TKey& key) {
+    if (FSorting > 0)
+        return;
+    FStore->SortByKey(ParentOf(parent), key);
+    StructureChanged();
 }
 
 void TBaseVirtualTree::Sort(TVirtualNode* node, TColumnIndex column, TSortDirection direction, bool doInit) {

@@ -476,6 +476,11 @@ protected:
     bool HasSelection(TVTSelectionOption option) const { return FOptions->GetSelectionOptions().Contains(option); }
     bool HasAuto(TVTAutoOption option) const { return FOptions->GetAutoOptions().Contains(option); }
     TNodeStore& Nodes() const { return *FStore; }
+    /// New nodes behind the last child of `parent` (null for the root), whose data `fill` knows already.
+    void AddChildren(TVirtualNode* parent, unsigned count, const TNodeStore::TFill& fill);
+    /// Orders the children of `parent` by a number that each has, the least first; equal ones keep their order. Nobody
+    /// is asked, so this is for descendants that know the order.
+    void SortByKey(TVirtualNode* parent, const TNodeStore::TKey& key);
     /// Sets a state without asking or telling anybody, and repaints the node.
     void PutCheckState(TVirtualNode* node, TCheckState state);
     bool IsUpdating() const { return FUpdateCount > 0; }

@@ -1,0 +1,402 @@
+#include "data/Zorvirtualstringtree.h"
+
+#include "foundation/Zorpackage.h"
+
+#include <algorithm>
+
+namespace ZOR {
+
+namespace {
+
+constexpr int kCheckColumn = 0;
+constexpr int kTextColumn = 1;
+constexpr int kCheckColumnWidth = 37; // pixels
+constexpr int kCheckListIndent = 10;
+constexpr int kCheckListRow = 16;
+constexpr int kCheckListHeader = 20;
+constexpr int kSearchEditGap = 2; // pixels below the header, and between the edit and the rows
+
+/// The system's sort key of a text in the user's language, letter case aside.
+std::string UserSortKey(StringView text) {
+    if (text.empty())
+        return {};
+    constexpr DWORD kHow = LCMAP_SORTKEY | NORM_IGNORECASE | LINGUISTIC_IGNORECASE;
+    std::string key(text.size() * 4 + 16, '\0');
+    const auto map = [&] {
+        return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kHow, WideData(text), static_cast<int>(text.size()),
+                             reinterpret_cast<wchar_t*>(key.data()), static_cast<int>(key.size()), nullptr, nullptr, 0);
+    };
+    int size = map();
+    if (size == 0 && GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
+        size = LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kHow, WideData(text), static_cast<int>(text.size()), nullptr, 0,
+                             nullptr, nullptr, 0);
+        key.resize(static_cast<std::size_t>(size));
+        size = map();
+    }
+    key.resize(static_cast<std::size_t>(std::max(size - 1, 0))); // without the zero at its end
+    return key;
+}
+
+} // namespace
+
+const TClassInfo& TZORVirtualStringTree::StaticClass() {
+    namespace row = framedrows;
+    using Self = TZORVirtualStringTree;
+    static const TClassInfo info = DescribeClass<Self>(
+        u"TZORVirtualStringTree", TVirtualStringTree::StaticClass(),
+        {row::Wymagany<Self>(),
+         Property<&Self::GetCheckListBoxStyle, &Self::SetCheckListBoxStyle>(u"CheckBoxStyle", false),
+         Property<&Self::GetSearchEditVisible, &Self::SetSearchEditVisible>(u"SearchEditVisible", false),
+         Property<&Self::GetHeaderText, &Self::setHeaderText>(u"HeaderText"), row::BorderColors<Self>()});
+    return info;
+}
+
+TZORVirtualStringTree::TZORVirtualStringTree(TComponent* owner)
+    : TZORFramed(owner), FItems(&UserSortKey), FSearchEdit(new TEdit(this)) {
+    FSearchEdit->SetVisible(false);
+    FSearchEdit->OnChange = [this](TObject* sender) { SearchEditChange(sender); };
+    FSearchEdit->OnKeyDown = [this](TObject*, WORD& key, TShiftState) { SearchEditKeyDown(key); };
+}
+
+TZORVirtualStringTree::~TZORVirtualStringTree() {
+    Destroying();
+    DestroyHandle(); // while the items are there: a dying window may still be painted
+}
+
+// Check-list mode
+
+void TZORVirtualStringTree::SetCheckListBoxStyle(bool value) {
+    FCheckBoxStyle = value;
+    if (value)
+        SetUpCheckList();
+}
+
+void TZORVirtualStringTree::SetUpCheckList() {
+    TVirtualTreeOptions& options = *GetTreeOptions();
+    options.SetPaintOptions(options.GetPaintOptions() - TVTPaintOptions{toShowTreeLines} +
+                            TVTPaintOptions{toUseBlendedSelection});
+    options.SetMiscOptions(options.GetMiscOptions() + TVTMiscOptions{toCheckSupport});
+    options.SetSelectionOptions(options.GetSelectionOptions() + TVTSelectionOptions{toFullRowSelect});
+    SetIndent(kCheckListIndent);
+    SetDefaultNodeHeight(kCheckListRow);
+    SetUpColumns();
+    // Only now: the order of what there was before is nobody's concern.
+    options.SetAutoOptions(options.GetAutoOptions() + TVTAutoOptions{toAutoSort});
+    SetCheckListBox();
+}
+
+void TZORVirtualStringTree::SetUpColumns() {
+    TVTHeader& header = *GetHeader();
+    header.SetOptions(header.GetOptions() + TVTHeaderOptions{hoVisible, hoShowImages, hoHeaderClickAutoSort,
+                                                             hoAutoResize, hoShowHint, hoShowSortGlyphs});
+    TVirtualTreeColumns& columns = *header.GetColumns();
+    columns.Clear();
+    TVirtualTreeColumn& box = *columns.Add();
+    box.SetMinWidth(kCheckColumnWidth);
+    box.SetMaxWidth(kCheckColumnWidth);
+    box.SetWidth(kCheckColumnWidth);
+    box.SetCheckType(ctTriStateCheckBox);
+    box.SetCheckBox(true);
+    columns.Add();
+    header.SetMainColumn(kCheckColumn);
+    header.SetAutoSizeIndex(kTextColumn);
+    header.SetSort(kTextColumn, sdAscending);
+    header.SetDefaultHeight(kCheckListHeader);
+    UstawLabel();
+}
+
+std::size_t TZORVirtualStringTree::ItemOf(TVirtualNode* node) const {
+    if (GetNodeDataSize() < static_cast<int>(sizeof(TNodeItem)))
+        return FItems.Count();
+    return std::min<std::size_t>(GetNodeData<TNodeItem>(node)->Index, FItems.Count());
+}
+
+TCheckListOrder TZORVirtualStringTree::OrderBy(TColumnIndex column, TSortDirection direction) const {
+    if (column == NoColumn)
+        return TCheckListOrder::AsAdded;
+    const bool down = direction == sdDescending;
+    if (column == kCheckColumn)
+        return down ? TCheckListOrder::ByCheckDescending : TCheckListOrder::ByCheck;
+    return down ? TCheckListOrder::ByTextDescending : TCheckListOrder::ByText;
+}
+
+void TZORVirtualStringTree::SetCheckListBox() {
+    if (!FCheckBoxStyle)
+        return;
+    std::vector<std::uint32_t> selected;
+    for (TVirtualNode* node = GetFirstSelected(); node; node = GetNextSelected(node))
+        selected.push_back(static_cast<std::uint32_t>(ItemOf(node)));
+    const std::size_t focused = GetFocusedNode() ? ItemOf(GetFocusedNode()) : FItems.Count();
+    TLifeGuard alive(*this);
+    SetNodeDataSize(sizeof(TNodeItem));
+    if (alive)
+        Clear();
+    if (!alive)
+        return;
+    const bool sorted = HasAuto(toAutoSort);
+    const std::vector<std::uint32_t> shown =
+        FItems.Shown(OrderBy(sorted ? GetHeader()->GetSortColumn() : NoColumn, GetHeader()->GetSortDirection()));
+    AddChildren(nullptr, static_cast<unsigned>(shown.size()),
+                [&](TVirtualNode* node, unsigned n) { GetNodeData<TNodeItem>(node)->Index = shown[n]; });
+    RestoreSelection(selected, focused, shown);
+}
+
+/// Items keep their selection and the focus as long as they show, whatever place they have now.
+void TZORVirtualStringTree::RestoreSelection(const std::vector<std::uint32_t>& selected, std::size_t focused,
+                                             const std::vector<std::uint32_t>& shown) {
+    if (selected.empty() && focused == FItems.Count())
+        return;
+    std::vector<bool> wanted(FItems.Count() + 1);
+    for (const std::uint32_t index : selected)
+        wanted[index] = true;
+    wanted.back() = false; // items that have gone
+    TVirtualNode* focus = nullptr;
+    TVirtualNode* node = GetRootNode()->GetFirstChild();
+    for (const std::uint32_t index : shown) {
+        if (wanted[index])
+            Nodes().SetState(node, vsSelected, true);
+        if (index == focused)
+            focus = node;
+        node = node->GetNextSibling();
+    }
+    if (focus)
+        SetFocusedNode(focus);
+}
+
+void TZORVirtualStringTree::SortTree(TColumnIndex column, TSortDirection direction, bool doInit) {
+    if (!FCheckBoxStyle) {
+        TZORFramed::SortTree(column, direction, doInit);
+        return;
+    }
+    const TCheckListOrder order = OrderBy(column, direction);
+    SortByKey(nullptr, [&](TVirtualNode* node) {
+        const std::size_t item = ItemOf(node);
+        return item < FItems.Count() ? FItems.OrderKey(item, order) : UINT64_MAX;
+    });
+}
+
+// The phrase
+
+void TZORVirtualStringTree::SetFraza(const String& phrase) {
+    if (!FItems.SetPhrase(phrase))
+        return;
+    TLifeGuard alive(*this);
+    SetCheckListBox();
+    if (alive)
+        UstawLabel();
+    if (!alive || !FCheckBoxStyle || (GetHeader()->GetSortColumn() == kTextColumn && HasAuto(toAutoSort)))
+        return; // in order already, in the direction that the header shows
+    if (HasAuto(toAutoSort))
+        GetHeader()->SetSort(kTextColumn, sdAscending); // which sorts, and moves the mark with it
+    else
+        SortTree(kTextColumn, sdAscending);
+}
+
+void TZORVirtualStringTree::SearchEditChange(TObject*) {
+    if (FSearchEdit)
+        SetFraza(FSearchEdit->GetText());
+}
+
+/// From the typed phrase straight to what it found.
+void TZORVirtualStringTree::SearchEditKeyDown(WORD& key) {
+    if (key != VK_DOWN || !CanFocus())
+        return;
+    key = 0;
+    TLifeGuard alive(*this);
+    SetFocus();
+    if (alive && !GetFocusedNode()) {
+        if (TVirtualNode* first = GetFirstVisible(); first && alive)
+            SetFocusedNode(first);
+    }
+}
+
+void TZORVirtualStringTree::SetSearchEditVisible(bool value) {
+    if (FSearchEditVisible == value)
+        return;
+    FSearchEditVisible = value;
+    FSearchEditHeight = value && FSearchEdit ? FSearchEdit->GetHeight() + kSearchEditGap : 0;
+    FrameChanged();
+    SetPositionAdditionalComponents();
+    if (FSearchEdit)
+        FSearchEdit->SetVisible(value && GetVisible());
+}
+
+void TZORVirtualStringTree::SetPositionAdditionalComponents() {
+    if (!FSearchEdit)
+        return;
+    const int header = GetHeader()->IsVisible() ? GetHeader()->GetHeight() : 0;
+    FSearchEdit->SetBounds(GetLeft() + 1, GetTop() + header + kSearchEditGap, GetWidth() - 2, FSearchEdit->GetHeight());
+    if (FSearchEditVisible)
+        FSearchEdit->BringToFront(); // it lies over the room that the tree leaves
+}
+
+void TZORVirtualStringTree::SetParent(TWinControl* value) {
+    TLifeGuard alive(*this);
+    TZORFramed::SetParent(value);
+    if (!alive || !FSearchEdit)
+        return;
+    FSearchEdit->SetParent(value);
+    if (alive)
+        SetPositionAdditionalComponents();
+}
+
+void TZORVirtualStringTree::SetBounds(int left, int top, int width, int height) {
+    TLifeGuard alive(*this);
+    TZORFramed::SetBounds(left, top, width, height);
+    if (alive)
+        SetPositionAdditionalComponents();
+}
+
+void TZORVirtualStringTree::SetEnabled(bool value) {
+    TLifeGuard alive(*this);
+    TZORFramed::SetEnabled(value);
+    if (alive && FSearchEdit)
+        FSearchEdit->SetEnabled(value);
+}
+
+void TZORVirtualStringTree::CMVisibleChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TZORFramed::CMVisibleChanged(message);
+    if (alive && FSearchEdit)
+        FSearchEdit->SetVisible(FSearchEditVisible && GetVisible());
+}
+
+void TZORVirtualStringTree::ChangeScale(int m, int d) {
+    TLifeGuard alive(*this);
+    if (FSearchEdit)
+        FSearchEdit->ChangeScale(m, d);
+    TZORFramed::ChangeScale(m, d);
+    if (!alive || !FSearchEditVisible)
+        return;
+    FSearchEditHeight = FSearchEdit->GetHeight() + kSearchEditGap;
+    FrameChanged();
+    SetPositionAdditionalComponents();
+}
+
+void TZORVirtualStringTree::HeaderChanged(TVTHeader& header, bool places) {
+    TZORFramed::HeaderChanged(header, places);
+    if (&header == GetHeader() && FSearchEditVisible)
+        SetPositionAdditionalComponents();
+}
+
+void TZORVirtualStringTree::Notification(TComponent* component, TOperation operation) {
+    TZORFramed::Notification(component, operation);
+    if (operation == opRemove && component == FSearchEdit)
+        FSearchEdit = nullptr;
+}
+
+// The caption and the boxes
+
+void TZORVirtualStringTree::SetInfoLabelVisible(bool value) {
+    if (FInfoLabelVisible == value)
+        return;
+    FInfoLabelVisible = value;
+    UstawLabel();
+}
+
+void TZORVirtualStringTree::setHeaderText(const String& value) {
+    FHeaderText = value;
+    UstawLabel();
+}
+
+void TZORVirtualStringTree::UstawLabel() {
+    TVirtualTreeColumns& columns = *GetHeader()->GetColumns();
+    if (FCheckBoxStyle && columns.IsValidColumn(kCheckColumn))
+        columns.GetColumn(kCheckColumn)->SetCheckState(FItems.HeaderState());
+    if (columns.IsValidColumn(kTextColumn))
+        columns.GetColumn(kTextColumn)->SetText(FItems.Caption(FHeaderText, FInfoLabelVisible));
+}
+
+void TZORVirtualStringTree::CheckListBox_SetChecked(TCheckState state) {
+    if (!FCheckBoxStyle)
+        return;
+    const std::vector<std::uint32_t> changed = FItems.SetVisibleStates(state);
+    // Nodes that have not been asked for take the state from their items when they are.
+    for (TVirtualNode* node = Nodes().First(TNodeMeasure::Initialized); node;
+         node = Nodes().Next(node, TNodeMeasure::Initialized))
+        PutCheckState(node, state);
+    TLifeGuard alive(*this);
+    TellChecked(changed);
+    if (alive)
+        DoChange(nullptr);
+    if (alive)
+        UstawLabel();
+}
+
+/// OnChecked for each node whose item changed, or during a click on the header's box once for all of them.
+void TZORVirtualStringTree::TellChecked(const std::vector<std::uint32_t>& changed) {
+    if (!OnChecked)
+        return;
+    TLifeGuard alive(*this);
+    if (FHeaderClicked) {
+        if (TVirtualNode* first = GetFirst(); first && alive)
+            TZORFramed::DoChecked(first);
+        return;
+    }
+    std::vector<bool> wanted(FItems.Count() + 1);
+    for (const std::uint32_t index : changed)
+        wanted[index] = true;
+    TNodeRef node(Nodes(), GetFirst());
+    while (alive && node) {
+        if (const std::size_t item = ItemOf(node.Get()); item < wanted.size() && wanted[item])
+            TZORFramed::DoChecked(node.Get());
+        if (alive && node)
+            node.Set(GetNextSibling(node.Get()));
+    }
+}
+
+void TZORVirtualStringTree::DoInitNode(TVirtualNode* parent, TVirtualNode* node,
+                                       TVirtualNodeInitStates& initialStates) {
+    if (const std::size_t item = ItemOf(node); FCheckBoxStyle && item < FItems.Count())
+        TNodeStore::SetCheck(node, ctCheckBox, FItems.Item(item).state);
+    TZORFramed::DoInitNode(parent, node, initialStates);
+}
+
+void TZORVirtualStringTree::DoGetText(TVirtualNode* node, TColumnIndex column, TVSTTextType textType, String& text) {
+    if (FCheckBoxStyle) {
+        const std::size_t item = ItemOf(node);
+        text = column == kCheckColumn || item == FItems.Count() ? String() : FItems.Item(item).text;
+    }
+    TZORFramed::DoGetText(node, column, textType, text);
+}
+
+void TZORVirtualStringTree::DoChecked(TVirtualNode* node) {
+    if (FCheckBoxStyle) {
+        TLifeGuard alive(*this);
+        const TNodeRef still(Nodes(), node);
+        if (const std::size_t item = ItemOf(node); item < FItems.Count())
+            FItems.SetState(item, node->GetCheckState());
+        SetFocusedNode(node);
+        if (alive)
+            UstawLabel();
+        if (!alive || !still)
+            return;
+    }
+    TZORFramed::DoChecked(node);
+}
+
+int TZORVirtualStringTree::DoCompare(TVirtualNode* node1, TVirtualNode* node2, TColumnIndex column) {
+    const std::size_t first = ItemOf(node1);
+    const std::size_t second = ItemOf(node2);
+    if (!FCheckBoxStyle || first == FItems.Count() || second == FItems.Count())
+        return TZORFramed::DoCompare(node1, node2, column);
+    return FItems.Compare(first, second, column == kCheckColumn);
+}
+
+void TZORVirtualStringTree::DoHeaderClick(const TVTHeaderHitInfo& hitInfo) {
+    TLifeGuard alive(*this);
+    if (FCheckBoxStyle && hitInfo.Column == kCheckColumn && hitInfo.HitPosition.Contains(hhiOnCheckbox)) {
+        FHeaderClicked = true;
+        const TAtScopeEnd clicked(*this, [this] { FHeaderClicked = false; });
+        CheckListBox_SetChecked(GetHeader()->GetColumns()->GetColumn(kCheckColumn)->GetCheckState());
+    }
+    if (alive)
+        TZORFramed::DoHeaderClick(hitInfo);
+}
+
+void Zorvirtualstringtree::Register() {
+    RegisterVirtualTrees();
+    RegisterComponents(PalettePage, {&TZORVirtualStringTree::StaticClass()});
+}
+
+} // namespace ZOR

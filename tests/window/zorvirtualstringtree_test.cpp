@@ -1,0 +1,170 @@
+// The check-list tree: phrase, boxes, header, caption and search edit by real input, and what it costs in handles.
+
+#include "data/Zorvirtualstringtree.h"
+#include "framework/system/numbers.h"
+#include "framework/windows/application.h"
+#include "tests/support/handlecount.h"
+#include "tests/support/input.h"
+
+#include <gtest/gtest.h>
+
+using namespace ZOR;
+using namespace testsupport;
+
+namespace {
+
+constexpr const char16_t* kCities[] = {u"Warszawa", u"Krak\u00F3w", u"Radom",  u"Gda\u0144sk",
+                                       u"gdynia",   u"Kramsk",      u"Lublin", u"Legnica"};
+
+class CheckListTest : public testing::Test {
+protected:
+    void SetUp() override {
+        Form = ShowForm();
+        Tree = new TZORVirtualStringTree(Form.get());
+        Tree->SetBounds(10, 10, 250, 200);
+        Tree->Parent = Form.get();
+        for (const char16_t* city : kCities)
+            Tree->AddToDeque(static_cast<int>(Tree->GetDequeCount()) + 1, city);
+        Tree->HeaderText = u"Cities";
+        Tree->SetInfoLabelVisible(true);
+        Tree->CheckBoxStyle = true;
+        Application->ProcessMessages();
+        Tree->Update();
+    }
+    std::vector<String> Rows() {
+        std::vector<String> rows;
+        for (TVirtualNode* node = Tree->GetFirst(); node; node = Tree->GetNext(node))
+            rows.push_back(Tree->NodeText(node, 1));
+        return rows;
+    }
+    TVirtualTreeColumn& Column(int index) { return *Tree->Header->Columns->GetColumn(index); }
+    void ClickBox(int row) {
+        const TRect cell = Tree->GetDisplayRect(Tree->NodeOfRow(row), 0);
+        ClickOn(*Tree, {cell.Left + Tree->CheckBoxLeft() + 6, (cell.Top + cell.Bottom) / 2});
+        Application->ProcessMessages();
+    }
+    void ClickHeader(int column, bool box) {
+        const TRect cell = Tree->HeaderCellRect(column);
+        const TPoint point =
+            box ? TPoint{Tree->CheckBoxLeft() + 6, cell.Top + 10} : TPoint{cell.Left + 60, cell.Top + 10};
+        PressMouse(Tree->ClientToScreen(point));
+        ReleaseMouse();
+        Application->ProcessMessages();
+    }
+    /// The check states of the items in the order in which they were added.
+    String States() {
+        String states;
+        for (std::size_t i = 0; i < Tree->GetDequeCount(); ++i)
+            states += Tree->GetDequeItem(i).IsChecked() ? u'x' : u'-';
+        return states;
+    }
+
+    std::unique_ptr<TForm> Form;
+    TZORVirtualStringTree* Tree = nullptr;
+};
+
+TEST_F(CheckListTest, ChecksByBoxSpaceAndHeader) {
+    EXPECT_EQ(Rows(), (std::vector<String>{u"Gda\u0144sk", u"gdynia", u"Krak\u00F3w", u"Kramsk", u"Legnica", u"Lublin",
+                                           u"Radom", u"Warszawa"}));
+    EXPECT_EQ(Column(1).Text, u"Cities: 0/8");
+    std::vector<String> told;
+    Tree->OnChecked = [&](TBaseVirtualTree*, TVirtualNode* node) { told.push_back(Tree->NodeText(node, 1)); };
+    ClickBox(1);
+    EXPECT_EQ(States(), u"----x---");
+    EXPECT_EQ(Tree->FocusedNode, Tree->NodeOfRow(1));
+    EXPECT_EQ(Column(0).CheckState, csMixedNormal);
+    PressKey(VK_DOWN);
+    PressKey(VK_SPACE);
+    EXPECT_EQ(States(), u"-x--x---");
+    EXPECT_EQ(Column(1).Text, u"Cities: 2/8");
+    EXPECT_EQ(told, (std::vector<String>{u"gdynia", u"Krak\u00F3w"}));
+    told.clear();
+    ClickHeader(0, true);
+    EXPECT_EQ(States(), u"xxxxxxxx");
+    EXPECT_EQ(Column(0).CheckState, csCheckedNormal);
+    EXPECT_EQ(told.size(), 1u) << "one event for all";
+    told.clear();
+    Tree->CheckListBox_SetChecked(csUncheckedNormal);
+    EXPECT_EQ(told.size(), 8u) << "the program's change is told of node by node";
+    EXPECT_EQ(Tree->GetCheckListBox_CheckedCount(), 0);
+}
+
+TEST_F(CheckListTest, TypedPhrasesHideWhatDoesNotMatch) {
+    ClickBox(7); // Warszawa
+    Tree->SearchEditVisible = true;
+    Application->ProcessMessages();
+    EXPECT_EQ(Tree->SearchEdit->Top, 10 + 20 + 2);
+    EXPECT_EQ(Tree->SearchEdit->Left, 11);
+    EXPECT_EQ(Tree->SearchEdit->Width, 248);
+    EXPECT_GE(Tree->ClientToScreen({0, 0}).Y, Tree->SearchEdit->ClientToScreen({0, Tree->SearchEdit->ClientHeight}).Y)
+        << "the rows begin below the edit";
+    ClickOn(*Tree->SearchEdit);
+    TypeText(u"KRA");
+    ASSERT_TRUE(WaitFor([&] { return Tree->GetFraza() == u"KRA"; }));
+    EXPECT_EQ(Rows(), (std::vector<String>{u"Krak\u00F3w", u"Kramsk"}));
+    EXPECT_EQ(Column(0).CheckState, csUncheckedNormal) << "the checked one is hidden";
+    EXPECT_EQ(Column(1).Text, u"Cities: 1/8");
+    ClickHeader(0, true);
+    EXPECT_EQ(States(), u"xx---x--");
+    EXPECT_EQ(Tree->GetCheckListBox_FrazaCheckedCount(), 2);
+    EXPECT_EQ(Tree->GetCheckListBox_FrazaVisibleCount(), 2);
+    EXPECT_EQ(Tree->GetCheckListBox_CheckedCount(), 3);
+    PressKey(VK_DOWN);
+    Tree->SearchEdit->Text = u"";
+    EXPECT_EQ(Rows().size(), 8u);
+    EXPECT_EQ(States(), u"xx---x--");
+    EXPECT_EQ(Tree->GetFirstChecked() ? Tree->NodeText(Tree->GetFirstChecked(), 1) : String(), u"Krak\u00F3w");
+    Tree->SearchEditVisible = false;
+    EXPECT_FALSE(Tree->SearchEdit->Visible);
+}
+
+TEST_F(CheckListTest, SortsByTextAndByBoxAndKeepsTheSelection) {
+    ClickBox(4); // Legnica
+    const auto focused = [&] { return Tree->FocusedNode ? Tree->NodeText(Tree->FocusedNode, 1) : String(); };
+    ClickHeader(1, false);
+    EXPECT_EQ(Rows().front(), u"Warszawa");
+    EXPECT_EQ(focused(), u"Legnica");
+    Tree->Header->SortColumn = 0;
+    Tree->Header->SortDirection = sdAscending;
+    EXPECT_EQ(Rows().back(), u"Legnica") << "checked ones come last";
+    Tree->Selected[Tree->FocusedNode] = true;
+    Tree->SetFraza(u"l");
+    EXPECT_EQ(Tree->Header->SortColumn, 1);
+    EXPECT_EQ(Rows(), (std::vector<String>{u"Legnica", u"Lublin"}));
+    EXPECT_EQ(focused(), u"Legnica");
+    EXPECT_EQ(Tree->GetFirstSelected(), Tree->FocusedNode);
+    Tree->ClearDeque();
+    Tree->SetCheckListBox();
+    EXPECT_EQ(Rows().size(), 0u);
+    EXPECT_EQ(Tree->FocusedNode, nullptr);
+}
+
+TEST_F(CheckListTest, FramesItsStateAndServesAsPlainTree) {
+    Tree->Wymagany = wRequired;
+    Application->ProcessMessages();
+    const auto corner = [&] {
+        const TWindowDC dc(Tree->Handle, TWindowDC::Whole);
+        return GetPixel(dc, 0, 50);
+    };
+    EXPECT_EQ(corner(), 0xDD9746u);
+    Tree->Enabled = false;
+    EXPECT_FALSE(Tree->SearchEdit->Enabled);
+    EXPECT_EQ(Tree->Wymagany, wNone);
+    Tree->Enabled = true;
+    EXPECT_EQ(corner(), 0xDD9746u);
+    Tree->CheckBoxStyle = false;
+    EXPECT_EQ(Tree->GetCheckListBox_CheckedCount(), 0);
+    Tree->RootNodeCount = 3;
+    EXPECT_EQ(Tree->NodeText(Tree->GetFirst(), 1), u"Node");
+    ExpectSteadyHandles(100, [&] {
+        TZORVirtualStringTree tree(Form.get());
+        tree.Parent = Form.get();
+        tree.AddToDeque(1, u"one");
+        tree.CheckBoxStyle = true;
+        tree.SearchEditVisible = true;
+        tree.Wymagany = wError;
+        tree.Update();
+    });
+}
+
+} // namespace
