@@ -38,7 +38,7 @@ std::size_t FindPart(StringView text, StringView part, std::size_t from) {
         auto hits = static_cast<unsigned>(_mm_movemask_epi8(_mm_and_si128(starts, ends)));
         while (hits != 0) {
             const auto lane = static_cast<std::size_t>(std::countr_zero(hits)) / 2;
-            if (std::memcmp(at + lane, part.data(), part.size() * sizeof(char16_t)) == 0)
+            if (behind < 2 || std::memcmp(at + lane, part.data(), part.size() * sizeof(char16_t)) == 0)
                 return place + lane;
             hits &= ~(3u << (lane * 2));
         }

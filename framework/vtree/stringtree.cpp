@@ -101,8 +101,9 @@ const TClassInfo& TVirtualStringTree::StaticClass() {
     using S = TCustomVirtualStringTree;
     static const TClassInfo info = DescribeClass<TVirtualStringTree>(
         u"TVirtualStringTree", S::StaticClass(),
-        {treerows::Properties(), Property<&S::GetDefaultText, &S::SetDefaultText>(u"DefaultText"), treerows::Events(),
-         Event<&S::OnGetText>(u"OnGetText"), Event<&S::OnPaintText>(u"OnPaintText")});
+        {treerows::Properties(),
+         Property<&S::GetDefaultText, &S::SetDefaultText>(u"DefaultText").StoredWhen<&S::DefaultTextStored>(),
+         treerows::Events(), Event<&S::OnGetText>(u"OnGetText"), Event<&S::OnPaintText>(u"OnPaintText")});
     return info;
 }
 
@@ -152,15 +153,19 @@ void TCustomVirtualStringTree::DoPaintNode(TVTPaintInfo& info) {
     DoGetText(info.Node, info.Column, ttNormal, text);
     if (!alive || !still || text.empty())
         return;
-    if (OnPaintText) {
+    TColor color = TextColor(info);
+    HDC dc = info.DC;
+    if (OnPaintText || HandlersPaint()) {
         info.Canvas->SetFont(GetFont());
-        info.Canvas->GetFont()->SetColor(TextColor(info));
-        DoPaintText(info.Node, *info.Canvas, info.Column, ttNormal);
+        info.Canvas->GetFont()->SetColor(color);
+        if (OnPaintText)
+            DoPaintText(info.Node, *info.Canvas, info.Column, ttNormal);
         if (!alive || !still)
             return;
+        color = info.Canvas->GetFont()->GetColor();
+        dc = info.Canvas->GetHandle();
     }
-    const HDC dc = info.Canvas->GetHandle();
-    SetTextColor(dc, ColorToRGB(OnPaintText ? info.Canvas->GetFont()->GetColor() : TextColor(info)));
+    SetTextColor(dc, ColorToRGB(color));
     SetBkMode(dc, TRANSPARENT);
     DrawCellText(dc, text, info);
 }
@@ -190,7 +195,9 @@ void TCustomVirtualStringTree::DrawCellText(HDC dc, const String& text, const TV
     else if (info.Alignment == taCenter)
         left = (room.left + room.right - size.cx) / 2;
     const int top = (room.top + room.bottom - size.cy) / 2;
-    const UINT flags = ETO_CLIPPED | (UseRightToLeftReading() ? ETO_RTLREADING : 0u);
+    // What fits needs no clipping, which costs as much as the text itself.
+    UINT flags = size.cy > room.bottom - room.top ? ETO_CLIPPED : 0u;
+    flags |= UseRightToLeftReading() ? ETO_RTLREADING : 0u;
     ExtTextOutW(dc, left, top, flags, &room, WideChars(text), static_cast<UINT>(length), nullptr);
 }
 

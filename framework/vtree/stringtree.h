@@ -32,6 +32,7 @@ public:
     /// What OnGetText finds in the text, and what shows without it.
     const String& GetDefaultText() const { return FDefaultText; }
     void SetDefaultText(const String& value);
+    bool DefaultTextStored() const { return FDefaultText != kDefaultText; }
     String GetCellText(TVirtualNode* node, TColumnIndex column) { return NodeText(node, column); }
     String NodeText(TVirtualNode* node, TColumnIndex column) override;
 
@@ -45,7 +46,9 @@ private:
     TColor TextColor(const TVTPaintInfo& info) const;
     void DrawCellText(HDC dc, const String& text, const TVTPaintInfo& info);
 
-    String FDefaultText = u"Node";
+    static constexpr StringView kDefaultText = u"Node";
+
+    String FDefaultText{kDefaultText};
 };
 
 class TVirtualStringTree : public TCustomVirtualStringTree {

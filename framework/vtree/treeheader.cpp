@@ -301,7 +301,7 @@ TRect TVTHeader::CheckBoxRect(TColumnIndex index, const TRect& place) const {
 void TVTHeader::PaintCaption(HDC dc, const TRect& cell, const TVirtualTreeColumn& column, bool pressed) const {
     const bool mirrored = FTree->UseRightToLeftAlignment();
     const bool enabled = FTree->GetEnabled() && column.FOptions.Contains(coEnabled);
-    TRect text = cell.Inflated(-column.FMargin, 0);
+    TRect text = cell.Inflated(-column.FMargin - FTree->GetTextMargin(), 0); // above the texts of the rows
     if (pressed && !FTree->IsThemed())
         text = text.Offset(1, 1);
     if (const TRect box = CheckBoxRect(column.GetIndex(), cell); !box.IsEmpty()) {

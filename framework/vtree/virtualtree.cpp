@@ -205,6 +205,7 @@ void TBaseVirtualTree::SetNodeDataSize(int value) {
 }
 
 void TBaseVirtualTree::OptionsChanged() {
+    FBoxSize = {};
     Invalidate();
     InvalidateHeader();
 }

@@ -20,6 +20,7 @@ struct THintInfo;
 
 struct TVTPaintInfo {
     TCanvas* Canvas = nullptr;
+    HDC DC = nullptr; ///< the canvas's context with the tree's font, as long as no handler uses the canvas
     TVirtualNode* Node = nullptr;
     TColumnIndex Column = NoColumn;
     int Position = 0;  ///< of the column
@@ -469,6 +470,7 @@ protected:
     void MouseUp(TMouseButton button, TShiftState shift, int x, int y) override;
     bool DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) override;
     void CMFontChanged(TMessage& message) override;
+    void CMEnabledChanged(TMessage& message) override;
     void CMMouseLeave(TMessage& message) override;
 
     bool HasPaint(TVTPaintOption option) const { return FOptions->GetPaintOptions().Contains(option); }
@@ -484,6 +486,8 @@ protected:
     /// Sets a state without asking or telling anybody, and repaints the node.
     void PutCheckState(TVirtualNode* node, TCheckState state);
     bool IsUpdating() const { return FUpdateCount > 0; }
+    /// Whether handlers paint into cells with the canvas, and may leave it in any state.
+    bool HandlersPaint() const { return OnBeforeCellPaint || OnAfterCellPaint; }
     /// Whether the pointer lies on the node's row.
     bool IsHot(const TVirtualNode* node) const { return node == FHotNode.Get(); }
     /// Nodes came, went or changed their places.
@@ -571,7 +575,7 @@ private:
     void PaintCellBackground(TRowPainting& painting, const TVTPaintInfo& info);
     void PaintTreeParts(TRowPainting& painting, const TVTPaintInfo& info, const TCellLayout& layout);
     void PaintTreeLines(TRowPainting& painting, TVirtualNode* node, const TRect& cell);
-    void PaintGridLines(TRowPainting& painting, const TRect& cell, TColumnIndex column);
+    void PaintGridLines(TRowPainting& painting, int bottom);
     void PaintBelowRows(TRowPainting& painting, int bottom);
     void PaintFocus(TRowPainting& painting, const TRect& row, TVirtualNode* node);
     TColor SelectionColor() const;
@@ -624,6 +628,7 @@ private:
     TVTHintMode FHintMode = hmDefault;
     TVTIncrementalSearch FIncrementalSearch = isNone;
     bool FTrackingLeave = false;
+    mutable TSize FBoxSize; // of check boxes; empty until it is asked for
 };
 
 /// The rows that every virtual tree publishes.

@@ -121,6 +121,11 @@ void TBaseVirtualTree::Dispatch(TMessage& message) {
         }
         return;
     }
+    case WM_THEMECHANGED:
+        FBoxSize = {};
+        Invalidate();
+        InvalidateHeader();
+        break;
     case WM_GETDLGCODE:
         message.Result = DLGC_WANTARROWS | DLGC_WANTCHARS;
         return;
@@ -146,6 +151,15 @@ void TBaseVirtualTree::CMFontChanged(TMessage& message) {
     TCustomControl::CMFontChanged(message);
     if (alive)
         FHeader->ParentFontChanged();
+}
+
+void TBaseVirtualTree::CMEnabledChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TCustomControl::CMEnabledChanged(message);
+    if (!alive)
+        return;
+    Invalidate(); // texts and boxes are grey while it is disabled
+    InvalidateHeader();
 }
 
 // Mouse

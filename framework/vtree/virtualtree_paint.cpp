@@ -113,6 +113,7 @@ void TBaseVirtualTree::PaintWindow(HDC dc) {
     painting.Canvas = FTreeCanvas;
     const TCanvasBinding bound(painting.Canvas, painting.DC);
     painting.Canvas->SetFont(GetFont());
+    painting.Canvas->GetHandle(); // the font is in place for all cells
     painting.Boxes = TCheckPainter(IsThemed());
     if (IsThemed())
         painting.Theme = TThemeHandle(OpenThemeData(nullptr, L"TREEVIEW"));
@@ -145,6 +146,7 @@ void TBaseVirtualTree::PaintRows(TRowPainting& painting) {
         top += height;
         node = FStore->Next(node, TNodeMeasure::Rows);
     }
+    PaintGridLines(painting, top);
     if (!node)
         PaintBelowRows(painting, ContentHeight() < painting.Area.Top ? painting.Area.Top : top);
 }
@@ -155,6 +157,7 @@ bool TBaseVirtualTree::PaintRow(TRowPainting& painting, TVirtualNode* node, int 
     const int bottom = top + node->GetNodeHeight();
     TVTPaintInfo info;
     info.Canvas = painting.Canvas.get();
+    info.DC = painting.DC;
     info.Node = node;
     info.BidiMode = GetBiDiMode();
     for (const TRowPainting::TColumn& column : painting.Columns) {
@@ -170,6 +173,14 @@ bool TBaseVirtualTree::PaintRow(TRowPainting& painting, TVirtualNode* node, int 
         if (!PaintCell(painting, info) || !alive || painting.Version != FStructureVersion)
             return false;
     }
+    if (HasPaint(toShowHorzGridLines)) {
+        const auto byLeft = [](const TRowPainting::TColumn& a, const TRowPainting::TColumn& b) {
+            return a.Left < b.Left;
+        };
+        const auto [first, last] = std::minmax_element(painting.Columns.begin(), painting.Columns.end(), byLeft);
+        if (first != painting.Columns.end())
+            FillArea(painting.DC, {first->Left, bottom - 1, last->Right, bottom}, painting.GridLines.Get());
+    }
     PaintFocus(painting, {0, top, GetClientWidth(), bottom}, node);
     return true;
 }
@@ -184,7 +195,6 @@ bool TBaseVirtualTree::PaintCell(TRowPainting& painting, TVTPaintInfo& info) {
         return false;
     if (IsMainColumn(info.Column))
         PaintTreeParts(painting, info, layout);
-    PaintGridLines(painting, info.CellRect, info.Column);
     if (!info.ContentRect.IsEmpty())
         DoPaintNode(info);
     if (!goesOn())
@@ -240,6 +250,8 @@ void TBaseVirtualTree::DoAfterCellPaint(const TVTPaintInfo& info) {
 }
 
 void TBaseVirtualTree::PaintTreeParts(TRowPainting& painting, const TVTPaintInfo& info, const TCellLayout& layout) {
+    if (!HasPaint(toShowTreeLines) && layout.Button.IsEmpty() && layout.CheckBox.IsEmpty())
+        return;
     const TSavedDC saved(painting.DC);
     IntersectClipRect(painting.DC, info.CellRect.Left, info.CellRect.Top, info.CellRect.Right, info.CellRect.Bottom);
     if (HasPaint(toShowTreeLines))
@@ -289,13 +301,15 @@ void TBaseVirtualTree::PaintTreeLines(TRowPainting& painting, TVirtualNode* node
     }
 }
 
-void TBaseVirtualTree::PaintGridLines(TRowPainting& painting, const TRect& cell, TColumnIndex column) {
-    if (HasPaint(toShowHorzGridLines))
-        FillArea(painting.DC, {cell.Left, cell.Bottom - 1, cell.Right, cell.Bottom}, painting.GridLines.Get());
-    if (column == NoColumn || !HasPaint(toShowVertGridLines))
+/// Over the cells, down to the last row: whatever handlers fill them with.
+void TBaseVirtualTree::PaintGridLines(TRowPainting& painting, int bottom) {
+    if (!HasPaint(toShowVertGridLines))
         return;
-    const int x = UseRightToLeftAlignment() ? cell.Left : cell.Right - 1;
-    FillArea(painting.DC, {x, cell.Top, x + 1, cell.Bottom}, painting.GridLines.Get());
+    for (const TRowPainting::TColumn& column : painting.Columns) {
+        const int x = UseRightToLeftAlignment() ? column.Left : column.Right - 1;
+        if (column.Index != NoColumn)
+            FillArea(painting.DC, {x, painting.Area.Top, x + 1, bottom}, painting.GridLines.Get());
+    }
 }
 
 void TBaseVirtualTree::PaintBelowRows(TRowPainting& painting, int top) {

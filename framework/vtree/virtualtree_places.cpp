@@ -34,7 +34,9 @@ TAlignment TBaseVirtualTree::MirroredAlignment(TAlignment alignment) const {
 }
 
 TSize TBaseVirtualTree::BoxSize() const {
-    return TCheckPainter(IsThemed()).Size();
+    if (FBoxSize == TSize{})
+        FBoxSize = TCheckPainter(IsThemed()).Size();
+    return FBoxSize;
 }
 
 int TBaseVirtualTree::CheckBoxLeft() const {

@@ -44,6 +44,8 @@ void TBaseVirtualTree::ShowScrollBar(int bar, std::int64_t range, int page, std:
     info.fMask = SIF_ALL;
     info.nMax = static_cast<int>(std::max<std::int64_t>((range >> shift) - 1, 0));
     info.nPage = static_cast<UINT>(std::max(page >> shift, 1));
+    if (bar == SB_HORZ && UseRightToLeftAlignment())
+        position = std::max<std::int64_t>(range - page - position, 0); // the bar counts from the left in any case
     info.nPos = static_cast<int>(position >> shift);
     if (range <= page)
         info.nMax = 0;
@@ -125,7 +127,9 @@ void TBaseVirtualTree::HandleScroll(int bar, int code) {
     const int extent = vertical ? GetClientHeight() : GetClientWidth();
     const int line = LineExtent();
     const int page = std::max(extent - line, line); // a row of the old page stays in view
-    std::int64_t to = vertical ? FScrollY : FScrollX;
+    const std::int64_t most = std::max<std::int64_t>(range - extent, 0);
+    const bool mirrored = !vertical && UseRightToLeftAlignment();
+    std::int64_t to = vertical ? FScrollY : mirrored ? most - FScrollX : FScrollX;
     switch (code) {
     case SB_LINEUP:
         to -= line;
@@ -161,7 +165,7 @@ void TBaseVirtualTree::HandleScroll(int bar, int code) {
     if (vertical)
         ScrollTo(FScrollX, to);
     else
-        ScrollTo(static_cast<int>(std::clamp<std::int64_t>(to, 0, INT_MAX)), FScrollY);
+        ScrollTo(static_cast<int>(std::clamp<std::int64_t>(mirrored ? most - to : to, 0, most)), FScrollY);
 }
 
 bool TBaseVirtualTree::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) {

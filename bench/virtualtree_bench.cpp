@@ -1,0 +1,225 @@
+// What a virtual tree costs beside the system's own trees and lists: adding a million nodes, painting among a thousand
+// and among a million rows, and the check list's phrase over a million items with all that follows on the screen.
+
+#include "bench/measure.h"
+#include "data/Zorvirtualstringtree.h"
+#include "framework/graphics/bitmaps.h"
+#include "framework/graphics/canvas.h"
+#include "framework/system/numbers.h"
+#include "framework/windows/application.h"
+#include "framework/windows/forms.h"
+
+#include <commctrl.h>
+#include <random>
+
+using namespace framework;
+
+namespace {
+
+constexpr unsigned kMany = 1'000'000;
+constexpr unsigned kNativeNodes = 100'000; // of the system's tree, which takes seconds for more
+constexpr int kColumns = 8;
+constexpr int kRows = 44;
+constexpr int kRowHeight = 16;
+constexpr int kFrames = 200;
+
+String CellText(unsigned row, int column) {
+    return u"Cell " + IntToStr(static_cast<std::int64_t>(row)) + u"/" + IntToStr(column);
+}
+
+class TBenchTree : public TVirtualStringTree {
+public:
+    using TVirtualStringTree::TVirtualStringTree;
+
+protected:
+    void DoGetText(TVirtualNode* node, TColumnIndex column, TVSTTextType, String& text) override {
+        text = CellText(node->GetIndex(), column);
+    }
+};
+
+std::unique_ptr<TBenchTree> MakeTree(TForm& form) {
+    auto tree = std::make_unique<TBenchTree>(&form);
+    tree->SetNodeDataSize(16);
+    tree->SetDefaultNodeHeight(kRowHeight);
+    tree->GetTreeOptions()->SetPaintOptions({toShowVertGridLines});
+    for (int i = 0; i < kColumns; ++i)
+        tree->GetHeader()->GetColumns()->Add()->SetWidth(100);
+    tree->SetParent(&form);
+    tree->SetBounds(0, 0, kColumns * 100 + 40, kRows * kRowHeight + 4);
+    return tree;
+}
+
+void Adding(TForm& form) {
+    const auto ours = [&] {
+        const auto tree = MakeTree(form);
+        return bench::Milliseconds([&] {
+                   tree->SetRootNodeCount(kMany);
+                   tree->ValidateNode(nullptr, true);
+               }) *
+               1e6 / kMany;
+    };
+    const auto peer = [&] {
+        const HWND window =
+            CreateWindowW(WC_TREEVIEWW, L"", WS_CHILD, 0, 0, 100, 100, form.GetHandle(), nullptr, nullptr, nullptr);
+        TVINSERTSTRUCTW item{};
+        item.hInsertAfter = TVI_LAST;
+        item.item.mask = TVIF_TEXT;
+        item.item.pszText = const_cast<wchar_t*>(L"a node");
+        SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+        const double taken = bench::Milliseconds([&] {
+            for (unsigned i = 0; i < kNativeNodes; ++i)
+                SendMessageW(window, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        });
+        DestroyWindow(window);
+        return taken * 1e6 / kNativeNodes;
+    };
+    std::printf("a million nodes added and initialised: %.0f ns each", ours());
+    std::printf("   SysTreeView32 with 100,000: %.0f ns each\n", peer());
+}
+
+struct TFrame {
+    double Paint = 0; // milliseconds
+    double Move = 0;  // of scrolling there, which is mostly the system's scroll bar
+};
+
+/// The medians of frames at random places.
+TFrame PaintTree(TForm& form, unsigned rows) {
+    const auto tree = MakeTree(form);
+    tree->SetRootNodeCount(rows);
+    tree->Update();
+    std::mt19937 random(1);
+    const std::int64_t most = static_cast<std::int64_t>(rows - kRows) * kRowHeight;
+    std::vector<double> moves;
+    std::vector<double> paints;
+    for (int i = 0; i < kFrames; ++i) {
+        const auto place = static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(most));
+        moves.push_back(bench::Milliseconds([&] { tree->SetOffsetY(-place); }));
+        paints.push_back(bench::Milliseconds([&] {
+            tree->Invalidate();
+            tree->Update();
+        }));
+    }
+    return {bench::Median(paints), bench::Median(moves)};
+}
+
+LRESULT CALLBACK AnswerTexts(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    if (message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == LVN_GETDISPINFOW) {
+        auto& item = reinterpret_cast<NMLVDISPINFOW*>(lParam)->item;
+        static String text;
+        text = CellText(static_cast<unsigned>(item.iItem), item.iSubItem);
+        if (item.mask & LVIF_TEXT)
+            item.pszText = WideChars(text);
+        return 0;
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+double PaintList(TForm& form) {
+    SetWindowSubclass(form.GetHandle(), &AnswerTexts, 1, 0);
+    const HWND list =
+        CreateWindowW(WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDATA, 0, 0, kColumns * 100 + 40,
+                      kRows * kRowHeight + 30, form.GetHandle(), nullptr, nullptr, nullptr);
+    SendMessageW(list, WM_SETFONT, reinterpret_cast<WPARAM>(form.GetFont()->GetHandle()), FALSE);
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH;
+    column.cx = 100;
+    for (int i = 0; i < kColumns; ++i)
+        SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
+    SendMessageW(list, LVM_SETITEMCOUNT, kMany, 0);
+    std::mt19937 random(1);
+    constexpr int kFewer = 40;
+    const double all = bench::Milliseconds([&] {
+        for (int i = 0; i < kFewer; ++i) {
+            SendMessageW(list, LVM_ENSUREVISIBLE, random() % kMany, FALSE);
+            InvalidateRect(list, nullptr, TRUE);
+            UpdateWindow(list);
+        }
+    });
+    RemoveWindowSubclass(form.GetHandle(), &AnswerTexts, 1);
+    DestroyWindow(list);
+    return all / kFewer;
+}
+
+double DrawTexts(TForm& form) {
+    TBitmap picture(kColumns * 100, kRows * kRowHeight);
+    TCanvas& canvas = *picture.GetCanvas();
+    canvas.SetFont(form.GetFont());
+    const HDC dc = canvas.GetHandle();
+    SetBkMode(dc, TRANSPARENT);
+    std::vector<double> frames;
+    for (int i = 0; i < kFrames; ++i) {
+        frames.push_back(bench::Milliseconds([&] {
+            for (int row = 0; row < kRows; ++row) {
+                for (int column = 0; column < kColumns; ++column) {
+                    const String text = CellText(static_cast<unsigned>(i * 1000 + row), column);
+                    RECT cell{column * 100 + 4, row * kRowHeight, column * 100 + 96, (row + 1) * kRowHeight};
+                    DrawTextW(dc, WideData(text), static_cast<int>(text.size()), &cell, DT_SINGLELINE | DT_VCENTER);
+                }
+            }
+        }));
+    }
+    return bench::Median(frames);
+}
+
+void Painting(TForm& form) {
+    const TFrame few = PaintTree(form, 1'000);
+    const TFrame many = PaintTree(form, kMany);
+    const double bare = DrawTexts(form);
+    const TFrame fewAgain = PaintTree(form, 1'000);
+    std::printf("a frame of %d rows by %d cells, medians of %d: 1,000 rows %.2f and %.2f ms, 1,000,000 rows %.2f ms\n",
+                kRows, kColumns, kFrames, few.Paint, fewAgain.Paint, many.Paint);
+    std::printf("  (aim: equal within 10 %%); scrolling there before, bar included: %.2f and %.2f ms\n", few.Move,
+                many.Move);
+    bench::PrintRatio("a frame beside bare texts", {many.Paint, bare}, "ms", 2.5);
+    bench::PrintRatio("frame and scrolling / list", {many.Paint + many.Move, PaintList(form)}, "ms", 1.0);
+}
+
+void Filtering(TForm& form) {
+    ZOR::TZORVirtualStringTree tree(&form);
+    std::mt19937 random(3);
+    for (unsigned i = 0; i < kMany; ++i) {
+        String text;
+        for (int letter = 0; letter < 24; ++letter)
+            text += static_cast<char16_t>(u'a' + random() % 26);
+        tree.AddToDeque(static_cast<int>(i), text);
+    }
+    tree.SetParent(&form);
+    tree.SetBounds(0, 0, 300, 400);
+    std::printf("check list of a million items\n  first showing, sort keys included  %8.0f ms\n",
+                bench::Milliseconds([&] {
+                    tree.SetCheckListBoxStyle(true);
+                    tree.Update();
+                }));
+    const auto phrase = [&](const char* what, const String& text) {
+        const double taken = bench::Milliseconds([&] {
+            tree.SetFraza(text);
+            tree.Update();
+        });
+        std::printf("  %-34s %8.1f ms, %d items show (aim 60)\n", what, taken,
+                    tree.GetCheckListBox_FrazaVisibleCount());
+    };
+    phrase("first phrase, texts are prepared", u"qq");
+    phrase("another one", u"xyz");
+    phrase("one letter", u"e");
+    phrase("a letter more", u"er");
+    phrase("and another", u"erz");
+    phrase("none, all show again", u"");
+    std::printf("  sorting a million descending       %8.1f ms\n",
+                bench::Milliseconds([&] { tree.SortTree(1, sdDescending); }));
+    std::printf("  checking all by the header         %8.1f ms\n",
+                bench::Milliseconds([&] { tree.CheckListBox_SetChecked(csCheckedNormal); }));
+}
+
+} // namespace
+
+int main() {
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    TheApplication().Initialize();
+    TForm form(nullptr);
+    form.SetBounds(0, 0, 900, 780);
+    form.SetVisible(true);
+    Adding(form);
+    Painting(form);
+    Filtering(form);
+    return 0;
+}
