@@ -115,22 +115,6 @@ String BranchText(const TBranchNode& node, TColumnIndex column) {
     return column == 1 ? IntToStr(node.Place < 0 ? trips + 20 : trips) : u"do " + IntToStr(8 + trips / 2) + u":00";
 }
 
-/// The names in data\places.txt, or a few when there is no such file.
-std::vector<String> PlaceNames() {
-    const String file = ProgramFolder() + u"data\\places.txt";
-    if (GetFileAttributesW(WideChars(file)) == INVALID_FILE_ATTRIBUTES)
-        return {u"Bydgoszcz",   u"Cz\u0119stochowa", u"Gda\u0144sk", u"Katowice",         u"Kra\u015Bnik",
-                u"Krak\u00F3w", u"Kramsk",           u"Krapkowice",  u"Lublin",           u"\u0141\u00F3d\u017A",
-                u"Olsztyn",     u"Pozna\u0144",      u"Radom",       u"Szczecin",         u"Toru\u0144",
-                u"Warszawa",    u"Wroc\u0142aw",     u"Zakopane",    u"Zamo\u015B\u0107", u"\u017Bywiec"};
-    TStringList places;
-    places.LoadFromFile(file);
-    std::vector<String> names;
-    for (int i = 0; i < places.GetCount(); ++i)
-        names.push_back(places.Get(i));
-    return names;
-}
-
 void Fill(TComponent* component, const std::vector<String>& texts) {
     auto* list = As<ZOR::TZORVirtualStringTree>(component);
     for (std::size_t i = 0; list && i < texts.size(); ++i)
@@ -142,7 +126,12 @@ void Fill(TComponent* component, const std::vector<String>& texts) {
 } // namespace
 
 void TCheckListPage::PageCreate(TObject*) {
-    Fill(CitiesTree, PlaceNames());
+    TStringList places;
+    places.LoadFromFile(ProgramFolder() + u"data\\places.txt");
+    std::vector<String> names;
+    for (int i = 0; i < places.GetCount(); ++i)
+        names.push_back(places.Get(i));
+    Fill(CitiesTree, names);
     if (auto* days = As<ZOR::TZORVirtualStringTree>(FindComponent(u"DaysTree")))
         days->GetHeader()->SetSort(NoColumn, sdAscending); // days have an order of their own
     Fill(FindComponent(u"DaysTree"),
