@@ -42,7 +42,7 @@ inline TPair MedianPair(const std::function<double()>& ours, const std::function
 
 /// One line: what was measured, the peer beside it, the ratio and the aim for it.
 inline void PrintRatio(const char* what, TPair pair, const char* unit, double aim) {
-    std::printf("%-28s %9.2f %s   peer %9.2f %s   ratio %.2f (aim %.1f)\n", what, pair.Ours, unit, pair.Peer, unit,
+    std::printf("%-28s %9.2f %s   peer %9.2f %s   ratio %.2f (aim %.2f)\n", what, pair.Ours, unit, pair.Peer, unit,
                 pair.Ours / pair.Peer, aim);
 }
 

@@ -148,14 +148,19 @@ inline void MeasureFetch(const char* name, StringView connectionString) {
         std::printf("%-10s %d rows, %d columns: %.0f MB more in use after opening, %.0f MB of them columns (aim 250)\n",
                     name, rows->GetRecordCount(), rows->GetColumnCount(), held, columns);
     }
-    const auto ours = [&] { return Milliseconds([&] { open(); }); };
+    // The three take turns, and of each the best round counts: whatever else the machine does only adds.
+    constexpr int rounds = 5;
+    double ours = 1e9;
+    double types = 1e9;
+    double bytes = 1e9;
+    for (int round = 0; round < rounds; ++round) {
+        types = std::min(types, bare.Run(true, blockRows));
+        ours = std::min(ours, Milliseconds([&] { open(); }));
+        bytes = std::min(bytes, bare.Run(false, blockRows));
+    }
     const std::string label(name);
-    PrintRatio((label + ", bare types").c_str(), MedianPair(ours, [&] { return bare.Run(true, blockRows); }), "ms",
-               1.15);
-    PrintRatio((label + ", bare types by row").c_str(), MedianPair(ours, [&] { return bare.Run(true, 1); }), "ms",
-               1.15);
-    PrintRatio((label + ", bare bytes").c_str(), MedianPair(ours, [&] { return bare.Run(false, blockRows); }), "ms",
-               1.15);
+    PrintRatio((label + ", bare types").c_str(), {ours, types}, "ms", 1.15);
+    PrintRatio((label + ", bare bytes").c_str(), {ours, bytes}, "ms", 1.15);
 }
 
 /// On a SQLite file, and on the server that ZOR_TEST_POSTGRES names if there is one.

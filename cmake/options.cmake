@@ -5,7 +5,7 @@ option(ZOR_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer"
 option(ZOR_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(ZOR_BUILD_BENCHES "Build the benchmarks" ${PROJECT_IS_TOP_LEVEL})
 option(ZOR_BUILD_FUZZERS "Build the fuzzers (needs clang)" OFF)
-option(ZOR_BUILD_GALLERY "Build the gallery program (Windows only)" ${PROJECT_IS_TOP_LEVEL})
+option(ZOR_BUILD_GALLERY "Build the gallery (Windows only) and the loader of its data" ${PROJECT_IS_TOP_LEVEL})
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)

@@ -2,6 +2,7 @@
 
 file(GLOB_RECURSE gallerySources CONFIGURE_DEPENDS
     "${PROJECT_SOURCE_DIR}/gallery/*.cpp" "${PROJECT_SOURCE_DIR}/gallery/*.rc")
+list(FILTER gallerySources EXCLUDE REGEX "/gallery/sampledata/") # a program of its own
 if(ZOR_BUILD_GALLERY AND gallerySources)
     add_executable(gallery WIN32 ${gallerySources})
     zor_set_warnings(gallery)

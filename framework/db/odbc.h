@@ -31,6 +31,7 @@ public:
 
     /// As the driver names the database: "SQLite", "PostgreSQL".
     const String& GetDatabaseName() const;
+    TDatabaseKind GetKind() const;
     /// A name between the quotes of this database.
     String QuotedName(StringView name) const;
 

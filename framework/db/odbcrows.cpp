@@ -45,6 +45,10 @@ const String& TOdbcConnection::GetDatabaseName() const {
     return FSession->DatabaseName();
 }
 
+TDatabaseKind TOdbcConnection::GetKind() const {
+    return FSession->Kind();
+}
+
 String TOdbcConnection::QuotedName(StringView name) const {
     return framework::QuotedName(name, FSession->Quote());
 }
