@@ -4,7 +4,7 @@
 #include "framework/system/strings.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/controlstrings.h"
-#include "lists/Zorcombobox_list_rules.h"
+#include "lists/Zorcombobox_list.h"
 
 namespace ZOR {
 
@@ -324,7 +324,17 @@ void TZORComboBox::TellChoice() {
 void TZORComboBox::DropDown() {
     FBefore = {GetText(), GetItemIndex()};
     FEscaping = false;
+    TLifeGuard alive(*this);
     TZORScreenKeyboard::DropDown();
+    if (alive)
+        WidenList();
+}
+
+/// Makes the list as wide as its items need; the native one is never narrower than the field.
+void TZORComboBox::WidenList() {
+    const bool scrolls = GetItems()->GetCount() > GetDropDownCount();
+    const int beside = 2 * (ChoiceRowMargin + ChoiceListBorder) + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestText(*GetItems(), *GetFont()) + beside));
 }
 
 void TZORComboBox::CloseUp() {

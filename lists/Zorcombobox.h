@@ -88,6 +88,7 @@ private:
     void NativeEdit(TMessage& message) { TZORScreenKeyboard::EditWndProc(message); }
     void NativeList(TMessage& message) { TZORScreenKeyboard::ListWndProc(message); }
     void NativeCombo(TMessage& message) { TZORScreenKeyboard::WndProc(message); }
+    void WidenList();
     void TellChoice();
     void TellClosed();
 

@@ -13,7 +13,7 @@ namespace ZOR {
 
 namespace {
 
-constexpr TSize kDesignedSize{426, 286};
+constexpr TSize kDesignedSize{426, 286}; // of the rows
 constexpr TColor kRowColor = 0xFFFFFF;
 // Light enough for the black letters that belong to white rows.
 constexpr TColor kSelectionColor = 0xF7D9BC;
@@ -59,6 +59,23 @@ int TextWidth(HDC dc, StringView text) {
 }
 
 } // namespace
+
+int WidestText(const TStrings& items, const TFont& font) {
+    const TWindowDC dc(nullptr);
+    const TSelectedObject selected(dc, font.GetHandle());
+    TSummedWidths widths(dc);
+    String widest;
+    int sum = 0;
+    for (int i = 0; i < items.GetCount(); ++i) {
+        String text = items.Get(i);
+        const int width = widths.Of(text);
+        if (width <= sum)
+            continue;
+        sum = width;
+        widest = std::move(text);
+    }
+    return std::max(sum, TextWidth(dc, OneLine(widest)));
+}
 
 // The rows
 
@@ -135,7 +152,7 @@ Tform_list::Tform_list()
     : TZORPopup({.OnClickElsewhere = true, .OnEscape = false, .OnFocusLoss = true, .OnTargetMove = true}),
       list_box(new TChoiceListBox(this)), FNormalFont(std::make_unique<TFont>()), FMatchFont(std::make_unique<TFont>()),
       FSelectionColor(kSelectionColor), FMatchColor(kMatchColor) {
-    SetBounds(0, 0, kDesignedSize.Width, kDesignedSize.Height);
+    SetBounds(0, 0, kDesignedSize.Width + 2 * ChoiceListBorder, kDesignedSize.Height + 2 * ChoiceListBorder);
     list_box->SetName(u"list_box");
     list_box->SetAlign(alClient);
     list_box->SetColor(kRowColor);
@@ -191,27 +208,10 @@ void Tform_list::Prepare() {
     const int count = FItems ? FItems->GetCount() : 0;
     if (list_box->GetRowCount() != count)
         list_box->SetRowCount(count);
-    FWidth = WidestRow() + 2 * (ChoiceRowMargin + ChoiceListBorder);
+    // In the font of what matches, should all of it match.
+    FWidth = (FItems ? WidestText(*FItems, *FMatchFont) : 0) + 2 * (ChoiceRowMargin + ChoiceListBorder);
     if (count > ShownRows(count, FDropDownCount))
         FWidth += GetSystemMetrics(SM_CXVSCROLL);
-}
-
-/// The width of the text that needs most, in pixels, should all of it match.
-int Tform_list::WidestRow() const {
-    const TWindowDC dc(nullptr);
-    const TSelectedObject selected(dc, FMatchFont->GetHandle());
-    TSummedWidths widths(dc);
-    String widest;
-    int sum = 0;
-    for (int i = 0; FItems && i < FItems->GetCount(); ++i) {
-        String text = FItems->Get(i);
-        const int width = widths.Of(text);
-        if (width <= sum)
-            continue;
-        sum = width;
-        widest = std::move(text);
-    }
-    return std::max(sum, TextWidth(dc, OneLine(widest)));
 }
 
 TRect Tform_list::PlaceFor(const TRect& target, const TRect& workArea) const {

@@ -10,6 +10,9 @@
 
 namespace ZOR {
 
+/// The width in pixels of the text that needs most, in one line. 100,000 texts take some milliseconds.
+int WidestText(const TStrings& items, const TFont& font);
+
 /// The rows of the list. They stay in the field; the window knows their number alone. All are of one height, since
 /// each shows one line, so that the window need not measure them one by one.
 class TChoiceListBox : public TListBox {
@@ -83,7 +86,6 @@ private:
     void list_boxDrawItem(TWinControl* control, int index, TRect rect, TOwnerDrawState state);
     void DrawRow(HDC dc, const TRect& rect, StringView text) const;
     void FormClose(TObject* sender, TCloseAction& action);
-    int WidestRow() const;
     int Scaled(int pixels) const;
 
     const TStrings* FItems = nullptr;

@@ -1,6 +1,7 @@
 // The search combo box used by keyboard and mouse: what typing finds and highlights, what is told of it, and that in
 // the other styles it is the platform's.
 
+#include "framework/graphics/textmetrics.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/button.h"
@@ -52,7 +53,8 @@ protected:
     /// What shows, with the selection in brackets.
     String Shown() const {
         String text = Box->Text;
-        text.insert(static_cast<std::size_t>(Box->SelStart + Box->SelLength), u"]");
+        const int end = Box->SelStart + Box->SelLength;
+        text.insert(static_cast<std::size_t>(end), u"]");
         text.insert(static_cast<std::size_t>(Box->SelStart), u"[");
         return text;
     }
@@ -137,6 +139,28 @@ TEST_F(SearchCombo, ChoosesByKeysAndMouseAndTellsOnce) {
     ClickOn(*Box, middle);
     EXPECT_TRUE(WaitFor([&] { return Told == u"new "; }));
     EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(SearchCombo, OpensAListAsWideAsItsItems) {
+    const auto listWidth = [this] {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        GetComboBoxInfo(Box->GetHandle(), &info);
+        RECT list{};
+        GetWindowRect(info.hwndList, &list);
+        return static_cast<int>(list.right - list.left);
+    };
+    Box->DroppedDown = true;
+    EXPECT_EQ(listWidth(), Box->Width);
+    Box->DroppedDown = false;
+    const String longest = u"Brandýs nad Labem-Stará Boleslav, and whatever else lies around it";
+    Box->Items->Add(longest);
+    Box->DroppedDown = true;
+    EXPECT_GT(listWidth(), TTextMeasure(*Box->Font).Extent(longest).Width);
+    Box->DroppedDown = false;
+    Box->Items->Delete(4);
+    Box->DroppedDown = true;
+    EXPECT_EQ(listWidth(), Box->Width);
 }
 
 TEST_F(SearchCombo, LeavesTheTextToItsItems) {
