@@ -334,7 +334,8 @@ void TZORComboBox::DropDown() {
 void TZORComboBox::WidenList() {
     const bool scrolls = GetItems()->GetCount() > GetDropDownCount();
     const int beside = 2 * (ChoiceRowMargin + ChoiceListBorder) + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0);
-    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestText(*GetItems(), *GetFont()) + beside));
+    const int width = WidestText(*GetItems(), *GetFont()) + beside;
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width));
 }
 
 void TZORComboBox::CloseUp() {
