@@ -5,7 +5,6 @@
 #include "lists/Zorcombobox_rules.h"
 
 #include <gtest/gtest.h>
-#include <random>
 
 using namespace ZOR;
 
@@ -83,45 +82,6 @@ TEST(ChoiceIndex, FindsTheFirstItemThatMatches) {
     EXPECT_EQ(index.Find(u"GŁÓ", TMatchPlace::Anywhere).Position, 8);
     EXPECT_EQ(FindSameText(*items, u"ŻÓŁW"), 3);
     EXPECT_EQ(FindSameText(*items, u"zolw"), -1);
-}
-
-/// Against a search that folds every item anew, over few letters so that much matches.
-TEST(ChoiceIndex, AgreesWithASlowSearch) {
-    const unsigned seed = 20240316;
-    RecordProperty("randomSeed", static_cast<int>(seed));
-    std::mt19937 random(seed);
-    const StringView letters = u"aAąb?ß\u0301\xD83D\xDE00ł ";
-    const auto text = [&](std::size_t longest) {
-        String result(random() % (longest + 1), u' ');
-        for (char16_t& unit : result)
-            unit = letters[random() % letters.size()];
-        return result;
-    };
-    for (int round = 0; round < 300; ++round) {
-        std::vector<String> texts(random() % 40);
-        for (String& each : texts)
-            each = text(40);
-        const TTextFolding folding = round % 2 ? kSmart : kExact;
-        const TTextFolder folder(folding);
-        TChoiceIndex index;
-        index.Assign(*List(texts), folding);
-        for (int search = 0; search < 20; ++search) {
-            const String part = text(search % 5);
-            const auto place = static_cast<TMatchPlace>(random() % 3);
-            int expected = -1;
-            for (std::size_t i = 0; i < texts.size() && expected < 0 && !part.empty(); ++i) {
-                const String folded = folder.Fold(texts[i]);
-                const std::size_t at = folded.find(folder.Fold(part));
-                const bool matches = place == TMatchPlace::Whole       ? folded == folder.Fold(part)
-                                     : place == TMatchPlace::Beginning ? at == 0
-                                                                       : at != String::npos;
-                if (matches)
-                    expected = static_cast<int>(i);
-            }
-            ASSERT_EQ(index.Find(part, place).Item, expected)
-                << "seed " << seed << ", round " << round << ", search " << Utf8Encode(part);
-        }
-    }
 }
 
 TEST(MatchedCharacters, CoverWhatMatchedAndNoMore) {
