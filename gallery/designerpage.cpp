@@ -131,28 +131,35 @@ bool TDesignerPage::Try(const std::function<void()>& action) {
 
 // Buttons
 
+void TDesignerPage::OnSurface(void (TDesignSurface::*action)()) {
+    if (!FSurface->GetVisible())
+        return;
+    Try([&] { (FSurface->*action)(); });
+    FSurface->SetFocus(); // where the keys do the same
+}
+
 void TDesignerPage::UndoClick(TObject*) {
-    Try([this] { FSurface->Undo(); });
+    OnSurface(&TDesignSurface::Undo);
 }
 
 void TDesignerPage::RedoClick(TObject*) {
-    Try([this] { FSurface->Redo(); });
+    OnSurface(&TDesignSurface::Redo);
 }
 
 void TDesignerPage::CutClick(TObject*) {
-    Try([this] { FSurface->CutSelected(); });
+    OnSurface(&TDesignSurface::CutSelected);
 }
 
 void TDesignerPage::CopyClick(TObject*) {
-    Try([this] { FSurface->CopySelected(); });
+    OnSurface(&TDesignSurface::CopySelected);
 }
 
 void TDesignerPage::PasteClick(TObject*) {
-    Try([this] { FSurface->Paste(); });
+    OnSurface(&TDesignSurface::Paste);
 }
 
 void TDesignerPage::DeleteClick(TObject*) {
-    Try([this] { FSurface->DeleteSelected(); });
+    OnSurface(&TDesignSurface::DeleteSelected);
 }
 
 void TDesignerPage::ShowText(bool asText) {

@@ -41,6 +41,7 @@ private:
 
     /// Does it, and tells in the status line why when it fails; false then.
     bool Try(const std::function<void()>& action);
+    void OnSurface(void (TDesignSurface::*action)());
     void Tell(const String& text);
     void ShowText(bool asText);
 

@@ -91,7 +91,9 @@ TDesignSurface::~TDesignSurface() {
 // The form
 
 void TDesignSurface::Show(const std::string& text, const std::vector<std::string>& selected) {
-    std::unique_ptr<TDesignForm> form = TDesignForm::Load(ParseTextForm(text), FHost.get());
+    TParseOptions parsing;
+    parsing.FallbackEncoding = TFallbackEncoding::Windows1250; // what designers of this part of the world wrote
+    std::unique_ptr<TDesignForm> form = TDesignForm::Load(ParseTextForm(text, parsing), FHost.get());
     Select({});
     form->SetBounds(0, 0, form->GetWidth(), form->GetHeight());
     form->OnSized = [this](TObject*) { FitHost(); };

@@ -127,24 +127,24 @@ object DesignerPage: TDesignerPage
   object Palette: TPaletteList
     Left = 0
     Top = 40
-    Width = 170
+    Width = 190
     Height = 494
     Align = alLeft
     TabOrder = 2
     OnSelect = PaletteSelect
   end
   object Surface: TDesignSurface
-    Left = 170
+    Left = 190
     Top = 40
-    Width = 590
+    Width = 570
     Height = 494
     Align = alClient
     TabOrder = 3
   end
   object TextMemo: TMemo
-    Left = 170
+    Left = 190
     Top = 40
-    Width = 590
+    Width = 570
     Height = 494
     Align = alClient
     Font.Charset = DEFAULT_CHARSET
