@@ -238,8 +238,10 @@ void TBaseVirtualTree::EndUpdate() {
         return;
     TLifeGuard alive(*this);
     AutoSort();
-    if (alive)
-        StructureChanged();
+    if (!alive)
+        return;
+    FLayoutDirty = false; // what was asked for meanwhile was not painted
+    StructureChanged();
 }
 
 void TBaseVirtualTree::StructureChanged() {

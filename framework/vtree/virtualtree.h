@@ -454,6 +454,8 @@ protected:
     virtual int RoomBelowHeader() const { return 0; }
     /// Another room is wanted, or the header's height has changed.
     void FrameChanged();
+    /// Paints the header and the room below it now.
+    void PaintHeaderBand();
     /// Something about a header has changed; with `places` also where its columns lie.
     virtual void HeaderChanged(TVTHeader& header, bool places);
 
@@ -611,6 +613,7 @@ private:
     std::list<TNodeRef> FDeferredDeletes; // asked for while sorting
     bool FStructureChanged = false;       // while updating
     bool FLayoutDirty = false;
+    bool FHeaderDirty = false; // painted with the next WM_PAINT, however often it changes until then
     bool FInLayout = false;
     unsigned FStructureVersion = 0; // grows with every change of the rows
 

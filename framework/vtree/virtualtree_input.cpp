@@ -108,9 +108,15 @@ void TBaseVirtualTree::Dispatch(TMessage& message) {
         ScrollTo(FScrollX + FSidewaysWheel.Add(delta, 3) * LineExtent(), FScrollY);
         return;
     }
-    case WM_PAINT:
+    case WM_PAINT: {
+        TLifeGuard alive(*this);
         EnsureLayout(); // bars that come or go now are not painted over
+        if (alive && FHeaderDirty)
+            PaintHeaderBand();
+        if (!alive || !HandleAllocated())
+            return;
         break;
+    }
     case WM_SIZE: {
         TLifeGuard alive(*this);
         TCustomControl::Dispatch(message);

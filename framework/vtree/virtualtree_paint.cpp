@@ -103,12 +103,16 @@ void TBaseVirtualTree::PaintWindow(HDC dc) {
                      std::min<int>(clip.bottom, client.Bottom)};
     if (painting.Area.IsEmpty())
         return;
+    if (FUpdateCount > 0) {
+        FStructureChanged = true; // what stands there stays until the end of the update
+        return;
+    }
     const TBufferedPaint buffer(dc, painting.Area);
     painting.DC = buffer;
     painting.Background = TUniqueBrush(CreateSolidBrush(ColorToRGB(GetColor())));
     FillArea(painting.DC, painting.Area, painting.Background.Get());
     TLifeGuard alive(*this);
-    if (FUpdateCount > 0 || !PrepareRows(painting.Area))
+    if (!PrepareRows(painting.Area))
         return;
     painting.Canvas = FTreeCanvas;
     const TCanvasBinding bound(painting.Canvas, painting.DC);

@@ -230,8 +230,12 @@ void TBaseVirtualTree::WMNCCalcSize(TMessage& message) {
 void TBaseVirtualTree::WMNCPaint(TMessage& message) {
     TLifeGuard alive(*this);
     DefaultHandler(message);
-    if (!alive || !HandleAllocated())
-        return;
+    if (alive && HandleAllocated())
+        PaintHeaderBand();
+}
+
+void TBaseVirtualTree::PaintHeaderBand() {
+    FHeaderDirty = false;
     const TPoint inset = ClientInset(FHandle);
     const TRect header = GetHeaderRect();
     if (inset.Y <= header.Top)
@@ -248,8 +252,10 @@ void TBaseVirtualTree::WMNCPaint(TMessage& message) {
 }
 
 void TBaseVirtualTree::InvalidateHeader() {
-    if (HandleAllocated() && FHeader->IsVisible())
-        RedrawWindow(FHandle, nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_NOCHILDREN);
+    if (!HandleAllocated() || !FHeader->IsVisible() || std::exchange(FHeaderDirty, true))
+        return;
+    const RECT corner{0, 0, 1, 1}; // so that a WM_PAINT comes
+    InvalidateRect(FHandle, &corner, FALSE);
 }
 
 void TBaseVirtualTree::FrameChanged() {
