@@ -15,8 +15,8 @@ namespace ZOR {
 using namespace framework;
 
 /// One item as the program gave it, and its box.
-struct sCheckListBox {
-    int id = 0; ///< the program's key of the item
+struct sCheckListBox { // NOLINT(readability-identifier-naming): a documented name
+    int id = 0;        ///< the program's key of the item
     String text;
     TCheckState state = csUncheckedNormal;
 
