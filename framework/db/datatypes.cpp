@@ -53,45 +53,25 @@ void DatabaseError(const String& message, const TComponent* component) {
 
 namespace {
 
-Extended PowerOfTen(int exponent) {
-    Extended power = 1;
-    for (; exponent > 0; --exponent)
-        power *= 10;
-    return power;
-}
-
-Variant VariantOfDecimal(std::int64_t units, int scale) {
-    if (scale == 0)
-        return units;
-    std::int64_t wider = units;
-    for (int decimals = scale; decimals < Currency::decimals; ++decimals) {
-        if (wider > INT64_MAX / 10 || wider < INT64_MIN / 10)
-            return static_cast<Extended>(units) / PowerOfTen(scale);
-        wider *= 10;
-    }
-    for (int decimals = scale; decimals > Currency::decimals; --decimals) {
-        if (wider % 10 != 0)
-            return static_cast<Extended>(units) / PowerOfTen(scale);
-        wider /= 10;
-    }
-    return Currency::FromUnits(wider);
+Variant VariantOfDecimal(const TNumeric& value) {
+    if (value.Scale == 0)
+        return value.Units;
+    if (TNumeric money; value.TryRescale(Currency::decimals, money))
+        return Currency::FromUnits(money.Units);
+    return value.AsDouble();
 }
 
 /// Without needless zeros, as money is written.
-String TextOfDecimal(std::int64_t units, int scale) {
-    const auto magnitude = static_cast<std::uint64_t>(units);
-    String digits = UIntToStr(units < 0 ? 0 - magnitude : magnitude);
-    const auto decimals = static_cast<std::size_t>(scale);
-    if (digits.size() <= decimals)
-        digits.insert(0, decimals + 1 - digits.size(), u'0');
-    std::size_t kept = digits.size();
-    while (kept > digits.size() - decimals && digits[kept - 1] == u'0')
-        --kept;
-    const std::size_t whole = digits.size() - decimals;
-    digits.resize(kept);
-    if (kept > whole)
-        digits.insert(whole, 1, FormatSettings().DecimalSeparator);
-    return units < 0 ? u"-" + digits : digits;
+String TextOfDecimal(const TNumeric& value) {
+    String text = value.AsText();
+    const std::size_t point = text.find(u'.');
+    if (point == String::npos)
+        return text;
+    text[point] = FormatSettings().DecimalSeparator;
+    text.resize(text.find_last_not_of(u'0') + 1);
+    if (text.size() == point + 1)
+        text.pop_back();
+    return text;
 }
 
 String TextOfBytes(TBytesView bytes) {
@@ -158,7 +138,7 @@ Variant TFieldValue::AsVariant() const {
     case TKind::Money:
         return Currency::FromUnits(FWhole);
     case TKind::Decimal:
-        return VariantOfDecimal(FWhole, FScale);
+        return VariantOfDecimal({FWhole, FScale});
     case TKind::Date:
         return Variant::FromDate(FFloating);
     case TKind::Text:
@@ -180,7 +160,7 @@ String TFieldValue::AsString() const {
     case TKind::Integer:
         return IntToStr(FWhole);
     case TKind::Decimal:
-        return TextOfDecimal(FWhole, FScale);
+        return TextOfDecimal({FWhole, FScale});
     case TKind::Bytes:
         return TextOfBytes(Octets());
     case TKind::Guid:
@@ -204,7 +184,7 @@ double TFieldValue::AsFloat() const {
     case TKind::Integer:
         return static_cast<double>(FWhole);
     case TKind::Decimal:
-        return static_cast<double>(static_cast<Extended>(FWhole) / PowerOfTen(FScale));
+        return TNumeric{FWhole, FScale}.AsDouble();
     default:
         return IsNull() ? 0 : static_cast<double>(AsVariant().AsFloat());
     }

@@ -107,6 +107,11 @@ std::optional<std::int64_t> TEnumInfo::Find(StringView name) const {
     return std::nullopt;
 }
 
+const TEnumInfo& DescribeEnum(TAlignment) {
+    static const TEnumInfo info{u"TAlignment", {u"taLeftJustify", u"taRightJustify", u"taCenter"}};
+    return info;
+}
+
 const TEnumInfo& DescribeEnum(bool) {
     static const TEnumInfo info{u"Boolean", {u"False", u"True"}};
     return info;

@@ -57,6 +57,7 @@ struct TEnumInfo {
 
 /// `DescribeEnum(TMyEnum)` beside an enumeration makes it publishable: it returns the names, once.
 const TEnumInfo& DescribeEnum(bool);
+const TEnumInfo& DescribeEnum(TAlignment);
 
 /// Names for certain integers, such as clRed for colours. Unnamed integers are written as numbers.
 struct TIdentifiers {

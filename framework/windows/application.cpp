@@ -1,6 +1,7 @@
 #include "framework/windows/application.h"
 
 #include "framework/graphics/win32.h"
+#include "framework/system/applicationhooks.h"
 #include "framework/system/formatsettings.h"
 #include "framework/system/strings.h"
 #include "framework/windows/hints.h"
@@ -18,6 +19,7 @@ const TClassInfo& TApplication::StaticClass() {
 }
 
 TApplication::TApplication() : TComponent(nullptr) {
+    SetApplicationExceptionHandler([this](TObject* sender) { HandleException(sender); });
 }
 
 void TApplication::FreeComponents() {

@@ -25,7 +25,6 @@ using TBorderStyle = TFormBorderStyle;
 
 const TEnumInfo& DescribeEnum(TAlign);
 const TEnumInfo& DescribeEnum(TAnchorKind);
-const TEnumInfo& DescribeEnum(TAlignment);
 const TEnumInfo& DescribeEnum(TBiDiMode);
 const TEnumInfo& DescribeEnum(TFormBorderStyle);
 

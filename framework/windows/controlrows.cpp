@@ -16,11 +16,6 @@ const TEnumInfo& DescribeEnum(TAnchorKind) {
     return info;
 }
 
-const TEnumInfo& DescribeEnum(TAlignment) {
-    static const TEnumInfo info{u"TAlignment", {u"taLeftJustify", u"taRightJustify", u"taCenter"}};
-    return info;
-}
-
 const TEnumInfo& DescribeEnum(TBiDiMode) {
     static const TEnumInfo info{
         u"TBiDiMode", {u"bdLeftToRight", u"bdRightToLeft", u"bdRightToLeftNoAlign", u"bdRightToLeftReadingOnly"}};

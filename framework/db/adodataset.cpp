@@ -1,0 +1,570 @@
+#include "framework/db/adodataset.h"
+
+#include "framework/db/fieldclasses.h"
+#include "framework/system/numbers.h"
+#include "framework/system/updates.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace framework {
+
+namespace {
+
+TRecordsetOpener& Opener() {
+    static TRecordsetOpener opener;
+    return opener;
+}
+
+std::shared_ptr<_Recordset> OpenQuery(const TRecordsetQuery& query) {
+    if (const TRecordsetOpener opener = Opener())
+        return opener(query);
+    DatabaseError(u"This program was built without ODBC");
+}
+
+} // namespace
+
+void SetRecordsetOpener(TRecordsetOpener opener) {
+    Opener() = std::move(opener);
+}
+
+const TEnumInfo& DescribeEnum(TCursorLocation) {
+    static const TEnumInfo info{u"TCursorLocation", {u"clUseServer", u"clUseClient"}};
+    return info;
+}
+
+TDataValue DataValueOf(const TFieldValue& value) {
+    using TKind = TFieldValue::TKind;
+    switch (value.Kind()) {
+    case TKind::Unassigned:
+    case TKind::Null:
+        return std::monostate();
+    case TKind::Boolean:
+        return value.Whole() != 0;
+    case TKind::Integer:
+        return value.Whole();
+    case TKind::Float:
+        return value.Floating();
+    case TKind::Money:
+        return TNumeric{value.Whole(), Currency::decimals};
+    case TKind::Decimal:
+        return TNumeric{value.Whole(), value.Scale()};
+    case TKind::Date:
+        return TMoment::FromDateTime(value.Floating());
+    case TKind::Text:
+        return String(value.Units());
+    case TKind::Bytes:
+        return TBytes(value.Octets().begin(), value.Octets().end());
+    case TKind::Guid:
+        break;
+    }
+    return value.GuidValue();
+}
+
+TFieldType FieldTypeOf(const TColumnInfo& column) {
+    switch (column.Type) {
+    case adSmallInt:
+        return ftSmallint;
+    case adInteger:
+        return column.AutoIncrement ? ftAutoInc : ftInteger;
+    case adSingle:
+        return ftSingle;
+    case adDouble:
+        return ftFloat;
+    case adCurrency:
+        return ftBCD;
+    case adBoolean:
+        return ftBoolean;
+    case adTinyInt:
+        return ftShortint;
+    case adUnsignedTinyInt:
+        return ftByte;
+    case adUnsignedSmallInt:
+        return ftWord;
+    case adUnsignedInt:
+        return ftLongWord;
+    case adBigInt:
+        return ftLargeint;
+    case adGUID:
+        return ftGuid;
+    case adWChar:
+        return ftFixedWideChar;
+    case adNumeric:
+        return column.Scale <= Currency::decimals && column.Precision <= 18 ? ftBCD : ftFMTBcd;
+    case adDBDate:
+        return ftDate;
+    case adDBTime:
+        return ftTime;
+    case adDBTimeStamp:
+        return ftDateTime;
+    case adVarWChar:
+        return ftWideString;
+    case adLongVarWChar:
+        return ftWideMemo;
+    case adBinary:
+        return ftBytes;
+    case adVarBinary:
+        return ftVarBytes;
+    case adLongVarBinary:
+        return ftBlob;
+    case adEmpty:
+        break;
+    }
+    return ftUnknown;
+}
+
+const TClassInfo& TCustomADODataSet::StaticClass() {
+    static const TClassInfo info = DescribeClass<TCustomADODataSet>(u"TCustomADODataSet", TDataSet::StaticClass());
+    return info;
+}
+
+TCustomADODataSet::TCustomADODataSet(TComponent* owner) : TDataSet(owner) {
+    FMasterLink.OnMasterChange = [this](TObject*) { MasterChanged(); };
+    FMasterLink.OnMasterDisable = FMasterLink.OnMasterChange;
+}
+
+TCustomADODataSet::~TCustomADODataSet() {
+    CloseToDie();
+}
+
+// Properties.
+
+void TCustomADODataSet::SetConnectionString(const String& value) {
+    if (FConnectionString == value)
+        return;
+    CheckInactive();
+    FConnectionString = value;
+}
+
+void TCustomADODataSet::SetCommandText(const String& value) {
+    if (FCommandText == value)
+        return;
+    CheckInactive();
+    FCommandText = value;
+    if (FParamCheck && !GetComponentState().Contains(csLoading))
+        FParameters.ParseSQL(value);
+}
+
+void TCustomADODataSet::SetCursorLocation(TCursorLocation value) {
+    if (FCursorLocation == value)
+        return;
+    CheckInactive();
+    FCursorLocation = value;
+}
+
+void TCustomADODataSet::SetDataSource(TDataSource* value) {
+    if (value && IsLinkedTo(value))
+        DatabaseError(u"Circular datalinks are not allowed", this);
+    FMasterLink.SetDataSource(value);
+}
+
+void TCustomADODataSet::SetRecordset(std::shared_ptr<_Recordset> value) {
+    if (value && value == FRecordset)
+        return;
+    Close();
+    if (!value)
+        return;
+    FGivenRecordset = std::move(value);
+    Open();
+}
+
+int TCustomADODataSet::GetRecordStatus() const {
+    TRecordBuffer buffer = ActiveRecordBuffer();
+    return buffer ? HeaderOf(buffer).RecordStatus : adRecOK;
+}
+
+// Opening.
+
+TFetchProgress TCustomADODataSet::ProgressHandler() {
+    if (!OnFetchProgress)
+        return {};
+    return [this, state = GetState()](std::int64_t rows, std::int64_t count) {
+        const auto narrow = [](std::int64_t value) {
+            return static_cast<int>(std::min<std::int64_t>(value, INT32_MAX));
+        };
+        TEventStatus status = esOK;
+        FireOrLeave(OnFetchProgress, this, narrow(rows), narrow(count), status);
+        return status != esCancel && GetState() == state;
+    };
+}
+
+std::shared_ptr<_Recordset> TCustomADODataSet::OpenRecordset() {
+    TRecordsetQuery query;
+    query.ConnectionString = FConnectionString;
+    if (FCommandText.empty())
+        DatabaseError(u"The dataset has no CommandText", this);
+    const TParsedStatement parsed = ParseStatement(FCommandText);
+    query.Statement = parsed.Text;
+    int nameless = 0;
+    for (const String& name : parsed.Names) {
+        const TParameter* parameter = FParameters.ParamByName(name.empty() ? u"Param" + IntToStr(++nameless) : name);
+        TRecordsetQuery::TParameterValue value{DataValueOf(TFieldValue::Of(parameter->GetValue())), adEmpty};
+        if (std::holds_alternative<TMoment>(value.Value))
+            value.Type = parameter->GetDataType() == ftDate   ? adDBDate
+                         : parameter->GetDataType() == ftTime ? adDBTime
+                                                              : adDBTimeStamp;
+        query.Parameters.push_back(std::move(value));
+    }
+    query.Progress = ProgressHandler();
+    return OpenQuery(query);
+}
+
+void TCustomADODataSet::InternalOpen() {
+    TakeMasterValues();
+    FRecordset = FGivenRecordset ? FGivenRecordset : OpenRecordset();
+    SetBookmarkSize(FRecordset->Supports(adBookmark) ? static_cast<int>(sizeof(OleVariant)) : 0);
+    FCanModify = FRecordset->Supports(adUpdate);
+    ReadFieldDefs();
+    if (GetDefaultFields())
+        CreateFields();
+    BindFields(true);
+    FSlotCount = GetFieldCount();
+}
+
+void TCustomADODataSet::ReadFieldDefs() {
+    TFieldDefs& defs = *GetFieldDefs();
+    FColumnTypes.clear();
+    TNameMap<int> taken;
+    WithinUpdate(defs, [&] {
+        defs.Clear();
+        for (int i = 0; i < FRecordset->GetColumnCount(); ++i) {
+            const TColumnInfo& column = FRecordset->GetColumn(i);
+            FColumnTypes.push_back(column.Type);
+            TFieldDef* def = defs.AddFieldDef();
+            const String name = column.Name.empty() ? u"Column" + IntToStr(i + 1) : column.Name;
+            String unique = name;
+            for (int number = 1; !taken.emplace(unique, i).second; ++number)
+                unique = name + u"_" + IntToStr(number);
+            def->SetName(unique);
+            def->SetDataType(FieldTypeOf(column));
+            const bool isExact = column.Type == adNumeric || column.Type == adCurrency;
+            def->SetSize(isExact ? column.Scale : static_cast<int>(std::min<std::int64_t>(column.Size, INT32_MAX)));
+            def->SetPrecision(column.Precision);
+            TFieldAttributes attributes;
+            if (column.ReadOnly)
+                attributes << faReadonly;
+            if (!column.Nullable && !column.AutoIncrement && !column.ReadOnly)
+                attributes << faRequired;
+            def->SetAttributes(attributes);
+        }
+    });
+}
+
+void TCustomADODataSet::InternalClose() {
+    DestroyLookupCursor();
+    FGivenRecordset.reset();
+    FRecordset.reset();
+    FColumnTypes.clear();
+    FCanModify = false;
+}
+
+// Record buffers.
+
+TRecordBuffer TCustomADODataSet::AllocRecordBuffer() {
+    const auto slots = static_cast<std::size_t>(FSlotCount);
+    auto* buffer = new unsigned char[sizeof(TRecInfo) + slots * sizeof(OleVariant)];
+    new (buffer) TRecInfo;
+    std::uninitialized_default_construct_n(ValuesOf(buffer), slots);
+    return buffer;
+}
+
+void TCustomADODataSet::FreeRecordBuffer(TRecordBuffer buffer) {
+    std::destroy_n(ValuesOf(buffer), static_cast<std::size_t>(FSlotCount));
+    HeaderOf(buffer).~TRecInfo();
+    delete[] buffer;
+}
+
+void TCustomADODataSet::FinalizeValues(TRecordBuffer buffer, int count) {
+    OleVariant* values = ValuesOf(buffer);
+    for (int i = 0; i < count; ++i)
+        values[i].Clear();
+}
+
+void TCustomADODataSet::ClearCalcFields(TRecordBuffer buffer) {
+    for (const TField* field : GetFields()) {
+        if (field->GetCalculated())
+            ValuesOf(buffer)[SlotOf(*field)].Clear();
+    }
+}
+
+void TCustomADODataSet::InternalInitRecord(TRecordBuffer buffer) {
+    TRecInfo& header = HeaderOf(buffer);
+    header.Bookmark.Clear();
+    header.BookmarkFlag = bfInserted;
+    header.RecordStatus = adRecNew;
+    header.RecordNumber = -1;
+    FinalizeValues(buffer, FSlotCount);
+}
+
+TBookmarkFlag TCustomADODataSet::GetBookmarkFlag(TRecordBuffer buffer) const {
+    return HeaderOf(buffer).BookmarkFlag;
+}
+
+void TCustomADODataSet::SetBookmarkFlag(TRecordBuffer buffer, TBookmarkFlag value) {
+    HeaderOf(buffer).BookmarkFlag = value;
+}
+
+TBookmark TCustomADODataSet::GetBookmarkData(TRecordBuffer buffer) const {
+    return TBookmark(HeaderOf(buffer).Bookmark);
+}
+
+void TCustomADODataSet::SetBookmarkData(TRecordBuffer buffer, const TBookmark& value) {
+    HeaderOf(buffer).Bookmark = value.Value();
+}
+
+// Values.
+
+/// A value of the recordset's row.
+TFieldValue TCustomADODataSet::ReadColumn(int column) const {
+    const _Recordset& rows = *FRecordset;
+    if (rows.IsNull(column))
+        return TFieldValue::Null();
+    switch (FColumnTypes[static_cast<std::size_t>(column)]) {
+    case adSmallInt:
+    case adInteger:
+    case adTinyInt:
+    case adUnsignedTinyInt:
+    case adUnsignedSmallInt:
+    case adUnsignedInt:
+    case adBigInt:
+        return TFieldValue::Integer(rows.GetInt64(column));
+    case adSingle:
+    case adDouble:
+        return TFieldValue::Float(rows.GetDouble(column));
+    case adCurrency:
+    case adNumeric: {
+        TNumeric number;
+        return rows.TryGetNumeric(column, number) ? TFieldValue::Decimal(number)
+                                                  : TFieldValue::Text(rows.GetText(column));
+    }
+    case adBoolean:
+        return TFieldValue::Boolean(rows.GetBoolean(column));
+    case adGUID:
+        return TFieldValue::Guid(rows.GetGuid(column));
+    case adDBDate:
+    case adDBTime:
+    case adDBTimeStamp:
+        return TFieldValue::Date(rows.GetMoment(column).AsDateTime());
+    case adWChar:
+    case adVarWChar:
+    case adLongVarWChar:
+        return TFieldValue::Text(rows.GetText(column));
+    case adBinary:
+    case adVarBinary:
+    case adLongVarBinary:
+        return TFieldValue::Bytes(rows.GetBytes(column));
+    case adEmpty:
+        break;
+    }
+    return TFieldValue::Null();
+}
+
+bool TCustomADODataSet::IsNewRecord(TRecordBuffer buffer) const {
+    return HeaderOf(buffer).RecordStatus == adRecNew;
+}
+
+TFieldValue TCustomADODataSet::GetFieldData(const TField& field) {
+    TRecordBuffer buffer = ActiveRecordBuffer();
+    if (!buffer)
+        return TFieldValue::Null();
+    const bool wantsStored = GetState() == dsOldValue;
+    if (!wantsStored) {
+        const OleVariant& value = ValuesOf(buffer)[SlotOf(field)];
+        if (!value.IsEmpty())
+            return value.View();
+    }
+    if (field.GetFieldNo() == 0 || IsNewRecord(buffer))
+        return TFieldValue::Null();
+    if (!IsTemporary(buffer))
+        UpdateCursorPos();
+    return ReadColumn(field.GetFieldNo() - 1);
+}
+
+void TCustomADODataSet::SetFieldData(TField& field, const TFieldValue& value) {
+    ValuesOf(ActiveRecordBuffer())[SlotOf(field)] = OleVariant(value);
+}
+
+// Editing.
+
+void TCustomADODataSet::CheckCanModify() {
+    if (FCanModify)
+        return;
+    // The recordset knows why not.
+    if (FRecordset) {
+        FRecordset->AddNew();
+        FRecordset->CancelUpdate();
+    }
+    TDataSet::CheckCanModify();
+}
+
+std::vector<TColumnValue> TCustomADODataSet::ChangedValues() {
+    std::vector<TColumnValue> changed;
+    TRecordBuffer buffer = ActiveBuffer();
+    const bool isNew = IsNewRecord(buffer);
+    for (const TField* field : GetFields()) {
+        const OleVariant& value = ValuesOf(buffer)[SlotOf(*field)];
+        if (value.IsEmpty() || field->GetFieldNo() == 0)
+            continue;
+        const int column = field->GetFieldNo() - 1;
+        if (!isNew && OleVariant(ReadColumn(column)) == value)
+            continue; // as it was: nobody else's change of this column is in the way
+        changed.push_back({column, DataValueOf(value.View())});
+    }
+    return changed;
+}
+
+void TCustomADODataSet::InternalPost() {
+    const bool isNew = GetState() == dsInsert;
+    const std::vector<TColumnValue> values = ChangedValues();
+    if (!isNew) {
+        if (!values.empty())
+            FRecordset->Update(values);
+        return;
+    }
+    FRecordset->AddNew();
+    try {
+        FRecordset->Update(values);
+    } catch (...) {
+        FRecordset->CancelUpdate();
+        throw;
+    }
+}
+
+void TCustomADODataSet::InternalCancel() {
+    FinalizeValues(ActiveBuffer(), FSlotCount);
+}
+
+void TCustomADODataSet::InternalDelete() {
+    FRecordset->Delete();
+    if (!FRecordset->GetEOF())
+        FRecordset->MoveNext();
+}
+
+// Refreshing.
+
+void TCustomADODataSet::Requery() {
+    if (!FRecordset->Supports(adResync))
+        return;
+    // Kept alive here, should a handler of the progress free the dataset.
+    const std::shared_ptr<_Recordset> rows = FRecordset;
+    rows->Requery(ProgressHandler());
+}
+
+void TCustomADODataSet::InternalRefresh() {
+    if (!FRecordset->Supports(adResync))
+        return;
+    const TRowKey key = KeyOfRow();
+    Requery();
+    GoToRow(key);
+}
+
+TCustomADODataSet::TRowKey TCustomADODataSet::KeyOfRow() const {
+    TRowKey key;
+    key.Position = FRecordset->GetAbsolutePosition();
+    if (key.Position < 1)
+        return key;
+    for (int i = 0; i < FRecordset->GetColumnCount(); ++i) {
+        if (FRecordset->GetColumn(i).Key)
+            key.Values.emplace_back(ReadColumn(i));
+    }
+    return key;
+}
+
+/// To the row with this key, which mostly is where it was; if it is gone, to the one in its place.
+void TCustomADODataSet::GoToRow(const TRowKey& key) {
+    const int count = FRecordset->GetRecordCount();
+    if (count == 0 || key.Position < 1)
+        return;
+    const int position = std::min(key.Position, count);
+    FRecordset->SetAbsolutePosition(position);
+    if (key.Values.empty() || KeyOfRow().Values == key.Values)
+        return;
+    for (FRecordset->MoveFirst(); !FRecordset->GetEOF(); FRecordset->MoveNext()) {
+        if (KeyOfRow().Values == key.Values)
+            return;
+    }
+    FRecordset->SetAbsolutePosition(position);
+}
+
+// Master and detail.
+
+void TCustomADODataSet::TakeMasterValues() {
+    const TDataSet* master = FMasterLink.GetActive() ? FMasterLink.GetDataSet() : nullptr;
+    if (!master)
+        return;
+    for (int i = 0; i < FParameters.GetCount(); ++i) {
+        TParameter& parameter = *FParameters.GetItem(i);
+        if (const TField* field = master->FindField(parameter.GetName())) {
+            parameter.SetValue(field->GetAsVariant());
+            parameter.SetDataType(field->GetDataType());
+        }
+    }
+}
+
+void TCustomADODataSet::MasterChanged() {
+    if (!GetActive())
+        return;
+    Operation([&] {
+        CheckBrowseMode();
+        std::vector<Variant> before;
+        for (int i = 0; i < FParameters.GetCount(); ++i)
+            before.push_back(FParameters.GetItem(i)->GetValue());
+        TakeMasterValues();
+        bool differs = false;
+        for (int i = 0; i < FParameters.GetCount(); ++i)
+            differs = differs || before[static_cast<std::size_t>(i)] != FParameters.GetItem(i)->GetValue();
+        if (differs && !FGivenRecordset)
+            FRecordset = OpenRecordset();
+        FillFrom(false);
+        DataEvent(deDataSetChange, 0);
+    });
+}
+
+// Registration.
+
+const TClassInfo& TADODataSet::StaticClass() {
+    static const TClassInfo info = DescribeClass<TADODataSet>(
+        u"TADODataSet", TCustomADODataSet::StaticClass(),
+        {Property<&TADODataSet::GetActive, &TADODataSet::SetActive>(u"Active", false),
+         Property<&TADODataSet::GetAutoCalcFields, &TADODataSet::SetAutoCalcFields>(u"AutoCalcFields", true),
+         Property<&TADODataSet::GetCommandText, &TADODataSet::SetCommandText>(u"CommandText"),
+         Property<&TADODataSet::GetConnectionString, &TADODataSet::SetConnectionString>(u"ConnectionString"),
+         Property<&TADODataSet::GetCursorLocation, &TADODataSet::SetCursorLocation>(u"CursorLocation", clUseClient),
+         Property<&TADODataSet::GetDataSource, &TADODataSet::SetDataSource>(u"DataSource"),
+         Property<&TADODataSet::GetFiltered, &TADODataSet::SetFiltered>(u"Filtered", false),
+         Property<&TADODataSet::GetParamCheck, &TADODataSet::SetParamCheck>(u"ParamCheck", true),
+         Property<&TADODataSet::GetParameters, &TADODataSet::SetParameters>(u"Parameters"),
+         Event<&TADODataSet::BeforeOpen>(u"BeforeOpen"),
+         Event<&TADODataSet::AfterOpen>(u"AfterOpen"),
+         Event<&TADODataSet::BeforeClose>(u"BeforeClose"),
+         Event<&TADODataSet::AfterClose>(u"AfterClose"),
+         Event<&TADODataSet::BeforeInsert>(u"BeforeInsert"),
+         Event<&TADODataSet::AfterInsert>(u"AfterInsert"),
+         Event<&TADODataSet::BeforeEdit>(u"BeforeEdit"),
+         Event<&TADODataSet::AfterEdit>(u"AfterEdit"),
+         Event<&TADODataSet::BeforePost>(u"BeforePost"),
+         Event<&TADODataSet::AfterPost>(u"AfterPost"),
+         Event<&TADODataSet::BeforeCancel>(u"BeforeCancel"),
+         Event<&TADODataSet::AfterCancel>(u"AfterCancel"),
+         Event<&TADODataSet::BeforeDelete>(u"BeforeDelete"),
+         Event<&TADODataSet::AfterDelete>(u"AfterDelete"),
+         Event<&TADODataSet::BeforeScroll>(u"BeforeScroll"),
+         Event<&TADODataSet::AfterScroll>(u"AfterScroll"),
+         Event<&TADODataSet::BeforeRefresh>(u"BeforeRefresh"),
+         Event<&TADODataSet::AfterRefresh>(u"AfterRefresh"),
+         Event<&TADODataSet::OnCalcFields>(u"OnCalcFields"),
+         Event<&TADODataSet::OnDeleteError>(u"OnDeleteError"),
+         Event<&TADODataSet::OnEditError>(u"OnEditError"),
+         Event<&TADODataSet::OnFilterRecord>(u"OnFilterRecord"),
+         Event<&TADODataSet::OnNewRecord>(u"OnNewRecord"),
+         Event<&TADODataSet::OnPostError>(u"OnPostError"),
+         Event<&TADODataSet::OnFetchProgress>(u"OnFetchProgress")});
+    return info;
+}
+
+void RegisterDataClasses() {
+    RegisterFieldClasses();
+    RegisterClasses({&TDataSource::StaticClass(), &TADODataSet::StaticClass()});
+}
+
+} // namespace framework

@@ -1,0 +1,767 @@
+#include "framework/db/fieldclasses.h"
+
+#include "framework/db/olevariant.h"
+#include "framework/system/dates.h"
+#include "framework/system/decimal.h"
+#include "framework/system/numbers.h"
+#include "framework/system/strings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace framework {
+
+using TKind = TFieldValue::TKind;
+
+namespace {
+
+bool IsWholeType(TFieldType type) {
+    switch (type) {
+    case ftSmallint:
+    case ftInteger:
+    case ftWord:
+    case ftAutoInc:
+    case ftLargeint:
+    case ftLongWord:
+    case ftShortint:
+    case ftByte:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool IsNumericType(TFieldType type) {
+    switch (type) {
+    case ftFloat:
+    case ftCurrency:
+    case ftBCD:
+    case ftFMTBcd:
+    case ftExtended:
+    case ftSingle:
+        return true;
+    default:
+        return IsWholeType(type);
+    }
+}
+
+bool IsTextColumn(TFieldType type) {
+    switch (type) {
+    case ftString:
+    case ftMemo:
+    case ftFmtMemo:
+    case ftFixedChar:
+    case ftWideString:
+    case ftFixedWideChar:
+    case ftWideMemo:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool IsBytesColumn(TFieldType type) {
+    switch (type) {
+    case ftBytes:
+    case ftVarBytes:
+    case ftBlob:
+    case ftGraphic:
+    case ftTypedBinary:
+        return true;
+    default:
+        return false;
+    }
+}
+
+TFieldValue KeepText(OleVariant& keeper, StringView text) {
+    keeper = OleVariant(TFieldValue::Text(text));
+    return keeper.View();
+}
+
+TFieldValue KeepBytes(OleVariant& keeper, TBytesView bytes) {
+    keeper = OleVariant(TFieldValue::Bytes(bytes));
+    return keeper.View();
+}
+
+/// The digits of an exact number too wide for 64 bits, as recordsets take them.
+String WideDigits(const TWrittenNumber& number, int decimals) {
+    const auto digits = static_cast<int>(number.Digits.size());
+    String text = number.Negative ? u"-" : u"";
+    const auto digitAt = [&](int place) {
+        return place >= 0 && place < digits ? static_cast<char16_t>(number.Digits[static_cast<std::size_t>(place)])
+                                            : u'0';
+    };
+    for (int place = std::min(0, number.Exponent - 1); place < number.Exponent; ++place)
+        text += digitAt(place);
+    if (decimals > 0)
+        text += u'.';
+    for (int i = 0; i < decimals; ++i)
+        text += digitAt(number.Exponent + i);
+    return text;
+}
+
+} // namespace
+
+// Texts.
+
+const TClassInfo& TStringField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TStringField>(u"TStringField", TField::StaticClass());
+    return info;
+}
+
+TStringField::TStringField(TComponent* owner) : TField(owner) {
+    SetDataType(ftString);
+}
+
+bool TStringField::Accepts(TFieldType columnType) const {
+    return IsTextColumn(columnType) || columnType == ftGuid;
+}
+
+int TStringField::GetDefaultWidth() const {
+    return GetSize() > 0 ? GetSize() : 10;
+}
+
+TFieldValue TStringField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+    const TFieldValue text = value.Kind() == TKind::Text ? value : KeepText(keeper, value.AsString());
+    if (GetSize() > 0 && text.Units().size() > static_cast<std::size_t>(GetSize()))
+        DatabaseError(u"'" + String(text.Units()) + u"' is longer than the " + IntToStr(GetSize()) +
+                      u" characters of field '" + GetDisplayName() + u"'");
+    return text;
+}
+
+const TClassInfo& TWideStringField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TWideStringField>(u"TWideStringField", TStringField::StaticClass());
+    return info;
+}
+
+TWideStringField::TWideStringField(TComponent* owner) : TStringField(owner) {
+    SetDataType(ftWideString);
+}
+
+// Numbers.
+
+const TClassInfo& TNumericField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TNumericField>(
+        u"TNumericField", TField::StaticClass(),
+        {Property<&TNumericField::GetDisplayFormat, &TNumericField::SetDisplayFormat>(u"DisplayFormat"),
+         Property<&TNumericField::GetEditFormat, &TNumericField::SetEditFormat>(u"EditFormat")});
+    return info;
+}
+
+TNumericField::TNumericField(TComponent* owner) : TField(owner) {
+    SetAlignment(taRightJustify);
+}
+
+bool TNumericField::Accepts(TFieldType columnType) const {
+    return IsNumericType(columnType);
+}
+
+void TNumericField::SetDisplayFormat(const String& value) {
+    if (FDisplayFormat == value)
+        return;
+    FDisplayFormat = value;
+    PropertyChanged(false);
+}
+
+void TNumericField::SetEditFormat(const String& value) {
+    if (FEditFormat == value)
+        return;
+    FEditFormat = value;
+    PropertyChanged(false);
+}
+
+// Whole numbers.
+
+const TClassInfo& TLargeintField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TLargeintField>(
+        u"TLargeintField", TNumericField::StaticClass(),
+        {Property<&TLargeintField::FMaxValue, &TLargeintField::FMaxValue>(u"MaxValue", 0),
+         Property<&TLargeintField::FMinValue, &TLargeintField::FMinValue>(u"MinValue", 0)});
+    return info;
+}
+
+TLargeintField::TLargeintField(TComponent* owner, TFieldType type, std::int64_t least, std::int64_t greatest)
+    : TNumericField(owner), FLeast(least), FGreatest(greatest) {
+    SetDataType(type);
+}
+
+bool TLargeintField::Accepts(TFieldType columnType) const {
+    return IsWholeType(columnType);
+}
+
+int TLargeintField::GetDefaultWidth() const {
+    return GetDataType() == ftLargeint ? 15 : 10;
+}
+
+bool TLargeintField::IsValidChar(char16_t unit) const {
+    return unit == u'+' || unit == u'-' || (unit >= u'0' && unit <= u'9');
+}
+
+String TLargeintField::TextOf(const TFieldValue& value, bool display) const {
+    const String& format = FormatFor(display);
+    return format.empty() ? PlainText(value) : FormatFloat(format, static_cast<Extended>(value.AsInteger()));
+}
+
+TFieldValue TLargeintField::Converted(const TFieldValue& value, OleVariant&) const {
+    std::int64_t whole = 0;
+    if (value.Kind() == TKind::Text) {
+        if (!TryStrToInt64(value.Units(), whole))
+            RaiseConversion(value, u"integer value");
+    } else {
+        whole = value.Kind() == TKind::Boolean ? value.Whole() : value.AsInteger();
+    }
+    const bool isNarrowed = FMinValue != 0 || FMaxValue != 0;
+    const std::int64_t least = isNarrowed ? std::max(FLeast, FMinValue) : FLeast;
+    const std::int64_t greatest = isNarrowed ? std::min(FGreatest, FMaxValue) : FGreatest;
+    if (whole < least || whole > greatest)
+        RaiseRange(IntToStr(whole), IntToStr(least), IntToStr(greatest));
+    return TFieldValue::Integer(whole);
+}
+
+const TClassInfo& TIntegerField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TIntegerField>(u"TIntegerField", TLargeintField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TSmallintField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TSmallintField>(u"TSmallintField", TIntegerField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TShortintField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TShortintField>(u"TShortintField", TIntegerField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TByteField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TByteField>(u"TByteField", TIntegerField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TWordField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TWordField>(u"TWordField", TIntegerField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TLongWordField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TLongWordField>(u"TLongWordField", TIntegerField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TAutoIncField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TAutoIncField>(u"TAutoIncField", TIntegerField::StaticClass());
+    return info;
+}
+
+// Floats.
+
+const TClassInfo& TFloatField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TFloatField>(
+        u"TFloatField", TNumericField::StaticClass(),
+        {Property<&TFloatField::GetCurrency, &TFloatField::SetCurrency>(u"Currency", false)
+             .StoredWhen<&TFloatField::IsCurrencyStored>(),
+         Property<&TFloatField::FMaxValue, &TFloatField::FMaxValue>(u"MaxValue"),
+         Property<&TFloatField::FMinValue, &TFloatField::FMinValue>(u"MinValue"),
+         Property<&TFloatField::GetPrecision, &TFloatField::SetPrecision>(u"Precision", DefaultPrecision)});
+    return info;
+}
+
+TFloatField::TFloatField(TComponent* owner, TFieldType type) : TNumericField(owner) {
+    SetDataType(type);
+}
+
+void TFloatField::SetCurrency(bool value) {
+    if (FIsMoney == value)
+        return;
+    FIsMoney = value;
+    PropertyChanged(false);
+}
+
+void TFloatField::SetPrecision(int value) {
+    value = std::clamp(value, 2, DefaultPrecision);
+    if (FPrecision == value)
+        return;
+    FPrecision = value;
+    PropertyChanged(false);
+}
+
+bool TFloatField::IsValidChar(char16_t unit) const {
+    return unit == u'+' || unit == u'-' || unit == u'E' || unit == u'e' || (unit >= u'0' && unit <= u'9') ||
+           unit == FormatSettings().DecimalSeparator;
+}
+
+String TFloatField::TextOf(const TFieldValue& value, bool display) const {
+    const double number = value.AsFloat();
+    if (const String& format = FormatFor(display); !format.empty())
+        return FormatFloat(format, number);
+    if (!FIsMoney)
+        return FloatToStrF(number, ffGeneral, FPrecision, 0);
+    return FloatToStrF(number, display ? ffCurrency : ffFixed, FPrecision, FormatSettings().CurrencyDecimals);
+}
+
+TFieldValue TFloatField::Converted(const TFieldValue& value, OleVariant&) const {
+    double number = 0;
+    if (value.Kind() == TKind::Text) {
+        if (!TryStrToFloat(value.Units(), number))
+            RaiseConversion(value, u"floating point value");
+    } else {
+        number = value.Kind() == TKind::Boolean ? static_cast<double>(value.Whole()) : value.AsFloat();
+    }
+    if ((FMinValue != 0 || FMaxValue != 0) && !(number >= FMinValue && number <= FMaxValue))
+        RaiseRange(FloatToStr(number), FloatToStr(FMinValue), FloatToStr(FMaxValue));
+    return TFieldValue::Float(number);
+}
+
+const TClassInfo& TSingleField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TSingleField>(u"TSingleField", TFloatField::StaticClass());
+    return info;
+}
+
+TSingleField::TSingleField(TComponent* owner) : TFloatField(owner, ftSingle) {
+}
+
+String TSingleField::PlainText(const TFieldValue& value) const {
+    return FloatToStrF(value.AsFloat(), ffGeneral, SingleDigits, 0);
+}
+
+String TSingleField::TextOf(const TFieldValue& value, bool display) const {
+    return FormatFor(display).empty() && !GetCurrency() ? PlainText(value) : TFloatField::TextOf(value, display);
+}
+
+const TClassInfo& TCurrencyField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TCurrencyField>(u"TCurrencyField", TFloatField::StaticClass());
+    return info;
+}
+
+TCurrencyField::TCurrencyField(TComponent* owner) : TFloatField(owner, ftCurrency) {
+    SetCurrency(true);
+}
+
+// Exact decimal numbers.
+
+const TClassInfo& TFMTBCDField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TFMTBCDField>(
+        u"TFMTBCDField", TNumericField::StaticClass(),
+        {Property<&TFMTBCDField::GetCurrency, &TFMTBCDField::SetCurrency>(u"Currency", false),
+         Property<&TFMTBCDField::FMaxValue, &TFMTBCDField::FMaxValue>(u"MaxValue"),
+         Property<&TFMTBCDField::FMinValue, &TFMTBCDField::FMinValue>(u"MinValue"),
+         Property<&TFMTBCDField::FPrecision, &TFMTBCDField::FPrecision>(u"Precision", 0)});
+    return info;
+}
+
+TFMTBCDField::TFMTBCDField(TComponent* owner, TFieldType type) : TNumericField(owner) {
+    SetDataType(type);
+}
+
+void TFMTBCDField::SetCurrency(bool value) {
+    if (FIsMoney == value)
+        return;
+    FIsMoney = value;
+    PropertyChanged(false);
+}
+
+bool TFMTBCDField::IsValidChar(char16_t unit) const {
+    return unit == u'+' || unit == u'-' || (unit >= u'0' && unit <= u'9') || unit == FormatSettings().DecimalSeparator;
+}
+
+/// A number that is too wide travels as digits with a point, which is not what the settings know as separator.
+TFieldValue TFMTBCDField::Readable(const TFieldValue& value) const {
+    double number = 0;
+    if (value.Kind() == TKind::Text && TryStrToFloat(value.Units(), number, TFormatSettings::Invariant()))
+        return TFieldValue::Float(number);
+    return value;
+}
+
+double TFMTBCDField::GetAsFloat() const {
+    return Readable(GetData()).AsFloat();
+}
+
+Currency TFMTBCDField::GetAsCurrency() const {
+    return Readable(GetData()).AsCurrency();
+}
+
+Variant TFMTBCDField::GetAsVariant() const {
+    const TFieldValue value = Readable(GetData());
+    return value.IsNull() ? Variant::Null() : value.AsVariant();
+}
+
+String TFMTBCDField::GetAsString() const {
+    const TFieldValue value = GetData();
+    return value.IsNull() ? String() : PlainText(value);
+}
+
+String TFMTBCDField::PlainText(const TFieldValue& value) const {
+    String text = value.AsString();
+    if (value.Kind() == TKind::Text)
+        std::replace(text.begin(), text.end(), u'.', FormatSettings().DecimalSeparator);
+    return text;
+}
+
+String TFMTBCDField::TextOf(const TFieldValue& value, bool display) const {
+    const String& format = FormatFor(display);
+    const bool isPlain = format.empty() && !FIsMoney;
+    if (isPlain || value.Kind() == TKind::Text)
+        return PlainText(value);
+    Extended number = value.AsFloat();
+    if (value.Kind() == TKind::Decimal)
+        number = static_cast<Extended>(value.Whole()) / std::pow(Extended(10), value.Scale());
+    if (!format.empty())
+        return FormatFloat(format, number);
+    return FloatToStrF(number, display ? ffCurrency : ffFixed, 18, FormatSettings().CurrencyDecimals);
+}
+
+TFieldValue TFMTBCDField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+    const bool isText = value.Kind() == TKind::Text;
+    const char16_t separator = FormatSettings().DecimalSeparator;
+    TWrittenNumber number;
+    // The digits of a float are those that a person sees, so that 0.1 becomes 0.1.
+    const String text = isText                           ? String(value.Units())
+                        : value.Kind() == TKind::Boolean ? IntToStr(value.Whole())
+                        : value.Kind() == TKind::Float   ? FloatToStr(value.AsFloat())
+                        : value.Kind() == TKind::Date    ? FloatToStr(value.AsFloat())
+                                                         : value.AsString();
+    if (!TryParseNumber(text, separator, number))
+        RaiseConversion(value, u"decimal value");
+    const int decimals = GetSize();
+    TNumeric exact{0, decimals};
+    const bool fits = TryMakeScaled(number, decimals, exact.Units);
+    const auto wholeDigits = number.Digits.empty() ? 0 : number.Exponent;
+    if (FPrecision > 0 && wholeDigits > FPrecision - decimals)
+        DatabaseError(text + u" has more digits than field '" + GetDisplayName() + u"' can hold");
+    if (FMinValue != framework::Currency() || FMaxValue != framework::Currency()) {
+        const auto asMoney = fits ? TFieldValue::Decimal(exact).AsFloat() : 0;
+        if (!fits || asMoney < FMinValue.AsFloat() || asMoney > FMaxValue.AsFloat())
+            RaiseRange(text, CurrToStr(FMinValue), CurrToStr(FMaxValue));
+    }
+    return fits ? TFieldValue::Decimal(exact) : KeepText(keeper, WideDigits(number, decimals));
+}
+
+const TClassInfo& TBCDField::StaticClass() {
+    static const TClassInfo info =
+        DescribeClass<TBCDField>(u"TBCDField", TFMTBCDField::StaticClass(),
+                                 {Property<&TBCDField::GetSize, &TBCDField::SetSize>(u"Size", Currency::decimals)});
+    return info;
+}
+
+TBCDField::TBCDField(TComponent* owner) : TFMTBCDField(owner, ftBCD) {
+    SetSize(framework::Currency::decimals);
+}
+
+// Truth values.
+
+const TClassInfo& TBooleanField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TBooleanField>(
+        u"TBooleanField", TField::StaticClass(),
+        {Property<&TBooleanField::GetDisplayValues, &TBooleanField::SetDisplayValues>(u"DisplayValues")});
+    return info;
+}
+
+TBooleanField::TBooleanField(TComponent* owner) : TField(owner) {
+    SetDataType(ftBoolean);
+}
+
+bool TBooleanField::Accepts(TFieldType columnType) const {
+    return columnType == ftBoolean || IsWholeType(columnType);
+}
+
+void TBooleanField::SetDisplayValues(const String& value) {
+    if (FDisplayValues == value)
+        return;
+    FDisplayValues = value;
+    PropertyChanged(true);
+}
+
+String TBooleanField::TextFor(bool value) const {
+    if (FDisplayValues.empty())
+        return value ? u"True" : u"False";
+    const std::size_t split = FDisplayValues.find(u';');
+    if (value)
+        return FDisplayValues.substr(0, split);
+    return split == String::npos ? String() : FDisplayValues.substr(split + 1);
+}
+
+int TBooleanField::GetDefaultWidth() const {
+    return static_cast<int>(std::max(TextFor(true).size(), TextFor(false).size()));
+}
+
+String TBooleanField::TextOf(const TFieldValue& value, bool) const {
+    return TextFor(value.AsBoolean());
+}
+
+String TBooleanField::PlainText(const TFieldValue& value) const {
+    return TextFor(value.AsBoolean());
+}
+
+TFieldValue TBooleanField::Converted(const TFieldValue& value, OleVariant&) const {
+    if (value.Kind() != TKind::Text)
+        return TFieldValue::Boolean(value.AsBoolean());
+    const auto begins = [&](const String& text) {
+        return !text.empty() && AnsiSameText(StringView(text).substr(0, value.Units().size()), value.Units());
+    };
+    if (begins(TextFor(true)))
+        return TFieldValue::Boolean(true);
+    if (!begins(TextFor(false)) && !(TextFor(false).empty() && value.Units().empty()))
+        RaiseConversion(value, u"boolean value");
+    return TFieldValue::Boolean(false);
+}
+
+// Dates and times.
+
+const TClassInfo& TDateTimeField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TDateTimeField>(
+        u"TDateTimeField", TField::StaticClass(),
+        {Property<&TDateTimeField::GetDisplayFormat, &TDateTimeField::SetDisplayFormat>(u"DisplayFormat")});
+    return info;
+}
+
+TDateTimeField::TDateTimeField(TComponent* owner, TFieldType type) : TField(owner) {
+    SetDataType(type);
+}
+
+void TDateTimeField::SetDisplayFormat(const String& value) {
+    if (FDisplayFormat == value)
+        return;
+    FDisplayFormat = value;
+    PropertyChanged(false);
+}
+
+bool TDateTimeField::Accepts(TFieldType columnType) const {
+    return columnType == ftDate || columnType == ftTime || columnType == ftDateTime || columnType == ftTimeStamp;
+}
+
+int TDateTimeField::GetDefaultWidth() const {
+    return GetDataType() == ftDateTime ? 18 : 10;
+}
+
+String TDateTimeField::PlainText(const TFieldValue& value) const {
+    const TDateTime moment = value.AsDate();
+    switch (GetDataType()) {
+    case ftDate:
+        return DateToStr(moment);
+    case ftTime:
+        return TimeToStr(moment);
+    default:
+        return DateTimeToStr(moment);
+    }
+}
+
+String TDateTimeField::TextOf(const TFieldValue& value, bool display) const {
+    return display && !FDisplayFormat.empty() ? FormatDateTime(FDisplayFormat, value.AsDate()) : PlainText(value);
+}
+
+TFieldValue TDateTimeField::Converted(const TFieldValue& value, OleVariant&) const {
+    TDateTime moment = 0;
+    if (value.Kind() != TKind::Text) {
+        moment = value.AsDate();
+    } else {
+        const bool isRead = GetDataType() == ftDate   ? TryStrToDate(value.Units(), moment)
+                            : GetDataType() == ftTime ? TryStrToTime(value.Units(), moment)
+                                                      : TryStrToDateTime(value.Units(), moment);
+        if (!isRead)
+            RaiseConversion(value, GetDataType() == ftTime ? u"time" : u"date");
+    }
+    if (YearOf(moment) == 0)
+        RaiseConversion(TFieldValue::Float(moment), u"date");
+    if (GetDataType() == ftDate)
+        moment = DateOf(moment);
+    else if (GetDataType() == ftTime)
+        moment = TimeOf(moment);
+    return TFieldValue::Date(moment);
+}
+
+const TClassInfo& TDateField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TDateField>(u"TDateField", TDateTimeField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TTimeField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TTimeField>(u"TTimeField", TDateTimeField::StaticClass());
+    return info;
+}
+
+// Blocks of bytes, and long texts.
+
+const TClassInfo& TBlobField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TBlobField>(u"TBlobField", TField::StaticClass());
+    return info;
+}
+
+TBlobField::TBlobField(TComponent* owner, TFieldType type) : TField(owner) {
+    SetDataType(type);
+}
+
+bool TBlobField::Accepts(TFieldType columnType) const {
+    return IsBytesColumn(columnType);
+}
+
+int TBlobField::GetBlobSize() const {
+    const TFieldValue value = GetData();
+    return static_cast<int>(value.Kind() == TKind::Text ? value.Units().size() : value.Octets().size());
+}
+
+String TBlobField::TextOf(const TFieldValue& value, bool) const {
+    const String kind = u"(" + DescribeEnum(ftUnknown).Names[GetDataType()].substr(2) + u")";
+    return value.IsNull() ? kind : UpperCase(kind);
+}
+
+TFieldValue TBlobField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+    if (value.Kind() == TKind::Bytes)
+        return value;
+    const String text = value.AsString();
+    TBytes bytes(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] > 0xFF)
+            DatabaseError(u"A text with characters beyond U+00FF cannot be the bytes of field '" + GetDisplayName() +
+                          u"'");
+        bytes[i] = static_cast<std::uint8_t>(text[i]);
+    }
+    return KeepBytes(keeper, bytes);
+}
+
+const TClassInfo& TGraphicField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TGraphicField>(u"TGraphicField", TBlobField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TMemoField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TMemoField>(u"TMemoField", TBlobField::StaticClass());
+    return info;
+}
+
+bool TMemoField::Accepts(TFieldType columnType) const {
+    return IsTextColumn(columnType);
+}
+
+TFieldValue TMemoField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+    if (value.Kind() == TKind::Text)
+        return value;
+    if (value.Kind() != TKind::Bytes)
+        return KeepText(keeper, value.AsString());
+    const TBytesView bytes = value.Octets();
+    return KeepText(keeper, Utf8Decode({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+}
+
+const TClassInfo& TWideMemoField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TWideMemoField>(u"TWideMemoField", TMemoField::StaticClass());
+    return info;
+}
+
+const TClassInfo& TVarBytesField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TVarBytesField>(u"TVarBytesField", TBlobField::StaticClass());
+    return info;
+}
+
+TFieldValue TVarBytesField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+    const TFieldValue bytes = TBlobField::Converted(value, keeper);
+    if (GetSize() > 0 && bytes.Octets().size() > static_cast<std::size_t>(GetSize()))
+        DatabaseError(u"Field '" + GetDisplayName() + u"' holds no more than " + IntToStr(GetSize()) + u" bytes");
+    return bytes;
+}
+
+const TClassInfo& TBytesField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TBytesField>(u"TBytesField", TVarBytesField::StaticClass());
+    return info;
+}
+
+// Identifiers.
+
+const TClassInfo& TGuidField::StaticClass() {
+    static const TClassInfo info = DescribeClass<TGuidField>(u"TGuidField", TField::StaticClass());
+    return info;
+}
+
+TGuidField::TGuidField(TComponent* owner) : TField(owner) {
+    SetDataType(ftGuid);
+}
+
+bool TGuidField::Accepts(TFieldType columnType) const {
+    return columnType == ftGuid || IsTextColumn(columnType);
+}
+
+TGUID TGuidField::GetAsGuid() const {
+    const TFieldValue value = GetData();
+    if (value.Kind() == TKind::Guid)
+        return value.GuidValue();
+    TGUID guid;
+    if (!value.IsNull() && !TryStringToGUID(value.AsString(), guid))
+        RaiseConversion(value, u"identifier");
+    return guid;
+}
+
+void TGuidField::SetAsGuid(const TGUID& value) {
+    SetData(TFieldValue::Guid(value));
+}
+
+TFieldValue TGuidField::Converted(const TFieldValue& value, OleVariant&) const {
+    return value.Kind() == TKind::Guid ? value : TFieldValue::Guid(StringToGUID(value.AsString()));
+}
+
+// The classes by kind of column.
+
+namespace {
+
+struct TFieldMaker {
+    TFieldType Type;
+    const TClassInfo& (*Class)();
+    TField* (*Create)(TComponent* owner);
+};
+
+template <class T>
+TField* Create(TComponent* owner) {
+    return new T(owner);
+}
+
+template <class T>
+constexpr TFieldMaker MakerOf(TFieldType type) {
+    return {type, &T::StaticClass, &Create<T>};
+}
+
+constexpr TFieldMaker fieldMakers[] = {
+    MakerOf<TStringField>(ftString),
+    MakerOf<TSmallintField>(ftSmallint),
+    MakerOf<TIntegerField>(ftInteger),
+    MakerOf<TWordField>(ftWord),
+    MakerOf<TBooleanField>(ftBoolean),
+    MakerOf<TFloatField>(ftFloat),
+    MakerOf<TCurrencyField>(ftCurrency),
+    MakerOf<TBCDField>(ftBCD),
+    MakerOf<TDateField>(ftDate),
+    MakerOf<TTimeField>(ftTime),
+    MakerOf<TDateTimeField>(ftDateTime),
+    MakerOf<TBytesField>(ftBytes),
+    MakerOf<TVarBytesField>(ftVarBytes),
+    MakerOf<TAutoIncField>(ftAutoInc),
+    MakerOf<TBlobField>(ftBlob),
+    MakerOf<TMemoField>(ftMemo),
+    MakerOf<TGraphicField>(ftGraphic),
+    MakerOf<TStringField>(ftFixedChar),
+    MakerOf<TWideStringField>(ftWideString),
+    MakerOf<TLargeintField>(ftLargeint),
+    MakerOf<TGuidField>(ftGuid),
+    MakerOf<TDateTimeField>(ftTimeStamp),
+    MakerOf<TFMTBCDField>(ftFMTBcd),
+    MakerOf<TWideStringField>(ftFixedWideChar),
+    MakerOf<TWideMemoField>(ftWideMemo),
+    MakerOf<TLongWordField>(ftLongWord),
+    MakerOf<TShortintField>(ftShortint),
+    MakerOf<TByteField>(ftByte),
+    MakerOf<TFloatField>(ftExtended),
+    MakerOf<TSingleField>(ftSingle),
+};
+
+} // namespace
+
+TField* CreateFieldOf(TFieldType type, TComponent* owner) {
+    for (const TFieldMaker& maker : fieldMakers) {
+        if (maker.Type == type)
+            return maker.Create(owner);
+    }
+    return nullptr;
+}
+
+void RegisterFieldClasses() {
+    for (const TFieldMaker& maker : fieldMakers)
+        RegisterClasses({&maker.Class()});
+}
+
+} // namespace framework
