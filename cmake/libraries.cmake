@@ -2,6 +2,9 @@
 
 set(ZOR_LIBRARY_ROOMS foundation controls numeric datetime lists data buttons)
 
+# Units of the library that are portable as a whole, beside the rules files.
+set(portableUnits data/Zoradodataset.cpp)
+
 # Sources of the given rooms; without Windows only those of portable rooms and the rules files of the others.
 function(zor_collect_sources result)
     set(found)
@@ -14,6 +17,14 @@ function(zor_collect_sources result)
         file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${room}/${pattern}")
         list(APPEND found ${sources})
     endforeach()
+    if(NOT WIN32)
+        foreach(unit IN LISTS portableUnits)
+            get_filename_component(room ${unit} DIRECTORY)
+            if(room IN_LIST ARGN)
+                list(APPEND found ${PROJECT_SOURCE_DIR}/${unit})
+            endif()
+        endforeach()
+    endif()
     set(${result} ${found} PARENT_SCOPE)
 endfunction()
 

@@ -10,6 +10,7 @@
 #include "controls/Zormonthcalendar.h"
 #include "controls/Zorrichedit.h"
 #include "controls/Zorscrollbox.h"
+#include "data/Zoradodataset.h"
 #include "data/Zorvirtualstringtree.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
@@ -22,6 +23,8 @@
 namespace ZOR {
 
 void RegisterPackage() {
+    framework::RegisterDataClasses();
+    Zoradodataset::Register();
     Zorcheckbox::Register();
     Zorchecklistbox::Register();
     Zorcolorbutton::Register();
