@@ -74,6 +74,9 @@ endif()
 
 zor_add_library(framework ${frameworkSources})
 set(frameworkScope ${zor_scope})
+if(ZOR_HAS_ODBC)
+    target_compile_definitions(framework PRIVATE FRAMEWORK_HAS_ODBC)
+endif()
 if(WIN32)
     target_link_libraries(framework ${frameworkScope}
         user32 gdi32 msimg32 comctl32 comdlg32 uxtheme dwmapi imm32 shell32 shlwapi

@@ -1,6 +1,7 @@
 #include "framework/db/adodataset.h"
 
 #include "framework/db/fieldclasses.h"
+#include "framework/db/odbcopener.h"
 #include "framework/system/numbers.h"
 #include "framework/system/updates.h"
 
@@ -16,10 +17,14 @@ TRecordsetOpener& Opener() {
     return opener;
 }
 
-std::shared_ptr<_Recordset> OpenQuery(const TRecordsetQuery& query) {
+std::shared_ptr<_Recordset> OpenQuery(TRecordsetQuery& query) {
     if (const TRecordsetOpener opener = Opener())
         return opener(query);
+#ifdef FRAMEWORK_HAS_ODBC
+    return OpenThroughOdbc(query);
+#else
     DatabaseError(u"This program was built without ODBC");
+#endif
 }
 
 } // namespace
@@ -136,6 +141,12 @@ void TCustomADODataSet::SetConnectionString(const String& value) {
     FConnectionString = value;
 }
 
+void TCustomADODataSet::SetConnection(std::shared_ptr<TOdbcConnection> value) {
+    CheckInactive();
+    FConnection = std::move(value);
+    FSharesConnection = FConnection != nullptr;
+}
+
 void TCustomADODataSet::SetCommandText(const String& value) {
     if (FCommandText == value)
         return;
@@ -198,7 +209,7 @@ std::shared_ptr<_Recordset> TCustomADODataSet::OpenRecordset() {
     int nameless = 0;
     for (const String& name : parsed.Names) {
         const TParameter* parameter = FParameters.ParamByName(name.empty() ? u"Param" + IntToStr(++nameless) : name);
-        TRecordsetQuery::TParameterValue value{DataValueOf(TFieldValue::Of(parameter->GetValue())), adEmpty};
+        TSqlParameter value{DataValueOf(TFieldValue::Of(parameter->GetValue())), adEmpty};
         if (std::holds_alternative<TMoment>(value.Value))
             value.Type = parameter->GetDataType() == ftDate   ? adDBDate
                          : parameter->GetDataType() == ftTime ? adDBTime
@@ -206,7 +217,10 @@ std::shared_ptr<_Recordset> TCustomADODataSet::OpenRecordset() {
         query.Parameters.push_back(std::move(value));
     }
     query.Progress = ProgressHandler();
-    return OpenQuery(query);
+    query.Connection = FConnection;
+    std::shared_ptr<_Recordset> rows = OpenQuery(query);
+    FConnection = std::move(query.Connection);
+    return rows;
 }
 
 void TCustomADODataSet::InternalOpen() {
@@ -254,6 +268,8 @@ void TCustomADODataSet::InternalClose() {
     DestroyLookupCursor();
     FGivenRecordset.reset();
     FRecordset.reset();
+    if (!FSharesConnection)
+        FConnection.reset();
     FColumnTypes.clear();
     FCanModify = false;
 }

@@ -7,10 +7,12 @@
 #include "framework/db/parameters.h"
 #include "framework/db/recordinfo.h"
 #include "framework/db/recordset.h"
+#include "framework/db/sqlstatement.h"
 
 namespace framework {
 
 class TCustomADODataSet;
+class TOdbcConnection;
 
 /// Where the rows of a recordset are. All recordsets of this library keep them at the client.
 enum TCursorLocation { clUseServer, clUseClient };
@@ -25,16 +27,13 @@ using TFetchProgressEvent =
 
 /// What a dataset asks of a database.
 struct TRecordsetQuery {
-    struct TParameterValue {
-        TDataValue Value;
-        DataTypeEnum Type = adEmpty; ///< adEmpty where the value tells enough
-    };
     String ConnectionString;
-    String Statement; ///< with `?` for each parameter
-    std::vector<TParameterValue> Parameters;
+    std::shared_ptr<TOdbcConnection> Connection; ///< to be used; the opener leaves a new one here when there is none
+    String Statement;                            ///< with `?` for each parameter
+    std::vector<TSqlParameter> Parameters;
     TFetchProgress Progress;
 };
-using TRecordsetOpener = std::function<std::shared_ptr<_Recordset>(const TRecordsetQuery& query)>;
+using TRecordsetOpener = std::function<std::shared_ptr<_Recordset>(TRecordsetQuery& query)>;
 /// Takes the place of ODBC as the way to recordsets, for all datasets that open from then on; an empty one restores it.
 void SetRecordsetOpener(TRecordsetOpener opener);
 
@@ -66,6 +65,10 @@ public:
     const String& GetConnectionString() const { return FConnectionString; }
     /// Of ODBC, as in "DRIVER=SQLite3;Database=orders.db".
     void SetConnectionString(const String& value);
+    /// The connection that an open dataset uses, or the one that was given to it; null for none.
+    const std::shared_ptr<TOdbcConnection>& GetConnection() const { return FConnection; }
+    /// Shares a connection with other datasets, in place of one of its own by ConnectionString; null ends that.
+    void SetConnection(std::shared_ptr<TOdbcConnection> value);
     const String& GetCommandText() const { return FCommandText; }
     /// A statement that gives rows. With ParamCheck the Parameters become those that it names.
     void SetCommandText(const String& value);
@@ -190,6 +193,7 @@ private:
     TParameters FParameters{this};
     std::shared_ptr<_Recordset> FRecordset;
     std::shared_ptr<_Recordset> FGivenRecordset; // set from outside, to be opened on
+    std::shared_ptr<TOdbcConnection> FConnection;
     std::vector<DataTypeEnum> FColumnTypes;
     TRecordBuffer FLookupBuffer = nullptr;
     String FConnectionString;
@@ -198,6 +202,7 @@ private:
     TCursorLocation FCursorLocation = clUseClient;
     bool FParamCheck = true;
     bool FCanModify = false;
+    bool FSharesConnection = false;
 };
 
 /// The dataset for forms.
