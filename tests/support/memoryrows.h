@@ -16,7 +16,7 @@ inline TColumnInfo MemoryColumn(const String& name, DataTypeEnum type, std::int6
     info.Name = name;
     info.Type = type;
     info.Size = size;
-    info.Precision = scale > 0 ? 18 : 0;
+    info.Precision = type == adCurrency ? 19 : scale > 0 ? 18 : 0;
     info.Scale = scale;
     return info;
 }

@@ -1,0 +1,3 @@
+// Fields and narrowed datasets, natively; the same runs under Windows.
+
+#include "tests/support/fieldstory.h"

@@ -1,0 +1,362 @@
+#pragma once
+
+// Fields of all kinds, the narrowed dataset at its edges, masters and details, and fetches that are watched. Included
+// by a native test and by a window test.
+
+#include "framework/db/fieldclasses.h"
+#include "tests/support/memoryrows.h"
+
+#include <gtest/gtest.h>
+
+namespace testsupport {
+
+/// Polish habits, as far as numbers and dates go.
+class TPolishSettings {
+public:
+    TPolishSettings() : FBefore(FormatSettings()) {
+        TFormatSettings& settings = FormatSettings();
+        settings = TFormatSettings::Invariant();
+        settings.DecimalSeparator = u',';
+        settings.ThousandSeparator = u' ';
+        settings.DateSeparator = u'.';
+        settings.ShortDateFormat = u"dd.MM.yyyy";
+        settings.CurrencyString = u"zł";
+        settings.CurrencyFormat = 3;
+        settings.NegCurrFormat = 8;
+    }
+    TPolishSettings(const TPolishSettings&) = delete;
+    TPolishSettings& operator=(const TPolishSettings&) = delete;
+    ~TPolishSettings() { FormatSettings() = FBefore; }
+
+private:
+    TFormatSettings FBefore;
+};
+
+TEST(Field, ReadsWritesAndShowsEachKindOfColumn) {
+    const TPolishSettings settings;
+    struct TCase {
+        const char* Name;
+        TColumnInfo Column;
+        const char* ClassName;
+        const char16_t* Entered; ///< by a person
+        const char16_t* Shown;   ///< DisplayText
+        const char16_t* Text;    ///< AsString; begins with ! where the entry is refused
+        std::function<void(TField&)> Prepare = {};
+    };
+    const auto column = [](DataTypeEnum type, std::int64_t size = 0, int scale = 0) {
+        return MemoryColumn(u"F", type, size, scale);
+    };
+    const auto format = [](const char16_t* display) {
+        return [display](TField& field) { SetPropValue(field, u"DisplayFormat", display); };
+    };
+    const auto money = [](TField& field) { SetPropValue(field, u"Currency", true); };
+    TColumnInfo automatic = column(adInteger);
+    automatic.AutoIncrement = true;
+    const TCase cases[] = {
+        {"8 bits", column(adTinyInt), "TShortintField", u"-128", u"-128", u"-128"},
+        {"8 bits beyond", column(adTinyInt), "TShortintField", u"128", u"", u"!range"},
+        {"byte", column(adUnsignedTinyInt), "TByteField", u"255", u"255", u"255"},
+        {"16 bits", column(adSmallInt), "TSmallintField", u"+7", u"7", u"7"},
+        {"16 bits unsigned", column(adUnsignedSmallInt), "TWordField", u"-1", u"", u"!range"},
+        {"32 bits", column(adInteger), "TIntegerField", u"1234567", u"1 234 567", u"1234567", format(u"#,##0")},
+        {"32 bits, text", column(adInteger), "TIntegerField", u"12a", u"", u"!integer"},
+        {"32 bits unsigned", column(adUnsignedInt), "TLongWordField", u"4294967295", u"4294967295", u"4294967295"},
+        {"given by the database", automatic, "TAutoIncField", u"5", u"5", u"5"},
+        {"64 bits", column(adBigInt), "TLargeintField", u"-9223372036854775808", u"-9223372036854775808",
+         u"-9223372036854775808"},
+        {"64 bits beyond", column(adBigInt), "TLargeintField", u"9223372036854775808", u"", u"!integer"},
+        {"float", column(adDouble), "TFloatField", u"-0,125", u"-0,13", u"-0,125", format(u"0.00")},
+        {"float as money", column(adDouble), "TFloatField", u"1234,5", u"1 234,50 zł", u"1234,5", money},
+        {"float with a point", column(adDouble), "TFloatField", u"1.5", u"", u"!floating"},
+        {"single", column(adSingle), "TSingleField", u"0,1", u"0,1", u"0,1"},
+        {"decimal", column(adNumeric, 0, 2), "TBCDField", u"0,10", u"0,1", u"0,1"},
+        {"decimal is rounded", column(adNumeric, 0, 2), "TBCDField", u"2,675", u"2,68 zł", u"2,68", money},
+        {"decimal is too wide", column(adNumeric, 0, 2), "TBCDField", u"12345678901234567,5", u"", u"!digits"},
+        {"six decimals", column(adNumeric, 0, 6), "TFMTBCDField", u"-1,000001", u"-1,000001", u"-1,000001"},
+        {"money", column(adCurrency, 0, 4), "TBCDField", u"922337203685477,5807", u"922337203685477,5807",
+         u"922337203685477,5807"},
+        {"truth", column(adBoolean), "TBooleanField", u"t", u"True", u"True"},
+        {"truth in words", column(adBoolean), "TBooleanField", u"NI", u"nie", u"nie",
+         [](TField& field) { SetPropValue(field, u"DisplayValues", u"tak;nie"); }},
+        {"truth in other words", column(adBoolean), "TBooleanField", u"perhaps", u"", u"!boolean"},
+        {"date", column(adDBDate), "TDateField", u"29.2.2024", u"2024-02", u"29.02.2024", format(u"yyyy-mm")},
+        {"no date", column(adDBDate), "TDateField", u"29.2.2023", u"", u"!date"},
+        {"time", column(adDBTime), "TTimeField", u"23:59:59", u"23:59:59", u"23:59:59"},
+        {"date and time", column(adDBTimeStamp), "TDateTimeField", u"1.12.1899 6:00", u"01.12.1899 06:00:00",
+         u"01.12.1899 06:00:00"},
+        {"text", column(adVarWChar, 10), "TWideStringField", u"Ł\U0001F600", u"Ł\U0001F600", u"Ł\U0001F600"},
+        {"empty text", column(adVarWChar, 10), "TWideStringField", u"", u"", u""},
+        {"long text", column(adLongVarWChar), "TWideMemoField", u"abc", u"(WIDEMEMO)", u"abc"},
+        {"bytes", column(adLongVarBinary), "TBlobField", u"a\u00FF", u"(BLOB)", u"a\u00FF"},
+        {"bytes from a text", column(adLongVarBinary), "TBlobField", u"Ł", u"", u"!U+00FF"},
+        {"few bytes", column(adVarBinary, 2), "TVarBytesField", u"abc", u"", u"!bytes"},
+        {"identifier", column(adGUID), "TGuidField", u"6f9619ff-8b86-d011-b42d-00c04fc964ff",
+         u"{6F9619FF-8B86-D011-B42D-00C04FC964FF}", u"{6F9619FF-8B86-D011-B42D-00C04FC964FF}"},
+        {"no identifier", column(adGUID), "TGuidField", u"6f96", u"", u"!valid"},
+    };
+    for (const TCase& each : cases) {
+        SCOPED_TRACE(each.Name);
+        TRowStore rows({each.Column});
+        rows.AppendRow();
+        TADODataSet data(nullptr);
+        data.SetRecordset(std::make_shared<TClientRecordset>(std::move(rows)));
+        TField& field = *data.GetFields()[0];
+        EXPECT_EQ(Utf8Encode(field.ClassName()), each.ClassName);
+        EXPECT_TRUE(field.GetIsNull());
+        EXPECT_EQ(field.GetAsString(), u"");
+        EXPECT_EQ(field.GetAsLargeInt(), 0);
+        EXPECT_TRUE(VarIsNull(field.GetAsVariant()));
+        if (each.Prepare)
+            each.Prepare(field);
+        data.Edit();
+        const std::string problem = ProblemOf([&] { field.SetEditText(each.Entered); });
+        if (each.Text[0] == u'!') {
+            EXPECT_NE(problem.find(Utf8Encode(each.Text + 1)), std::string::npos) << problem;
+            EXPECT_TRUE(field.GetIsNull());
+            continue;
+        }
+        ASSERT_EQ(problem, "none");
+        // What was entered reads the same before and after it was posted, and so does what comes back as a variant.
+        for (const bool posted : {false, true}) {
+            if (posted)
+                data.Post();
+            EXPECT_EQ(Utf8Encode(field.GetAsString()), Utf8Encode(each.Text));
+            EXPECT_EQ(Utf8Encode(field.GetDisplayText()), Utf8Encode(each.Shown));
+            EXPECT_EQ(field.GetIsNull(), false);
+        }
+        const Variant value = field.GetAsVariant();
+        data.Edit();
+        field.Clear();
+        EXPECT_TRUE(field.GetIsNull());
+        field.SetAsVariant(value);
+        data.Post();
+        EXPECT_EQ(field.GetAsVariant(), value);
+        EXPECT_EQ(Utf8Encode(field.GetAsString()), Utf8Encode(each.Text));
+    }
+}
+
+TEST(Field, LetsHandlersWriteAndReadItsText) {
+    TCustomers customers(2);
+    TADODataSet& data = *customers.DataSet;
+    TField& name = *data.FieldByName(u"Name");
+    TField& city = *data.FieldByName(u"City");
+    name.OnGetText = [](TField* field, String& text, bool display) {
+        text = (display ? u"<" : u"") + field->GetAsString();
+    };
+    name.OnSetText = [](TField* field, const String& text) { field->SetAsString(UpperCase(text)); };
+    String changes;
+    name.OnChange = [&](TField* field) { changes += field->GetAsString() + u" "; };
+    EXPECT_EQ(name.GetDisplayText(), u"<Customer 1");
+    data.Edit();
+    name.SetEditText(u"abc");
+    EXPECT_EQ(name.GetEditText(), u"ABC");
+    EXPECT_EQ(changes, u"ABC ");
+    // A handler that ends the edit, or the field, has the last word.
+    city.OnValidate = [&](TField*) { data.Cancel(); };
+    city.SetAsString(u"Praha");
+    EXPECT_EQ(data.GetState(), dsBrowse);
+    EXPECT_EQ(city.GetAsString(), u"Łódź");
+    data.Edit();
+    city.OnValidate = [](TField* field) { delete field; };
+    city.SetAsString(u"Praha");
+    EXPECT_EQ(data.FindField(u"City"), nullptr);
+    data.Post();
+    EXPECT_EQ(customers.Walk(), "1 2");
+}
+
+TEST(NarrowedDataSet, ShowsTheRowsThatWereMarked) {
+    TCustomers customers(10);
+    ZOR::TZORADODataSet& data = *customers.DataSet;
+    const auto recNo = [&](int id) {
+        EXPECT_TRUE(data.Locate(u"Id", id, {}));
+        return data.GetRecNo();
+    };
+    data.Last();
+    data.SetFilteredByBookmarks(true);
+    EXPECT_FALSE(data.GetFilteredByBookmarks()) << "there is nothing to show";
+    EXPECT_EQ(customers.Id(), 1) << "and yet it goes to the first row";
+
+    // The numbers are the caller's, the order is the rows'.
+    customers.Mark({7, 3, 9, 5});
+    EXPECT_EQ(data.GetRecordCount(), 10);
+    data.SetFilteredByBookmarks(true);
+    EXPECT_EQ(customers.Id(), 3);
+    EXPECT_EQ(customers.Walk(), "3 5 7 9");
+    EXPECT_EQ(data.GetRecordCount(), 4);
+    EXPECT_EQ(recNo(7), 1);
+    EXPECT_EQ(recNo(5), 4);
+    data.SetRecNo(3);
+    EXPECT_EQ(customers.Id(), 9);
+    data.Next();
+    EXPECT_TRUE(data.GetEof()) << "row 10 is skipped";
+
+    // A row outside is not found, and nothing moves.
+    EXPECT_FALSE(data.Locate(u"Id", 4, {}));
+    EXPECT_FALSE(data.Locate(u"Id", 400, {}));
+    EXPECT_EQ(customers.Id(), 9);
+    EXPECT_EQ(VarToStr(data.Lookup(u"Id", 4, u"Name")), u"Customer 4");
+    EXPECT_EQ(ProblemOf([&] { data.Locate(u"Nothing", 1, {}); }), "Field 'Nothing' not found");
+    try {
+        data.Locate(u"Nothing", 1, {});
+    } catch (const Exception& error) {
+        EXPECT_TRUE(typeid(error) == typeid(Exception)) << "errors come as plain exceptions here";
+    }
+
+    // The same number twice: the first row has it. The present number: nothing happens at all.
+    int scrolls = 0;
+    data.BeforeScroll = [&](TDataSet*) { ++scrolls; };
+    EXPECT_TRUE(data.Locate(u"Id", 9, {}));
+    data.AddBookmark(4);
+    data.First();
+    scrolls = 0;
+    data.SetRecNo(4);
+    EXPECT_EQ(customers.Id(), 5);
+    data.SetRecNo(4);
+    EXPECT_EQ(scrolls, 1);
+    EXPECT_EQ(ProblemOf([&] { data.SetRecNo(77); }), "The bookmark belongs to no record");
+    EXPECT_EQ(customers.Id(), 5);
+    EXPECT_EQ(data.GetRecordCount(), 4);
+
+    // The number 0 hides a row, though it counts.
+    data.AddBookmark(0);
+    data.SetFilteredByBookmarks(false);
+    EXPECT_EQ(data.GetRecordCount(), 10);
+    data.SetFilteredByBookmarks(true);
+    EXPECT_EQ(customers.Walk(), "3 7 9");
+    EXPECT_EQ(data.GetRecordCount(), 4);
+
+    // Reading the rows anew finds the marked ones again by their keys.
+    data.Last();
+    customers.Source->Rows.erase(customers.Source->Rows.begin() + 6);
+    data.Refresh();
+    EXPECT_EQ(customers.Id(), 9);
+    EXPECT_EQ(customers.Walk(), "3 9");
+
+    data.ClearBookmarks();
+    EXPECT_TRUE(data.GetFilteredByBookmarks());
+    EXPECT_EQ(data.GetRecordCount(), 0);
+    data.First();
+    EXPECT_FALSE(data.GetFilteredByBookmarks());
+    EXPECT_EQ(customers.Walk(), "1 2 3 4 5 6 8 9 10");
+    data.Append();
+    EXPECT_EQ(ProblemOf([&] { data.AddBookmark(1); }), "There is no record to be marked");
+}
+
+/// Looks at buffers as a program may that knows their layout.
+class TOpenDataSet : public ZOR::TZORADODataSet {
+public:
+    using TCustomADODataSet::AllocRecordBuffer;
+    using TCustomADODataSet::FreeRecordBuffer;
+    using TZORADODataSet::TZORADODataSet;
+};
+
+TEST(NarrowedDataSet, FillsTheHeadersOfItsBuffers) {
+    TCustomers customers(5, false);
+    TOpenDataSet data(nullptr);
+    data.SetRecordset(customers.Recordset);
+    data.Locate(u"Id", 2, {});
+    data.AddBookmark(42);
+    data.Locate(u"Id", 4, {});
+    data.AddBookmark(43);
+    TRecordBuffer buffer = data.AllocRecordBuffer();
+    const auto& header = *reinterpret_cast<ZOR::TRecInfo*>(buffer);
+    auto* values = reinterpret_cast<OleVariant*>(buffer + sizeof(ZOR::TRecInfo));
+    const auto get = [&](int row, TGetMode mode) {
+        customers.Recordset->SetAbsolutePosition(row);
+        return data.GetRecord(buffer, mode, true);
+    };
+    values[1] = Variant(u"left over");
+    EXPECT_EQ(get(3, gmCurrent), grOK);
+    EXPECT_EQ(int(header.RecordNumber), 3);
+    EXPECT_EQ(header.BookmarkFlag, bfCurrent);
+    EXPECT_EQ(header.Bookmark, OleVariant(customers.Recordset->GetBookmark()));
+    EXPECT_TRUE(values[1].IsEmpty());
+    data.DisableControls();
+    EXPECT_EQ(get(3, gmNext), grOK);
+    EXPECT_EQ(int(header.RecordNumber), -2);
+    data.EnableControls();
+    data.SetFilteredByBookmarks(true);
+    const struct {
+        int Row;
+        TGetMode Mode;
+        TGetResult Result;
+        int Number;
+    } cases[] = {{2, gmCurrent, grOK, 42}, {3, gmCurrent, grError, 0}, {2, gmNext, grOK, 43}, {4, gmNext, grEOF, 0},
+                 {1, gmNext, grOK, 42},    {5, gmPrior, grOK, 43},     {2, gmPrior, grBOF, 0}};
+    for (const auto& each : cases) {
+        EXPECT_EQ(get(each.Row, each.Mode), each.Result) << each.Row;
+        if (each.Result == grOK) {
+            EXPECT_EQ(int(header.RecordNumber), each.Number) << each.Row;
+        }
+    }
+    customers.Recordset->MoveLast();
+    customers.Recordset->MoveNext();
+    EXPECT_EQ(data.GetRecord(buffer, gmCurrent, true), grError) << "also at the end";
+    values[0] = Variant(1);
+    values[2] = Variant(2);
+    data.FinalizeZOR(buffer, 2);
+    EXPECT_TRUE(values[0].IsEmpty());
+    EXPECT_FALSE(values[2].IsEmpty());
+    data.FreeRecordBuffer(buffer);
+}
+
+/// A database of one table, orders: every statement gives the orders of the customer in its first parameter.
+std::shared_ptr<_Recordset> OpenOrders(TRecordsetQuery& query) {
+    TRowStore rows({MemoryColumn(u"Order", adInteger), MemoryColumn(u"Customer", adInteger)});
+    const auto* customer = query.Parameters.empty() ? nullptr : std::get_if<std::int64_t>(&query.Parameters[0].Value);
+    for (std::int64_t order = 1; customer && order <= *customer; ++order) {
+        rows.AppendRow(std::vector<TDataValue>{*customer * 100 + order, *customer});
+        if (query.Progress && !query.Progress(order, *customer))
+            throw EFetchCancelled();
+    }
+    return std::make_shared<TClientRecordset>(std::move(rows));
+}
+
+TEST(DataSet, FollowsItsMasterAndCanBeStoppedWhileItFetches) {
+    SetRecordsetOpener(OpenOrders);
+    TCustomers customers(4);
+    TDataSource source(nullptr);
+    source.SetDataSet(customers.DataSet);
+    auto* orders = new TADODataSet(&customers.Owner);
+    orders->SetCommandText(u"select * from orders where customer = :Id");
+    orders->SetDataSource(&source);
+    orders->Open();
+    const auto order = [&] { return orders->IsEmpty() ? 0 : orders->FieldByName(u"Order")->GetAsInteger(); };
+    EXPECT_EQ(order(), 101);
+    customers.DataSet->MoveBy(2);
+    EXPECT_EQ(order(), 301);
+    EXPECT_EQ(orders->GetRecordCount(), 3);
+    customers.DataSet->Append();
+    EXPECT_TRUE(orders->IsEmpty()) << "a new record has nothing yet";
+    customers.DataSet->Cancel();
+    EXPECT_EQ(order(), 401);
+    TDataSource back(nullptr);
+    back.SetDataSet(orders);
+    EXPECT_EQ(ProblemOf([&] { customers.DataSet->SetDataSource(&back); }), "Circular datalinks are not allowed");
+    orders->Close();
+
+    int told = 0;
+    const TLifeGuard alive(*orders);
+    orders->OnFetchProgress = [&](TCustomADODataSet*, int rows, int count, TEventStatus& status) {
+        EXPECT_EQ(rows, ++told);
+        EXPECT_EQ(count, 4);
+        if (rows == 2)
+            status = esCancel;
+    };
+    EXPECT_THROW(orders->Open(), EFetchCancelled);
+    EXPECT_EQ(told, 2);
+    EXPECT_FALSE(orders->GetActive());
+    orders->OnFetchProgress = [](TCustomADODataSet* dataSet, int, int, TEventStatus&) { dataSet->Close(); };
+    EXPECT_THROW(orders->Open(), EFetchCancelled);
+    EXPECT_FALSE(orders->GetActive());
+    orders->OnFetchProgress = nullptr;
+    orders->Open();
+    EXPECT_EQ(order(), 401);
+    orders->Close();
+    orders->OnFetchProgress = [](TCustomADODataSet* dataSet, int, int, TEventStatus&) { delete dataSet; };
+    orders->Open();
+    EXPECT_FALSE(alive);
+    SetRecordsetOpener(nullptr);
+}
+
+} // namespace testsupport

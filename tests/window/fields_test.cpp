@@ -1,0 +1,3 @@
+// Fields and narrowed datasets, under Windows; the same runs natively.
+
+#include "tests/support/fieldstory.h"
