@@ -119,7 +119,6 @@ void TZORADODataSet::FinalizeZOR(TRecordBuffer buffer, int count) {
 /// On to the nearest row that is in the map under another number than 0. Without a row gmCurrent gives grError, also at
 /// the ends of the recordset.
 TGetResult TZORADODataSet::NextShownRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck, int& number) {
-    const TLifeGuard alive(*this);
     try {
         for (;;) {
             TGetResult result = InternalGetRecord(buffer, mode, doCheck);
@@ -133,11 +132,7 @@ TGetResult TZORADODataSet::NextShownRecord(TRecordBuffer buffer, TGetMode mode, 
             SkipHiddenRows(mode);
         }
     } catch (const std::exception&) {
-        if (!alive)
-            throw;
-        ApplicationHandleException(this);
-        if (!alive)
-            throw;
+        CallOrLeave([&] { ApplicationHandleException(this); });
         return grError;
     }
 }

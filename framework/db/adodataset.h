@@ -147,11 +147,10 @@ protected:
     /// Goes on with `body` unless it raises: then raises the same, or without `doCheck` answers grError.
     template <class TBody>
     TGetResult Guarded(bool doCheck, TBody&& body) {
-        const TLifeGuard alive(*this);
         try {
             return body();
         } catch (const std::exception&) {
-            if (doCheck || !alive)
+            if (doCheck)
                 throw;
             return grError;
         }

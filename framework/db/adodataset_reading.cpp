@@ -95,7 +95,7 @@ void TCustomADODataSet::FillRecordBuffer(TRecordBuffer buffer, int recordNumber)
     header.RecordStatus = FRecordset->GetStatus();
     if (GetBookmarkSize() > 0 && header.RecordStatus != withoutBookmark) {
         header.BookmarkFlag = bfCurrent;
-        header.Bookmark = OleVariant(FRecordset->GetBookmark());
+        header.Bookmark.SetInteger(FRecordset->GetBookmark().AsInteger());
         header.RecordNumber = recordNumber;
     } else {
         header.BookmarkFlag = bfNA;

@@ -141,8 +141,7 @@ const TClassInfo& TDataLink::StaticClass() {
 }
 
 TDataLink::~TDataLink() {
-    if (FDied)
-        *FDied = true;
+    FLife.reset();
     if (!FDataSource)
         return;
     FDataSource->FLinks.Remove(this);

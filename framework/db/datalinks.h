@@ -142,31 +142,21 @@ protected:
 private:
     friend class TDataSet;
 
-    /// Tells on the stack whether the link outlived a callback.
+    /// Tells whether the link outlived a callback.
     class TStillThere {
     public:
-        explicit TStillThere(TDataLink& link) : FLink(link), FOuter(std::exchange(link.FDied, &FGone)) {}
-        TStillThere(const TStillThere&) = delete;
-        TStillThere& operator=(const TStillThere&) = delete;
-        ~TStillThere() {
-            if (!FGone)
-                FLink.FDied = FOuter;
-            else if (FOuter)
-                *FOuter = true;
-        }
-        explicit operator bool() const { return !FGone; }
+        explicit TStillThere(const TDataLink& link) : FLife(link.FLife) {}
+        explicit operator bool() const { return !FLife.expired(); }
 
     private:
-        TDataLink& FLink;
-        bool* FOuter;
-        bool FGone = false;
+        std::weak_ptr<const char> FLife;
     };
 
     void UpdateState();
     int Follow(int scrolled);
 
     TDataSource* FDataSource = nullptr;
-    bool* FDied = nullptr;
+    std::shared_ptr<const char> FLife = std::make_shared<const char>();
     int FBufferCount = 1;
     int FFirstRecord = 0; // of the dataset's buffers, the first that this link sees
     bool FActive = false;

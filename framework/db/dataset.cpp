@@ -80,20 +80,16 @@ void TDataSet::DoOpen() {
     DoBeforeOpen();
     if (FState != dsInactive)
         return; // the handler has opened it
-    const TLifeGuard alive(*this);
-    try {
-        FState = dsOpening;
-        OpenCursor();
-        SetState(dsBrowse);
-    } catch (const TGone&) {
-        throw;
-    } catch (...) {
-        if (alive) {
+    Attempt(
+        [&] {
+            FState = dsOpening;
+            OpenCursor();
+            SetState(dsBrowse);
+        },
+        [&] {
             SetState(dsInactive);
             CloseCursor();
-        }
-        throw;
-    }
+        });
     DoAfterOpen();
 }
 
@@ -215,10 +211,7 @@ void TDataSet::DataEvent(TDataEvent event, std::intptr_t info) {
             return;
         FDisabledState = dsInactive;
     }
-    const TLifeGuard alive(*this);
-    FSources.Tell([&](TDataSource& source) { source.DataEvent(event, info); });
-    if (!alive)
-        throw TGone();
+    CallOrLeave([&] { FSources.Tell([&](TDataSource& source) { source.DataEvent(event, info); }); });
 }
 
 void TDataSet::Announce(TDataEvent event, std::intptr_t info) {
@@ -434,10 +427,8 @@ void TDataSet::StoreField(TField& field, const TFieldValue& value) {
     if (field.GetReadOnly() || field.GetCalculated())
         DatabaseError(u"Field '" + field.GetDisplayName() + u"' cannot be modified", this);
     Operation([&] {
-        const TLifeGuard alive(*this);
-        const bool goesOn = field.Validate(value);
-        if (!alive)
-            throw TGone();
+        bool goesOn = true;
+        CallOrLeave([&] { goesOn = field.Validate(value); });
         if (!goesOn || (FState != dsEdit && FState != dsInsert))
             return; // the handler freed the field, or ended the edit
         SetFieldData(field, value);

@@ -9,6 +9,8 @@
 #include "framework/db/fields.h"
 #include "framework/db/notifylist.h"
 
+#include <exception>
+
 namespace framework {
 
 class TDataLink;
@@ -300,22 +302,62 @@ protected:
     // An operation in which handlers are called. A handler may destroy the dataset: what calls it then leaves the
     // whole operation, and the program that began it goes on behind it.
 
-    /// Runs `body`, and ends it silently where the dataset died.
+    /// Runs `body`, and ends it silently where the dataset died; what its last handler raised goes on.
     template <class TBody>
     void Operation(TBody&& body) {
-        TRunning running(*this);
+        const bool isOutermost = FDepth++ == 0;
+        try {
+            body();
+        } catch (const TGone& gone) {
+            if (gone.Who != this)
+                --FDepth;
+            if (gone.Who != this || !isOutermost)
+                throw;
+            if (gone.Cause)
+                std::rethrow_exception(gone.Cause);
+            return;
+        } catch (...) {
+            --FDepth;
+            throw;
+        }
+        --FDepth;
+    }
+    /// Runs `body`; when it fails and the dataset lives, runs `repair` before the exception goes on.
+    template <class TBody, class TRepair>
+    void Attempt(TBody&& body, TRepair&& repair) {
+        try {
+            body();
+        } catch (const TGone& gone) {
+            if (gone.Who != this)
+                repair();
+            throw;
+        } catch (...) {
+            repair();
+            throw;
+        }
+    }
+    /// Calls what is not ours; ends the operation when that destroyed the dataset.
+    template <class TBody>
+    void CallOrLeave(TBody&& body) {
+        const TLifeGuard alive(*this);
         try {
             body();
         } catch (const TGone&) {
-            if (!running.IsOutermost())
-                throw;
+            throw;
+        } catch (...) {
+            if (!alive)
+                throw TGone{this, std::current_exception()};
+            throw;
         }
+        if (!alive)
+            throw TGone{this, nullptr};
     }
-    /// Calls an event; ends the operation when its handler destroyed the dataset.
+    /// Calls an event in this way.
     template <class TFunction, class... TArguments>
     void FireOrLeave(const TFunction& event, TArguments&&... arguments) {
-        if (!Fire(*this, event, std::forward<TArguments>(arguments)...))
-            throw TGone();
+        if (!event)
+            return;
+        CallOrLeave([&, handler = event] { handler(std::forward<TArguments>(arguments)...); });
     }
     /// Tries `body` until it succeeds or the handler of `event` gives up.
     template <class TBody>
@@ -323,23 +365,9 @@ protected:
 
 private:
     /// Thrown through the operations of a dataset that died in a handler; nobody else sees it.
-    struct TGone {};
-
-    class TRunning {
-    public:
-        explicit TRunning(TDataSet& dataSet) : FDataSet(dataSet), FAlive(dataSet), FOutermost(dataSet.FDepth++ == 0) {}
-        TRunning(const TRunning&) = delete;
-        TRunning& operator=(const TRunning&) = delete;
-        ~TRunning() {
-            if (FAlive)
-                --FDataSet.FDepth;
-        }
-        bool IsOutermost() const { return FOutermost; }
-
-    private:
-        TDataSet& FDataSet;
-        TLifeGuard FAlive;
-        bool FOutermost;
+    struct TGone {
+        const TDataSet* Who;      // not to be looked into
+        std::exception_ptr Cause; // what the handler raised after it had destroyed the dataset
     };
 
     /// Record buffers in the order of their records, and one more that reads ahead.

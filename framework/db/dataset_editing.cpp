@@ -10,14 +10,11 @@ namespace framework {
 template <class TBody>
 void TDataSet::CheckOperation(TBody&& body, TDataSetErrorEvent TDataSet::*event) {
     for (;;) {
-        const TLifeGuard alive(*this);
         try {
             UpdateCursorPos();
             body();
             return;
         } catch (const EDatabaseError& error) {
-            if (!alive)
-                throw;
             TDataAction action = daFail;
             FireOrLeave(this->*event, this, error, action);
             if (action == daFail)
@@ -31,6 +28,8 @@ void TDataSet::CheckOperation(TBody&& body, TDataSetErrorEvent TDataSet::*event)
 void TDataSet::CheckBrowseMode() {
     CheckActive();
     CheckStill();
+    if (FSources.IsEmpty() && FState == dsBrowse)
+        return; // nobody is told, nothing is pending
     Operation([&] {
         DataEvent(deCheckBrowseMode, 0);
         if (FState != dsEdit && FState != dsInsert)
@@ -89,22 +88,18 @@ void TDataSet::BeginInsert(bool append) {
         CheckCanModify();
         FireOrLeave(BeforeInsert, this);
         DoBeforeScroll();
-        const TLifeGuard alive(*this);
-        try {
-            append ? PlaceAtEnd() : PlaceBeforeActive();
-            InternalInsert();
-            SetState(dsInsert);
-            DoOnNewRecord();
-        } catch (const TGone&) {
-            throw;
-        } catch (...) {
-            if (!alive)
-                throw;
-            UpdateCursorPos();
-            SetState(dsBrowse);
-            Resync({});
-            throw;
-        }
+        Attempt(
+            [&] {
+                append ? PlaceAtEnd() : PlaceBeforeActive();
+                InternalInsert();
+                SetState(dsInsert);
+                DoOnNewRecord();
+            },
+            [&] {
+                UpdateCursorPos();
+                SetState(dsBrowse);
+                Resync({});
+            });
         FModified = false;
         DataEvent(deDataSetChange, 0);
         FireOrLeave(AfterInsert, this);

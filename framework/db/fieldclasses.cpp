@@ -258,8 +258,7 @@ const TClassInfo& TAutoIncField::StaticClass() {
 const TClassInfo& TFloatField::StaticClass() {
     static const TClassInfo info = DescribeClass<TFloatField>(
         u"TFloatField", TNumericField::StaticClass(),
-        {Property<&TFloatField::GetCurrency, &TFloatField::SetCurrency>(u"Currency", false)
-             .StoredWhen<&TFloatField::IsCurrencyStored>(),
+        {Property<&TFloatField::GetCurrency, &TFloatField::SetCurrency>(u"Currency", false),
          Property<&TFloatField::FMaxValue, &TFloatField::FMaxValue>(u"MaxValue"),
          Property<&TFloatField::FMinValue, &TFloatField::FMinValue>(u"MinValue"),
          Property<&TFloatField::GetPrecision, &TFloatField::SetPrecision>(u"Precision", DefaultPrecision)});
@@ -329,7 +328,9 @@ String TSingleField::TextOf(const TFieldValue& value, bool display) const {
 }
 
 const TClassInfo& TCurrencyField::StaticClass() {
-    static const TClassInfo info = DescribeClass<TCurrencyField>(u"TCurrencyField", TFloatField::StaticClass());
+    static const TClassInfo info = DescribeClass<TCurrencyField>(
+        u"TCurrencyField", TFloatField::StaticClass(),
+        {Property<&TCurrencyField::GetCurrency, &TCurrencyField::SetCurrency>(u"Currency", true)});
     return info;
 }
 

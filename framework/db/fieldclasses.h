@@ -162,9 +162,6 @@ protected:
 private:
     static constexpr int DefaultPrecision = 15;
 
-    /// A class that is money by itself has to say when it is not.
-    bool IsCurrencyStored() const { return FIsMoney != (GetDataType() == ftCurrency); }
-
     double FMinValue = 0;
     double FMaxValue = 0;
     int FPrecision = DefaultPrecision;

@@ -13,13 +13,6 @@ struct OleVariant::TShared {
     TGUID Guid;
 };
 
-namespace {
-
-constexpr std::size_t scalePlace = 2;
-constexpr std::size_t valuePlace = 8;
-
-} // namespace
-
 OleVariant::OleVariant(const OleVariant& other) {
     std::memcpy(FStorage, other.FStorage, sizeof FStorage);
     if (Tag() >= FirstShared)

@@ -23,9 +23,17 @@ public:
 
     /// Back to unassigned.
     void Clear() {
+        if (IsEmpty())
+            return;
         if (Tag() >= FirstShared)
             Release();
         std::memset(FStorage, 0, sizeof FStorage);
+    }
+    /// A whole number, without going through a value of another kind.
+    void SetInteger(std::int64_t value) {
+        Clear();
+        Write(0, static_cast<std::uint16_t>(TFieldValue::TKind::Integer));
+        Write(valuePlace, value);
     }
     bool IsEmpty() const { return Tag() == 0; }
     /// A whole number, without a copy of anything: what bookmarks mostly are.
@@ -43,6 +51,8 @@ public:
 
 private:
     struct TShared;
+    static constexpr std::size_t scalePlace = 2;
+    static constexpr std::size_t valuePlace = 8;
     static constexpr std::uint16_t FirstShared = static_cast<std::uint16_t>(TFieldValue::TKind::Text);
 
     template <class T>

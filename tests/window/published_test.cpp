@@ -2,6 +2,7 @@
 // A class is covered by being registered.
 
 #include "foundation/Zorpackage.h"
+#include "framework/db/dataset.h"
 #include "framework/system/strings.h"
 #include "framework/windows/monthcalendar.h"
 #include "framework/windows/standardcontrols.h"
@@ -38,7 +39,10 @@ bool HasPlainValue(const TPropInfo& property) {
 }
 
 /// What a field shows to a person right now: it opens only where somebody can see it.
-bool IsOfTheMoment(const TPropInfo& property) {
+bool IsOfTheMoment(const TPersistent& object, const TPropInfo& property) {
+    // A dataset opens only on rows.
+    if (property.Name == u"Active" && As<TDataSet>(&object))
+        return true;
     return property.Name == u"ZORDroppedDown" || property.Name == u"DroppedDown";
 }
 
@@ -140,7 +144,7 @@ TEST(Published, ValuesGoOutAndBack) {
             // A changed value is taken, and makes the same of another object.
             std::vector<std::pair<String, std::vector<Variant>>> plan;
             for (const TPropInfo& property : component->ClassInfo().Properties()) {
-                if (HasPlainValue(property) && !property.ReadOnly() && !IsOfTheMoment(property))
+                if (HasPlainValue(property) && !property.ReadOnly() && !IsOfTheMoment(*component, property))
                     plan.emplace_back(property.Name, OtherValues(*component, property));
             }
             component.reset();
