@@ -199,7 +199,7 @@ TEST(NarrowedDataSet, ShowsTheRowsThatWereMarked) {
     try {
         data.Locate(u"Nothing", 1, {});
     } catch (const Exception& error) {
-        EXPECT_TRUE(typeid(error) == typeid(Exception)) << "errors come as plain exceptions here";
+        EXPECT_EQ(dynamic_cast<const EDatabaseError*>(&error), nullptr) << "errors come as plain exceptions here";
     }
 
     // The same number twice: the first row has it. The present number: nothing happens at all.
