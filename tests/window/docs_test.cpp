@@ -115,6 +115,16 @@ std::vector<std::string> Blocks(const std::string& page, const std::string& lang
 }
 
 void Photograph(TForm& form, const std::filesystem::path& path) {
+    for (int i = 0; i < form.GetComponentCount(); ++i) {
+        // Its items come from code alone.
+        if (auto* tree = As<ZOR::TZORVirtualStringTree>(form.GetComponent(i))) {
+            int id = 0;
+            for (const char16_t* city : {u"Brno", u"Dresden", u"Gda\u0144sk", u"Krak\u00F3w", u"Praha"})
+                tree->AddToDeque(++id, city);
+            tree->SetCheckListBox();
+            tree->SetInfoLabelVisible(true);
+        }
+    }
     ShowAndActivate(form);
     MoveMouse({form.Left + form.Width + 40, form.Top + form.Height + 40}); // away from what lights up below it
     Application->ProcessMessages();
