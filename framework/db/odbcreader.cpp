@@ -361,7 +361,7 @@ void TOdbcReader::PutLongValues(TRowStore& rows, const TBuffer& buffer, int firs
     for (int row = 0; row < count; ++row) {
         if (buffer.IsNull(row) || !buffer.IsLong(row))
             continue;
-        FStatement.Check(SQLSetPos(FStatement.Handle().Get(), static_cast<SQLSETPOSIROW>(row + 1), SQL_POSITION,
+        FStatement.Check(SQLSetPos(FStatement.Handle().Get(), static_cast<SQLSETPOSIROW>(row) + 1, SQL_POSITION,
                                    SQL_LOCK_NO_CHANGE));
         if (FStatement.ReadLong(buffer.Column, CTypeOf(buffer.Reading), bytes))
             Put(rows.Column(buffer.Column), buffer, firstRow + row, bytes);
