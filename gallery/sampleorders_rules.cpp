@@ -194,7 +194,8 @@ TTable Orders(TDice& dice) {
                  {}};
     for (int id = 1; id <= orderCount; ++id) {
         // In the order of their numbers, through the working hours of the days.
-        const TDateTime day = firstDay + static_cast<std::int64_t>(id) * daysOfTrade / orderCount;
+        const int daysSince = id * daysOfTrade / orderCount;
+        const TDateTime day = firstDay + daysSince;
         const int hour = 8 + dice.Roll(10);
         const int minute = dice.Roll(60);
         const TDateTime ordered = day + EncodeTime(hour, minute, dice.Roll(60), 0);
