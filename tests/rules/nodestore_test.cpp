@@ -161,8 +161,9 @@ protected:
                 }
                 sum += own;
             }
-            if (measure != TNodeMeasure::Nodes)
+            if (measure != TNodeMeasure::Nodes) {
                 ASSERT_EQ(FStore.NodeAt(sum, measure), nullptr);
+            }
             std::vector<TVirtualNode*> forward;
             for (TVirtualNode* node = FStore.First(measure); node; node = FStore.Next(node, measure))
                 forward.push_back(node);
