@@ -22,6 +22,7 @@ constexpr int kColumns = 8;
 constexpr int kRows = 44;
 constexpr int kRowHeight = 16;
 constexpr int kFrames = 200;
+constexpr int kStretch = 20; // frames before the others have their turn
 
 String CellText(unsigned row, int column) {
     return u"Cell " + IntToStr(static_cast<std::int64_t>(row)) + u"/" + IntToStr(column);
@@ -77,29 +78,25 @@ void Adding(TForm& form) {
     std::printf("   SysTreeView32 with 100,000: %.0f ns each\n", peer());
 }
 
-struct TFrame {
-    double Paint = 0; // milliseconds
-    double Move = 0;  // of scrolling there, which is mostly the system's scroll bar
+/// What one stretch of frames at random places took, in milliseconds each.
+struct TFrames {
+    std::vector<double> Paint;
+    std::vector<double> Move; // scrolling there before, which is mostly the system's scroll bar
 };
 
-/// The medians of frames at random places.
-TFrame PaintTree(TForm& form, unsigned rows) {
-    const auto tree = MakeTree(form);
-    tree->SetRootNodeCount(rows);
-    tree->Update();
-    std::mt19937 random(1);
+void PaintTree(TBenchTree& tree, unsigned rows, TFrames& frames) {
+    tree.SetRootNodeCount(rows);
+    tree.Update();
+    std::mt19937 random(static_cast<unsigned>(frames.Paint.size()));
     const std::int64_t most = static_cast<std::int64_t>(rows - kRows) * kRowHeight;
-    std::vector<double> moves;
-    std::vector<double> paints;
-    for (int i = 0; i < kFrames; ++i) {
+    for (int i = 0; i < kStretch; ++i) {
         const auto place = static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(most));
-        moves.push_back(bench::Milliseconds([&] { tree->SetOffsetY(-place); }));
-        paints.push_back(bench::Milliseconds([&] {
-            tree->Invalidate();
-            tree->Update();
+        frames.Move.push_back(bench::Milliseconds([&] { tree.SetOffsetY(-place); }));
+        frames.Paint.push_back(bench::Milliseconds([&] {
+            tree.Invalidate();
+            tree.Update();
         }));
     }
-    return {bench::Median(paints), bench::Median(moves)};
 }
 
 LRESULT CALLBACK AnswerTexts(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
@@ -140,15 +137,17 @@ double PaintList(TForm& form) {
     return all / kFewer;
 }
 
-double DrawTexts(TForm& form) {
-    TBitmap picture(kColumns * 100, kRows * kRowHeight);
-    TCanvas& canvas = *picture.GetCanvas();
-    canvas.SetFont(form.GetFont());
-    const HDC dc = canvas.GetHandle();
+/// The same cells by DrawTextW alone, into memory as a double-buffered painting does.
+void DrawTexts(TForm& form, TFrames& frames) {
+    const TWindowDC window(form.GetHandle());
+    const TUniqueBitmap picture(CreateCompatibleBitmap(window, kColumns * 100, kRows * kRowHeight));
+    const TUniqueMemoryDC memory(CreateCompatibleDC(window));
+    const HDC dc = memory.Get();
+    const TSelectedObject selected(dc, picture.Get());
+    const TSelectedObject font(dc, form.GetFont()->GetHandle());
     SetBkMode(dc, TRANSPARENT);
-    std::vector<double> frames;
-    for (int i = 0; i < kFrames; ++i) {
-        frames.push_back(bench::Milliseconds([&] {
+    for (int i = 0; i < kStretch; ++i) {
+        frames.Paint.push_back(bench::Milliseconds([&] {
             for (int row = 0; row < kRows; ++row) {
                 for (int column = 0; column < kColumns; ++column) {
                     const String text = CellText(static_cast<unsigned>(i * 1000 + row), column);
@@ -158,20 +157,27 @@ double DrawTexts(TForm& form) {
             }
         }));
     }
-    return bench::Median(frames);
 }
 
 void Painting(TForm& form) {
-    const TFrame few = PaintTree(form, 1'000);
-    const TFrame many = PaintTree(form, kMany);
-    const double bare = DrawTexts(form);
-    const TFrame fewAgain = PaintTree(form, 1'000);
-    std::printf("a frame of %d rows by %d cells, medians of %d: 1,000 rows %.2f and %.2f ms, 1,000,000 rows %.2f ms\n",
-                kRows, kColumns, kFrames, few.Paint, fewAgain.Paint, many.Paint);
-    std::printf("  (aim: equal within 10 %%); scrolling there before, bar included: %.2f and %.2f ms\n", few.Move,
-                many.Move);
-    bench::PrintRatio("a frame beside bare texts", {many.Paint, bare}, "ms", 2.5);
-    bench::PrintRatio("frame and scrolling / list", {many.Paint + many.Move, PaintList(form)}, "ms", 1.0);
+    TFrames few;
+    TFrames many;
+    TFrames bare;
+    {
+        const auto tree = MakeTree(form);
+        for (int i = 0; i < kFrames; i += kStretch) {
+            PaintTree(*tree, 1'000, few);
+            PaintTree(*tree, kMany, many);
+            DrawTexts(form, bare);
+        }
+    }
+    const double frame = bench::Median(many.Paint);
+    std::printf("a frame of %d rows by %d cells, medians of %d by turns\n", kRows, kColumns, kFrames);
+    bench::PrintRatio("1,000,000 rows / 1,000", {frame, bench::Median(few.Paint)}, "ms", 1.1);
+    bench::PrintRatio("a frame / bare texts", {frame, bench::Median(bare.Paint)}, "ms", 2.5);
+    const double move = bench::Median(many.Move);
+    std::printf("  scrolling there before, the system's bar included: %.2f ms\n", move);
+    bench::PrintRatio("with scrolling / SysListView32", {frame + move, PaintList(form)}, "ms", 1.0);
 }
 
 void Filtering(TForm& form) {
