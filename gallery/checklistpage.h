@@ -22,7 +22,7 @@ public:
     explicit TCheckListPage(TComponent* owner) : TForm(owner) {}
 
 private:
-    // What forms/checklist.dfm names.
+    // What forms/check-list.dfm names.
     void PageCreate(TObject* sender);
     void CitiesChecked(TBaseVirtualTree* sender, TVirtualNode* node);
     void RegionsInitNode(TBaseVirtualTree* sender, TVirtualNode* parent, TVirtualNode* node,
