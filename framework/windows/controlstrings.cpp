@@ -1,5 +1,6 @@
 #include "framework/windows/controlstrings.h"
 
+#include "framework/system/exceptions.h"
 #include "framework/system/strings.h"
 #include "framework/system/updates.h"
 
@@ -62,7 +63,14 @@ void TControlStrings::DropMark(int index) {
     FMarked.erase(marked.get());
 }
 
+/// Where an item stands in a sorted list is not up to the program.
+void TControlStrings::CheckUnsorted() const {
+    if (FList.GetSorted())
+        throw EListError(u"Operation not allowed on sorted list");
+}
+
 void TControlStrings::Exchange(int first, int second) {
+    CheckUnsorted();
     CheckIndex(first);
     CheckIndex(second);
     const bool firstIsCurrent = StateOf(first).Current;
@@ -76,6 +84,7 @@ void TControlStrings::Exchange(int first, int second) {
 }
 
 void TControlStrings::Move(int from, int to) {
+    CheckUnsorted();
     CheckIndex(from);
     const int mark = GetMark(from);
     const TItemState state = StateOf(from);
@@ -137,8 +146,8 @@ void TControlStrings::Clear() {
 }
 
 void TControlStrings::SetSorted(bool value) {
-    if (!value) {
-        FList.SetSorted(false);
+    if (!value || FList.GetCount() < 2) { // no order changes, and a form that is loading names its item before it has any
+        FList.SetSorted(value);
         return;
     }
     // The current item stays the current one. Sorting keeps the order of those that read alike, so the item is found

@@ -26,6 +26,7 @@ public:
     void InsertObject(int index, const String& text, TObject* object) override;
     void Delete(int index) override;
     void Clear() override;
+    /// EListError when the items are sorted, as with Move.
     void Exchange(int first, int second) override;
     void Move(int from, int to) override;
 
@@ -58,6 +59,7 @@ protected:
 private:
     class TMarkedItem;
 
+    void CheckUnsorted() const;
     TMarkedItem* MarkedItem(int index) const;
     void DropMark(int index);
 

@@ -367,6 +367,7 @@ TEST_F(ComboBoxTest, IsReadFromATextForm) {
   Style = csDropDownList
   ItemHeight = 13
   ItemIndex = 1
+  Sorted = True
   TabOrder = 0
   Text = 'second'
   Items.Strings = (
@@ -378,6 +379,9 @@ end)",
     ASSERT_NE(combo, nullptr);
     EXPECT_EQ(combo->GetItemIndex(), 1);
     EXPECT_EQ(combo->GetText(), u"second");
+    EXPECT_THROW(combo->GetItems()->Move(0, 1), EListError);
+    EXPECT_THROW(combo->GetItems()->Exchange(0, 1), EListError);
+    EXPECT_EQ(combo->GetItems()->GetCommaText(), u"first,second") << "sorted, they stay where they belong";
 }
 
 TEST_F(ComboBoxTest, WritesRightToLeft) {

@@ -1,6 +1,7 @@
 // The choice field with a list of its own, used by keyboard and mouse: what is found, taken and told of, and how the
 // list opens and closes.
 
+#include "framework/system/formloader.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/button.h"
@@ -258,6 +259,19 @@ TEST_F(ChoiceField, KeepsTheItemThroughChangesOfTheItems) {
     Field->ItemIndex = 99;
     EXPECT_EQ(Field->ItemIndex, -1);
     EXPECT_EQ(Taken(), u"") << "the program's own doing is not announced";
+}
+
+TEST_F(ChoiceField, IsReadFromATextFormWithItsItem) {
+    Zorcomboboxnew::Register();
+    for (const char* sorted : {"", "  Sorted = True\n"}) {
+        const auto read = CreateFromTextForm(std::string("object Town: TZORComboBoxnew\n  ItemIndex = 2\n") + sorted +
+                                                 "  Text = 'Cieszyn'\n"
+                                                 "  Items.Strings = (\n    'Aachen'\n    'Brno'\n    'Cieszyn')\nend\n",
+                                             nullptr);
+        auto& town = dynamic_cast<TZORComboBoxnew&>(*read);
+        EXPECT_EQ(town.ItemIndex, 2) << sorted;
+        EXPECT_EQ(town.Text, u"Cieszyn") << sorted;
+    }
 }
 
 TEST_F(ChoiceField, TakesALetterOfThePopupThatAnItemHas) {
