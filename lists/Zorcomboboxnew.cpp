@@ -11,6 +11,7 @@ namespace ZOR {
 namespace {
 
 constexpr std::uint32_t kTimerInterval = 300; // milliseconds
+constexpr char16_t kControlBackspace = 0x7F;  // what this key types
 constexpr int kWheelRows = 3;                 // that the wheel scrolls the open list at a notch
 /// Posted to the field by itself: the items of the open list have changed.
 constexpr UINT kItemsChangedMessage = WM_USER + 0x300;
@@ -132,9 +133,12 @@ void TZORComboBoxnew::ShowItems(bool shown) {
 }
 
 void TZORComboBoxnew::ItemInserted(int index, const String&) {
-    FItemIndex += FItemIndex >= index && !IsLoading() ? 1 : 0;
-    if (FBefore && FBefore->Item >= index)
-        ++FBefore->Item;
+    const auto follow = [index](int& item) { item += item >= index ? 1 : 0; };
+    if (!IsLoading())
+        follow(FItemIndex);
+    follow(FToldItem);
+    if (FBefore)
+        follow(FBefore->Item);
     ItemsEdited();
 }
 
@@ -147,6 +151,7 @@ void TZORComboBoxnew::ItemDeleted(int index) {
     };
     const bool chosen = FItemIndex == index;
     follow(FItemIndex);
+    follow(FToldItem);
     if (FBefore)
         follow(FBefore->Item);
     if (chosen && ChoosesFromList())
@@ -156,6 +161,7 @@ void TZORComboBoxnew::ItemDeleted(int index) {
 
 void TZORComboBoxnew::ItemsCleared() {
     const bool chosen = std::exchange(FItemIndex, -1) >= 0;
+    FToldItem = -1;
     if (FBefore)
         FBefore->Item = -1;
     if (chosen && ChoosesFromList())
@@ -165,6 +171,7 @@ void TZORComboBoxnew::ItemsCleared() {
 
 void TZORComboBoxnew::ItemsReplaced() {
     FItemIndex = -1; // until it is told where the chosen one has gone
+    FToldItem = -1;
     if (FBefore)
         FBefore->Item = FBefore->Text.empty() ? -1 : FItems->IndexOf(FBefore->Text);
     ItemsEdited();
@@ -185,6 +192,7 @@ void TZORComboBoxnew::Loaded() {
         SetItemIndex(FItemIndex);
     else
         FollowText();
+    FToldItem = FItemIndex;
 }
 
 // The choice
@@ -193,11 +201,8 @@ void TZORComboBoxnew::Loaded() {
 void TZORComboBoxnew::ShowText(const String& text) {
     if (GetText() == text)
         return;
-    TLifeGuard alive(*this);
-    const bool outer = std::exchange(FQuietly, true);
+    const TAtScopeEnd restored(*this, [this, outer = std::exchange(FQuietly, true)] { FQuietly = outer; });
     SetText(text);
-    if (alive)
-        FQuietly = outer;
 }
 
 void TZORComboBoxnew::Choose(int item) {
@@ -212,6 +217,7 @@ void TZORComboBoxnew::SetItemIndex(int value) {
     }
     FBefore.reset();
     Choose(value >= 0 && value < FItems->GetCount() ? value : -1);
+    FToldItem = FItemIndex;
     ShowMatch();
 }
 
@@ -243,11 +249,34 @@ int TZORComboBoxnew::get_id_sel() const {
 /// Tells of what the person has brought about since the field showed this.
 void TZORComboBoxnew::Tell(const TShown& before) {
     TLifeGuard alive(*this);
-    const bool chosen = FItemIndex != before.Item && FItemIndex >= 0;
     if (GetText() != before.Text)
         TZORArrowField::Change();
-    if (alive && chosen)
-        Fire(*this, OnSelect, this);
+    if (alive)
+        TellChoice();
+}
+
+/// Tells of the item where it is not the one told of last: one that was typed in full is a choice only now.
+void TZORComboBoxnew::TellChoice() {
+    if (FItemIndex < 0 || FItemIndex == FToldItem)
+        return;
+    FToldItem = FItemIndex;
+    Fire(*this, OnSelect, this);
+}
+
+/// The field is done with: a text that is no item's gives way to the choice told of last where only items can be
+/// chosen, and to what was there before where none was.
+void TZORComboBoxnew::Settle() {
+    const TShown before{GetText(), FItemIndex};
+    if (ChoosesFromList() && FItemIndex < 0 && !before.Text.empty() && (FToldItem >= 0 || FBefore)) {
+        if (FToldItem >= 0) {
+            Choose(FToldItem);
+        } else {
+            FItemIndex = FBefore->Item;
+            ShowText(FBefore->Text);
+        }
+        FBefore.reset();
+    }
+    Tell(before);
 }
 
 // The search
@@ -293,39 +322,53 @@ void TZORComboBoxnew::KeyPress(char16_t& key) {
     TZORArrowField::KeyPress(key);
     if (!alive || key == 0)
         return;
-    if (key == VK_RETURN || key == u'\n' || key == VK_ESCAPE || key == VK_TAB) {
+    const char16_t high = std::exchange(FHighHalf, u'\0');
+    if (key == VK_RETURN || key == u'\n' || key == VK_ESCAPE || key == VK_TAB || key == kControlBackspace) {
         key = 0;
         return;
     }
-    if (key < u' ' || key == 0x7F)
+    if (key < u' ')
         return;
-    // The text as it would become, wherever the caret is.
+    if (IS_HIGH_SURROGATE(key)) { // alone it is no character, and matches what it must not
+        FHighHalf = std::exchange(key, u'\0');
+        return;
+    }
+    if (IS_LOW_SURROGATE(key)) {
+        const char16_t low = std::exchange(key, u'\0');
+        if (high != 0)
+            InsertText({high, low});
+        return;
+    }
     const TSelection selection = GetSelection();
-    String text = GetText();
-    const bool atEnd = selection.Start == static_cast<int>(text.size());
-    text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
-                 1, key);
-    if (atEnd ? key_allowed(key) : AllowsText(text))
+    const bool atEnd = selection.Start == static_cast<int>(GetText().size());
+    if (atEnd ? key_allowed(key) : AllowsText(TextWith(String(1, key))))
         FCharacterTyped = true;
     else
         key = 0;
 }
 
-/// Inserts the clipboard's text as one line where an item matches what becomes of the field.
-void TZORComboBoxnew::Paste() {
-    const std::optional<String> given = ClipboardText(GetHandle());
-    if (!given || GetReadOnly())
-        return;
-    const String line = Trim(OneLine(*given));
+/// The text as it would become, wherever the caret is.
+String TZORComboBoxnew::TextWith(const String& inserted) const {
     const TSelection selection = GetSelection();
     String text = GetText();
     text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
-                 line);
-    if (GetMaxLength() > 0 && static_cast<int>(text.size()) > GetMaxLength())
+                 inserted);
+    return text;
+}
+
+/// Inserts what the person gives at once where an item matches what becomes of the field.
+void TZORComboBoxnew::InsertText(const String& inserted) {
+    const String text = TextWith(inserted);
+    if (GetReadOnly() || (GetMaxLength() > 0 && static_cast<int>(text.size()) > GetMaxLength()))
         return;
     FCharacterTyped = AllowsText(text);
     if (FCharacterTyped)
-        SetSelText(line);
+        SetSelText(inserted);
+}
+
+void TZORComboBoxnew::Paste() {
+    if (const std::optional<String> given = ClipboardText(GetHandle()))
+        InsertText(Trim(OneLine(*given)));
 }
 
 void TZORComboBoxnew::Change() {
@@ -343,6 +386,8 @@ void TZORComboBoxnew::TextSet() {
     if (const String text = GetText(); OneLine(text) != text)
         ShowText(Trim(OneLine(text))); // lines that were added one by one
     FollowText();
+    if (!IsInsertingSign()) // which is the person's doing
+        FToldItem = FItemIndex;
     ShowMatch();
 }
 
@@ -375,11 +420,8 @@ void TZORComboBoxnew::ShowMatch() {
 
 void TZORComboBoxnew::CMTextChanged(TMessage& message) {
     // The program has set the text, perhaps from a handler of what the person does.
-    TLifeGuard alive(*this);
-    const bool outer = std::exchange(FByPerson, false);
+    const TAtScopeEnd restored(*this, [this, outer = std::exchange(FByPerson, false)] { FByPerson = outer; });
     TZORArrowField::CMTextChanged(message);
-    if (alive)
-        FByPerson = outer;
 }
 
 /// The text on its way into the window as one line.
@@ -452,8 +494,10 @@ void TZORComboBoxnew::FormActivateZ() {
 }
 
 void TZORComboBoxnew::dropdown_close() {
-    if (GetDroppedDown())
-        GetPopup()->CloseUp();
+    if (!GetDroppedDown())
+        return;
+    const TAtScopeEnd restored(*this, [this, outer = std::exchange(FClosing, true)] { FClosing = outer; });
+    GetPopup()->CloseUp();
 }
 
 void TZORComboBoxnew::form_deactivate(TObject*) {
@@ -461,7 +505,27 @@ void TZORComboBoxnew::form_deactivate(TObject*) {
     FAccTimer.SetEnabled(false);
     FCloseTimer.SetEnabled(true);
     InvalidateArrow();
-    if (!FHoldCloseUp)
+    if (FHoldCloseUp)
+        return;
+    TellClosedAfter([this] {
+        if (FClosing || FByPerson)
+            TellChoice(); // the person stays in the field and may go on typing
+        else
+            Settle();
+    });
+}
+
+/// Does what comes first and then tells that the list has closed, also where a handler of the first has thrown.
+void TZORComboBoxnew::TellClosedAfter(const std::function<void()>& first) {
+    TLifeGuard alive(*this);
+    try {
+        first();
+    } catch (...) {
+        if (alive)
+            Fire(*this, OnCloseUp, this);
+        throw;
+    }
+    if (alive)
         Fire(*this, OnCloseUp, this);
 }
 
@@ -527,17 +591,21 @@ void TZORComboBoxnew::CloseAnd(const std::function<void()>& rest) {
         const TAtScopeEnd closed(*this, [this] { FHoldCloseUp = false; });
         dropdown_close();
     }
-    if (alive)
+    if (!alive)
+        return;
+    if (open)
+        TellClosedAfter(rest);
+    else
         rest();
-    if (alive && open)
-        Fire(*this, OnCloseUp, this);
 }
 
-/// Takes a row and closes the list; without a row it only closes.
+/// Takes a row and closes the list; without a row it only closes, and an item that was typed in full is chosen.
 void TZORComboBoxnew::TakeRow(int row) {
     CloseAnd([this, row] {
-        if (row < 0 || row >= FItems->GetCount())
+        if (row < 0 || row >= FItems->GetCount()) {
+            TellChoice();
             return;
+        }
         const TShown before{GetText(), FItemIndex};
         FBefore.reset();
         Choose(row);
@@ -552,12 +620,14 @@ void TZORComboBoxnew::Restore() {
         if (!FBefore)
             return;
         const TShown back = *std::exchange(FBefore, std::nullopt);
-        const String text = GetText();
+        const TShown before{GetText(), FItemIndex};
         FItemIndex = back.Item;
         ShowText(back.Text);
+        FollowText(); // the items may be others by now
+        if (FItemIndex < 0)
+            FToldItem = -1;
         SelectAll();
-        if (text != back.Text)
-            TZORArrowField::Change();
+        Tell(before);
     });
 }
 
@@ -599,8 +669,9 @@ void TZORComboBoxnew::cust_Click(int row) {
 }
 
 void TZORComboBoxnew::cust_acc_OnTimer(TObject*) {
-    if (FHeldKey == 0 || !Focused()) {
-        FAccTimer.SetEnabled(false);
+    // Where the key was let go of in a message box or another program, nobody has said so here.
+    if (FHeldKey == 0 || !Focused() || GetKeyState(FHeldKey) >= 0) {
+        cust_KeyUp(FHeldKey);
         return;
     }
     const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FItemIndex;
@@ -611,8 +682,18 @@ void TZORComboBoxnew::cust_acc_OnTimer(TObject*) {
 
 // Keys
 
+/// A key means a row of the items as they are now; false where a handler of this ended the field.
+bool TZORComboBoxnew::BringListInLine() {
+    TLifeGuard alive(*this);
+    if (FListStale)
+        fit_popup();
+    return static_cast<bool>(alive);
+}
+
 /// Does what a key means to the field; false for keys that are the platform's.
 bool TZORComboBoxnew::HandleOwnKey(WORD key, TShiftState shift) {
+    if (!BringListInLine())
+        return true;
     const bool alt = shift.Contains(ssAlt);
     switch (key) {
     case VK_F4:
@@ -639,6 +720,8 @@ bool TZORComboBoxnew::HandleOwnKey(WORD key, TShiftState shift) {
     case VK_RETURN:
         if (GetDroppedDown())
             TakeRow(GetPopup()->list_box->GetRow());
+        else
+            TellChoice();
         return true;
     default:
         return false;
@@ -675,7 +758,7 @@ bool TZORComboBoxnew::HandlePopupKey(TMessage& message) {
         Restore();
         return true;
     case VK_TAB:
-        if (GetDroppedDown() && GetKeyState(VK_CONTROL) >= 0)
+        if (BringListInLine() && GetDroppedDown() && GetKeyState(VK_CONTROL) >= 0)
             TakeRow(GetPopup()->list_box->GetRow());
         return false; // and moves on
     default:
@@ -722,6 +805,9 @@ void TZORComboBoxnew::WndProc(TMessage& message) {
             return;
         }
         break;
+    case CM_LOSTFOCUS:
+        cust_KeyUp(FHeldKey); // whoever has the focus hears of its release
+        break;
     case ExtraSignsChangedMessage:
         if (std::exchange(FSignRefused, false))
             return;
@@ -738,11 +824,8 @@ void TZORComboBoxnew::Dispatch(TMessage& message) {
     case WM_SETTEXT:
         return NormalizeText(message);
     case WM_PASTE: {
-        TLifeGuard alive(*this);
-        const bool outer = std::exchange(FByPerson, true);
+        const TAtScopeEnd restored(*this, [this, outer = std::exchange(FByPerson, true)] { FByPerson = outer; });
         Paste();
-        if (alive)
-            FByPerson = outer;
         return;
     }
     case kItemsChangedMessage:
@@ -756,13 +839,10 @@ void TZORComboBoxnew::Dispatch(TMessage& message) {
         TZORArrowField::Dispatch(message);
         return;
     }
-    TLifeGuard alive(*this);
     if (!FBefore)
         FBefore = TShown{GetText(), FItemIndex};
-    const bool outer = std::exchange(FByPerson, true);
+    const TAtScopeEnd restored(*this, [this, outer = std::exchange(FByPerson, true)] { FByPerson = outer; });
     TZORArrowField::Dispatch(message);
-    if (alive)
-        FByPerson = outer;
 }
 
 void TZORComboBoxnew::DoEnter() {
@@ -776,12 +856,11 @@ void TZORComboBoxnew::DoExit() {
     FHeldKey = 0;
     FAccTimer.SetEnabled(false);
     TLifeGuard alive(*this);
-    // Nothing typed, or no item of that text: where only items can be chosen, the one from before comes back.
-    if (ChoosesFromList() && FItemIndex < 0 && GetTextLen() > 0 && FBefore)
-        Restore();
+    CloseAnd([this] { Settle(); });
     if (!alive)
         return;
     FBefore.reset();
+    FToldItem = FItemIndex;
     TZORArrowField::DoExit();
 }
 

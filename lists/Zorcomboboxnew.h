@@ -8,7 +8,8 @@
 // Up and Down move through the items and choose each, once when pressed and then at intervals while held. Alt+Up,
 // Alt+Down and F4 open and close the list, Enter takes the highlighted row, Tab takes it and moves on. Esc closes the
 // list and brings back the text and the item from before. Leaving the field by other means takes nothing; with Style
-// csDropDownList a text that is no item's then gives way to what was chosen before.
+// csDropDownList a text that is no item's then gives way to what was chosen last. An item typed in full counts as
+// chosen when the list closes or the field is left.
 
 #include "framework/windows/combobox.h"
 #include "framework/windows/controlstrings.h"
@@ -158,6 +159,8 @@ private:
     void FollowText();
     void NormalizeText(TMessage& message);
     bool AllowsText(const String& text);
+    String TextWith(const String& inserted) const;
+    void InsertText(const String& inserted);
     void Paste();
     void TextTyped();
     void TextSet();
@@ -168,7 +171,11 @@ private:
     void CloseAnd(const std::function<void()>& rest);
     void TakeRow(int row);
     void Restore();
+    void Settle();
+    void TellClosedAfter(const std::function<void()>& first);
     void Tell(const TShown& before);
+    void TellChoice();
+    bool BringListInLine();
     bool HandleOwnKey(WORD key, TShiftState shift);
     bool HandlePopupKey(TMessage& message);
 
@@ -180,11 +187,13 @@ private:
     std::optional<TShown> FBefore; // what Esc brings back
     TPoint FPointer;               // where the mouse was over the list last, on the screen
     int FItemIndex = -1;
+    int FToldItem = -1; // the item that OnSelect has told of, or that the program has set
     int FDropDownCount = 10;
     TBehavior FBehavior = beStandard;
     TComboBoxStyle FStyle = csDropDown;
-    int FWheel = 0;    // turned, but less than a notch
-    WORD FHeldKey = 0; // Up or Down, while the key is down
+    int FWheel = 0;         // turned, but less than a notch
+    WORD FHeldKey = 0;      // Up or Down, while the key is down
+    char16_t FHighHalf = 0; // of a character that comes in two halves; the low one is to follow
     bool FCaseSensitive = false;
     bool FIgnoreLocalChars = false;
     bool FSmartSearch = false;
@@ -192,6 +201,7 @@ private:
     bool FCharacterTyped = false;
     bool FQuietly = false;     // what changes the text now is not to be told of
     bool FHoldCloseUp = false; // the closing of the list is told of later
+    bool FClosing = false;     // the field closes its list itself
     bool FListStale = false;   // the items have changed since the open list was brought in line
     bool FSignRefused = false; // the letter of the popup of extra letters did not go in
 };

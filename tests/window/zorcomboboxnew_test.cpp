@@ -160,7 +160,7 @@ TEST_F(ChoiceField, EscBringsBackWhatWasThere) {
         EXPECT_FALSE(IsOpen());
         EXPECT_EQ(Field->Text, u"Łódź");
         EXPECT_EQ(Field->ItemIndex, 3);
-        EXPECT_EQ(Taken(), u"change close ");
+        EXPECT_EQ(Taken(), u"change select close ") << "the row below Kraków was told of";
         PressKey(VK_ESCAPE);
         EXPECT_EQ(Taken(), u"cancel ") << "the next one is the form's";
     }
@@ -190,6 +190,81 @@ TEST_F(ChoiceField, LeavingTakesNoHighlightedRowButTabDoes) {
     EXPECT_TRUE(Other.Focused());
     EXPECT_EQ(Field->ItemIndex, 1);
     EXPECT_EQ(Taken(), u"change select close ");
+}
+
+TEST_F(ChoiceField, TellsOfAnItemTypedInFullOnceWhateverEndsIt) {
+    Field->TabOrder = 0;
+    for (int way = 0; way < 5; ++way) {
+        Field->SetFocus();
+        Field->ItemIndex = -1;
+        TypeText(u"brno");
+        ASSERT_TRUE(IsOpen()) << way;
+        EXPECT_EQ(Taken(), u"change change change change ") << way << ", and no choice while more may follow";
+        String told = u"change select close "; // with the item's own letter case
+        if (way == 0) {
+            PressKey(VK_RETURN);
+            PressKey(VK_RETURN);
+        } else if (way == 1) {
+            PressKey(VK_TAB);
+        } else if (way == 2) {
+            PressMouse(PlaceOfRow(0));
+            ReleaseMouse();
+        } else {
+            told = u"select close ";
+            if (way == 3)
+                Other.SetFocus();
+            else
+                PressKey(VK_F4);
+        }
+        EXPECT_TRUE(WaitFor([&] { return !IsOpen(); })) << way;
+        EXPECT_EQ(Taken(), told) << way;
+        Other.SetFocus();
+        EXPECT_EQ(Taken(), u"") << way;
+    }
+    Field->SetFocus();
+    Field->ItemIndex = -1;
+    TypeText(u"brn");
+    Field->InsertItem(0, u"Aachen", nullptr);
+    TypeText(u"o");
+    Taken();
+    PressKey(VK_RETURN);
+    EXPECT_EQ(Taken(), u"change select close ");
+    EXPECT_EQ(Field->Text, u"Brno") << "the rows of the items as they are now";
+    Field->InsertItem(0, u"Aalen", nullptr);
+    PressKey(VK_RETURN);
+    EXPECT_EQ(Taken(), u"") << "the same item";
+}
+
+TEST_F(ChoiceField, ComesBackToTheLastChoiceWhereOnlyItemsCanBeChosen) {
+    Field->Style = csDropDownList;
+    Field->ItemIndex = 0;
+    PressKey(VK_DOWN);
+    TypeText(u"we");
+    Taken();
+    Other.SetFocus();
+    EXPECT_EQ(Field->Text, u"Kraków") << "stepping has told of it";
+    EXPECT_EQ(Field->ItemIndex, 1);
+    EXPECT_EQ(Taken(), u"change close ");
+}
+
+TEST_F(ChoiceField, GoesOnAsBeforeWhenAHandlerThrows) {
+    Application->OnException = [](TObject*, const std::exception&) {};
+    Field->OnChange = [this](TObject*) {
+        Told += u"throw ";
+        throw Exception(u"no");
+    };
+    TypeText(u"k");
+    PressKey(VK_RETURN);
+    EXPECT_EQ(Taken(), u"throw throw close ");
+    Field->OnChange = [this](TObject*) { Told += u"change "; };
+    Field->Text = u"oko";
+    EXPECT_EQ(Taken(), u"") << "set by the program";
+    TypeText(u"x");
+    EXPECT_EQ(Field->Text, u"oko");
+    Field->SelectAll();
+    TypeText(u"b");
+    EXPECT_EQ(Taken(), u"change ");
+    Application->OnException = nullptr;
 }
 
 TEST_F(ChoiceField, StepsThroughTheItemsAndGoesOnWhileAKeyIsHeld) {
@@ -227,6 +302,29 @@ TEST_F(ChoiceField, StepsThroughTheItemsAndGoesOnWhileAKeyIsHeld) {
     Other.SetFocus();
     turn(-1);
     EXPECT_EQ(Field->ItemIndex, 1) << "only a field that was entered";
+}
+
+TEST_F(ChoiceField, StopsSteppingWhenTheKeyIsLetGoOfElsewhere) {
+    INPUT down{};
+    down.type = INPUT_KEYBOARD;
+    down.ki.wVk = VK_DOWN;
+    INPUT up = down;
+    up.ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(1, &down, sizeof(down));
+    EXPECT_TRUE(WaitFor([&] { return Field->ItemIndex == 0; }));
+    ::SetFocus(nullptr); // as a message box takes it
+    SendInput(1, &up, sizeof(up));
+    Application->ProcessMessages();
+    ::SetFocus(Field->GetHandle());
+    PressKey(VK_DOWN);
+    EXPECT_EQ(Field->ItemIndex, 1) << "pressed anew";
+    Form->KeyPreview = true;
+    Form->OnKeyUp = [](TObject*, WORD& key, TShiftState) { key = 0; };
+    PressKey(VK_DOWN);
+    EXPECT_EQ(Field->ItemIndex, 2);
+    EXPECT_FALSE(WaitFor([&] { return Field->ItemIndex != 2; }, 700)) << "the form keeps the release to itself";
+    PressKey(VK_DOWN);
+    EXPECT_EQ(Field->ItemIndex, 3);
 }
 
 TEST_F(ChoiceField, KeepsTheItemThroughChangesOfTheItems) {
@@ -292,6 +390,16 @@ TEST_F(ChoiceField, PastesWhatAnItemMatches) {
     EXPECT_EQ(Field->ItemIndex, 0);
     PressKey('V', {ssCtrl});
     EXPECT_EQ(Field->Text, u"Brno") << "twice is no item";
+    EXPECT_EQ(Taken(), u"change ");
+}
+
+TEST_F(ChoiceField, TakesACharacterOfTwoHalvesAsOne) {
+    Field->AddItem(u"A \xD83D\xDE00", nullptr);
+    TypeText(u"\xD83D\xDE01");
+    EXPECT_EQ(Field->Text, u"") << "the first half alone would match";
+    TypeText(u"\xD83D\xDE00");
+    EXPECT_EQ(Field->Text, u"\xD83D\xDE00");
+    EXPECT_EQ(Row(), 6);
     EXPECT_EQ(Taken(), u"change ");
 }
 
