@@ -155,16 +155,19 @@ void TZORComboBox::EscapePressed() {
     const String text = GetText();
     SetItemIndex(FBefore.Item);
     if (FBefore.Item < 0 || GetText() != FBefore.Text)
-        SetEditText(FBefore.Text);
+        SetText(FBefore.Text); // its item may stand elsewhere by now
     SelectAll();
+    TLifeGuard alive(*this);
     if (text != FBefore.Text)
         Change();
+    if (alive)
+        TellItem();
 }
 
 // Messages of the parts
 
 void TZORComboBox::KeyDown(WORD& key, TShiftState shift) {
-    FEscaping = key == VK_ESCAPE && GetDroppedDown();
+    FEscaping = key == VK_ESCAPE && FPublishedStyle != csSimple && GetDroppedDown();
     TLifeGuard alive(*this);
     TZORScreenKeyboard::KeyDown(key, shift);
     if (!alive || !ChoosesFromList() || (key != VK_DELETE && key != VK_INSERT))
@@ -293,6 +296,10 @@ void TZORComboBox::Native(TMessage& message, void (TZORComboBox::*handle)(TMessa
     TNews news;
     FNews = &news;
     TLifeGuard alive(*this);
+    if (FPublishedStyle == csSimple)
+        FTold.reset(); // its list is always open
+    else if (!GetDroppedDown())
+        NoteTold();
     {
         const TAtScopeEnd ended(*this, [this] { FNews = nullptr; });
         (this->*handle)(message);
@@ -305,24 +312,52 @@ void TZORComboBox::Native(TMessage& message, void (TZORComboBox::*handle)(TMessa
 
 void TZORComboBox::Select() {
     FBuffer.clear(); // a search has nothing to do with what is chosen by other means
-    if (FNews)
+    if (FNews) {
         FNews->Chosen = true;
-    else
-        TellChoice();
+        return;
+    }
+    FTold.reset(); // not by key or mouse, and nobody has looked before
+    TellChoice();
+}
+
+/// The list is closed: what shows now was told of, or is the program's. In the list the mouse makes items current that
+/// nobody has chosen.
+void TZORComboBox::NoteTold() {
+    FTold = TTold{GetText(), FUntold && FTold ? FTold->Item : ChosenItem()};
+}
+
+TZORComboBox::TChosen TZORComboBox::ChosenItem() const {
+    const int item = GetItemIndex();
+    return {item, item >= 0 ? GetItems()->Get(item) : String()};
 }
 
 void TZORComboBox::TellChoice() {
     FUntold = false;
     TLifeGuard alive(*this);
     Click();
-    if (alive)
+    if (alive && !(FTold && FTold->Text == GetText()))
         Change();
     if (alive)
+        TellItem();
+}
+
+/// Tells of the item where it is not the one told of last.
+void TZORComboBox::TellItem() {
+    const TChosen now = ChosenItem();
+    const std::optional<TTold> before = std::exchange(FTold, TTold{GetText(), now});
+    if (now.Index >= 0 && !(before && before->Item == now))
         Fire(*this, OnSelect, this);
+}
+
+void TZORComboBox::Change() {
+    if (FTold)
+        FTold->Text = GetText();
+    TZORScreenKeyboard::Change();
 }
 
 void TZORComboBox::DropDown() {
     FBefore = {GetText(), GetItemIndex()};
+    NoteTold();
     FEscaping = false;
     TLifeGuard alive(*this);
     TZORScreenKeyboard::DropDown();
@@ -354,7 +389,7 @@ void TZORComboBox::TellClosed() {
     if (FEscaping)
         EscapePressed();
     if (alive && std::exchange(FUntold, false))
-        Fire(*this, OnSelect, this);
+        TellItem();
     if (alive)
         TZORScreenKeyboard::CloseUp();
 }
@@ -364,7 +399,11 @@ void TZORComboBox::DoExit() {
     FEscaping = false;
     if (ChoosesFromList())
         SetSelection({0, 0}); // some systems go on to show it in a field that was left
-    TZORScreenKeyboard::DoExit();
+    TLifeGuard alive(*this);
+    if (std::exchange(FUntold, false))
+        TellItem(); // found by letters of the popup, without a list to close
+    if (alive)
+        TZORScreenKeyboard::DoExit();
 }
 
 void Zorcombobox::Register() {

@@ -54,6 +54,7 @@ protected:
     void ListWndProc(TMessage& message) override;
     void KeyDown(WORD& key, TShiftState shift) override;
     void KeyPress(char16_t& key) override;
+    void Change() override;
     void Select() override;
     void DropDown() override;
     void CloseUp() override;
@@ -73,6 +74,18 @@ private:
         int Item = -1;
     };
 
+    /// An item as it was: its index may be another's by now.
+    struct TChosen {
+        int Index = -1;
+        String Text;
+
+        bool operator==(const TChosen&) const = default;
+    };
+    struct TTold {
+        String Text; // in the edit part
+        TChosen Item;
+    };
+
     bool ChoosesFromList() const { return FPublishedStyle == csDropDownList; }
     const TChoiceIndex& Index();
     void Search(TSearchKey kind, char16_t key);
@@ -89,13 +102,17 @@ private:
     void NativeList(TMessage& message) { TZORScreenKeyboard::ListWndProc(message); }
     void NativeCombo(TMessage& message) { TZORScreenKeyboard::WndProc(message); }
     void WidenList();
+    TChosen ChosenItem() const;
+    void NoteTold();
     void TellChoice();
+    void TellItem();
     void TellClosed();
 
     TChoiceIndex FIndex;
     String FBuffer;
-    TShown FBefore;         // when the list opened
-    TNews* FNews = nullptr; // while the native window acts on a key or the mouse
+    TShown FBefore;             // when the list opened
+    std::optional<TTold> FTold; // what the events have told of last, or what the program has set
+    TNews* FNews = nullptr;     // while the native window acts on a key or the mouse
     TBehavior FBehavior = beStandard;
     TComboBoxStyle FPublishedStyle = csDropDown;
     int FKeyFlag = 0;

@@ -1,5 +1,7 @@
 #include "lists/Zorcombobox_rules.h"
 
+#include "framework/system/strings.h"
+
 namespace ZOR {
 
 TSearchStep StepSearch(StringView buffer, TSearchKey kind, char16_t key, bool afresh, TBehavior behavior,
@@ -11,6 +13,8 @@ TSearchStep StepSearch(StringView buffer, TSearchKey kind, char16_t key, bool af
     if (kind == TSearchKey::Character) {
         step.Buffer += items.Folder().Fold(StringView(&key, 1));
     } else if (kind == TSearchKey::Backspace) {
+        if (SplitsSurrogates(step.Buffer, step.Buffer.size() - 1))
+            step.Buffer.pop_back(); // a character of two halves goes as a whole
         if (!step.Buffer.empty())
             step.Buffer.pop_back();
         step.DropSelection = step.Buffer.empty();

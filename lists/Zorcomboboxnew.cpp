@@ -329,11 +329,11 @@ void TZORComboBoxnew::KeyPress(char16_t& key) {
     }
     if (key < u' ')
         return;
-    if (IS_HIGH_SURROGATE(key)) { // alone it is no character, and matches what it must not
+    if (IsHighSurrogate(key)) { // alone it is no character, and matches what it must not
         FHighHalf = std::exchange(key, u'\0');
         return;
     }
-    if (IS_LOW_SURROGATE(key)) {
+    if (IsLowSurrogate(key)) {
         const char16_t low = std::exchange(key, u'\0');
         if (high != 0)
             InsertText({high, low});

@@ -164,6 +164,9 @@ TEST(ComboSearch, NarrowsRefusesAndGoesBack) {
     step = beginning.Type(u"g");
     EXPECT_EQ(step.Item, -1);
     EXPECT_EQ(step.Buffer, u"ko");
+    TSearchStory pairs({u"x\xD83D\xDE00"}, beStandard);
+    pairs.Type(u"x\xD83D\xDE00");
+    EXPECT_EQ(pairs.Type(u"<").Buffer, u"x") << "both halves";
     TSearchStory empty({}, beStandard);
     EXPECT_EQ(empty.Type(u"a").Buffer, u"") << "no items, no keys";
 }

@@ -132,6 +132,12 @@ TEST_F(SearchCombo, ChoosesByKeysAndMouseAndTellsOnce) {
     EXPECT_TRUE(WaitFor([&] { return !IsOpen(); }));
     EXPECT_EQ(Shown(), u"[Brno]");
     EXPECT_EQ(Taken(), u"change select close ");
+    ClickOn(*Box, middle);
+    ASSERT_TRUE(WaitFor([&] { return IsOpen(); }));
+    PressMouse(PlaceOfRow(3));
+    ReleaseMouse();
+    EXPECT_TRUE(WaitFor([&] { return !IsOpen(); }));
+    EXPECT_EQ(Taken(), u"drop close ") << "the same again is no choice";
     ClickOn(*Box, {10, 10});
     EXPECT_TRUE(WaitFor([&] { return Told == u"edit "; }));
     Box->Clear();
@@ -139,6 +145,22 @@ TEST_F(SearchCombo, ChoosesByKeysAndMouseAndTellsOnce) {
     ClickOn(*Box, middle);
     EXPECT_TRUE(WaitFor([&] { return Told == u"new "; }));
     EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(SearchCombo, BringsBackTextAndItemOnEsc) {
+    Box->ItemIndex = 2;
+    PressKey(VK_F4);
+    PressKey(VK_DOWN);
+    Box->Items->Insert(0, u"Aachen");
+    EXPECT_EQ(Taken(), u"drop change select ");
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(Shown(), u"[Köln]");
+    EXPECT_EQ(Box->ItemIndex, 3) << "where its item is now";
+    EXPECT_EQ(Taken(), u"change select close ") << "the item told of was another";
+    Box->Style = csSimple;
+    Box->Text = u"Olomouc";
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(Box->Text, u"Olomouc") << "a list that is always there closes by no key";
 }
 
 TEST_F(SearchCombo, OpensAListAsWideAsItsItems) {
@@ -198,9 +220,13 @@ TEST_F(SearchCombo, TakesALetterOfThePopupForAKey) {
     ClickSign(*Box->GetExtraSignsForm(), u'ň');
     EXPECT_EQ(Shown(), u"Rad[ěň]") << "the same search goes on";
     EXPECT_FALSE(IsOpen()) << "it would cover the popup";
+    EXPECT_EQ(Taken(), u"change ");
+    Other.SetFocus();
+    EXPECT_EQ(Taken(), u"select ");
+    Box->SetFocus();
+    PressKey(VK_F7);
     Box->Style = csDropDown;
     Box->Text = u"";
-    EXPECT_EQ(Taken(), u"change ");
     ClickSign(*Box->GetExtraSignsForm(), u'ž');
     EXPECT_EQ(Box->Text, u"ž");
     EXPECT_EQ(Taken(), u"change ");
