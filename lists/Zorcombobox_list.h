@@ -1,8 +1,8 @@
 #pragma once
 
 // The list that drops down from a choice field. It shows the items of the field with the characters marked that match
-// what is typed, never takes the focus from it, and costs the same to open whatever the number of items, since it only
-// knows how many there are and asks for those that show.
+// what is typed and never takes the focus from it. It only knows how many items there are and asks for those that show,
+// so that opening costs no more than finding the widest of them.
 
 #include "foundation/Zorpopup.h"
 #include "framework/windows/listbox.h"
