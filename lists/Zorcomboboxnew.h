@@ -67,7 +67,8 @@ public:
     /// How many rows the list shows before it scrolls.
     int GetDropDownCount() const { return FDropDownCount; }
     void SetDropDownCount(int value);
-    /// Whether the accents of the Latin letters from U+00C0 to U+017F are ignored, also those that SmartSearch does not know.
+    /// Whether the accents of the Latin letters from U+00C0 to U+017F are ignored, also those that SmartSearch does not
+    /// know.
     bool GetIgnoreLocalChars() const { return FIgnoreLocalChars; }
     void SetIgnoreLocalChars(bool value) { FIgnoreLocalChars = value; }
     TStrings* GetItems() const;

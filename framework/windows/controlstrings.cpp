@@ -146,7 +146,8 @@ void TControlStrings::Clear() {
 }
 
 void TControlStrings::SetSorted(bool value) {
-    if (!value || FList.GetCount() < 2) { // no order changes, and a form that is loading names its item before it has any
+    // Without an order to change nothing is replaced: a form that is loading names its item before it has any.
+    if (!value || FList.GetCount() < 2) {
         FList.SetSorted(value);
         return;
     }
