@@ -83,6 +83,7 @@ private:
 
     void ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns);
     void FindTable(const std::vector<TOdbcColumn>& columns);
+    String DoubtAboutRows() const;
     void FindKey();
     bool IsKey(int column) const { return std::find(FTable.Key.begin(), FTable.Key.end(), column) != FTable.Key.end(); }
     TOldValue OldValues(const TRowStore& rows, int row) const;
@@ -192,10 +193,30 @@ void TOdbcRowSource::FindTable(const std::vector<TOdbcColumn>& columns) {
         return;
     }
     FTableName = *tables.begin();
+    FReadOnlyReason = DoubtAboutRows();
+    if (!FReadOnlyReason.empty())
+        return;
     if (!FTableName.Schema.empty())
         FTable.Name = FConnection->QuotedName(FTableName.Schema) + u".";
     FTable.Name += FConnection->QuotedName(FTableName.Table);
     FindKey();
+}
+
+/// Why one record may show more than one row of the table, or another one than it seems; empty for a plain query.
+String TOdbcRowSource::DoubtAboutRows() const {
+    const TQueryTables named = TablesIn(FSql.Text);
+    const auto found = named.Counts.find(AnsiUpperCase(FTableName.Table));
+    const int count = found == named.Counts.end() ? 0 : found->second;
+    // SQLite gives the tables that a view reads, and for a combined query those of its first part.
+    if (IsSQLite() && count == 0)
+        return u"they come from a view of '" + FTableName.Table + u"'";
+    if (IsSQLite() && named.Combined)
+        return u"they come from several queries";
+    const bool repeats =
+        std::any_of(named.Counts.begin(), named.Counts.end(), [](const auto& table) { return table.second > 1; });
+    if (count > 1 || (named.With && repeats))
+        return u"the query reads '" + FTableName.Table + u"' more than once";
+    return {};
 }
 
 void TOdbcRowSource::FindKey() {

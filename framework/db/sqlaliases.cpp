@@ -3,6 +3,8 @@
 #include "framework/system/strings.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace framework {
 
@@ -16,7 +18,7 @@ constexpr StringView openers[] = {
     u"WITH",   u"INTERSECT", u"BETWEEN", u"ESCAPE", u"COLLATE", u"CAST",  u"EXISTS",
 };
 
-enum class TToken { End, Name, Value, Sign };
+enum class TToken { End, Word, QuotedName, Value, Sign };
 
 /// Cuts a statement into words and signs.
 class TScanner {
@@ -35,7 +37,7 @@ public:
         }
         if (first == u'"' || first == u'`' || first == u'[') {
             text = AnsiUpperCase(Quoted(first == u'[' ? u']' : first));
-            return TToken::Name;
+            return TToken::QuotedName;
         }
         const std::size_t start = FAt;
         while (FAt < FSql.size() && IsWordUnit(FSql[FAt]))
@@ -45,7 +47,7 @@ public:
             return TToken::Sign;
         }
         text = AnsiUpperCase(FSql.substr(start, FAt - start));
-        return first >= u'0' && first <= u'9' ? TToken::Value : TToken::Name;
+        return first >= u'0' && first <= u'9' ? TToken::Value : TToken::Word;
     }
 
 private:
@@ -85,7 +87,107 @@ private:
     std::size_t FAt = 0;
 };
 
+template <std::size_t count>
+bool IsOneOf(StringView word, const StringView (&words)[count]) {
+    return std::find(std::begin(words), std::end(words), word) != std::end(words);
+}
+
+constexpr StringView combiners[] = {u"UNION", u"EXCEPT", u"INTERSECT"};
+/// Behind these no tables follow on the same level.
+constexpr StringView endsOfTables[] = {u"WHERE", u"GROUP", u"HAVING", u"WINDOW", u"ORDER", u"LIMIT", u"OFFSET"};
+
+/// Follows a query from clause to clause, on each level of its parentheses.
+class TTableFinder {
+public:
+    explicit TTableFinder(StringView sql) : FScanner(sql) {}
+
+    TQueryTables Find() {
+        String text;
+        for (TToken token = FScanner.Next(text); token != TToken::End; token = FScanner.Next(text)) {
+            if (token == TToken::Sign)
+                TakeSign(text);
+            else if (token == TToken::Word)
+                TakeWord(text);
+            else if (token == TToken::QuotedName)
+                TakeName(text);
+        }
+        EndName();
+        return std::move(FTables);
+    }
+
+private:
+    enum class TClause { Columns, Tables, Join, Rest, Unseen };
+
+    TClause& Clause() { return FLevels.back(); }
+
+    void TakeSign(StringView sign) {
+        if (sign == u".") {
+            // What stood before was a schema.
+            FExpectsName = FExpectsName || !FName.empty();
+            FName.clear();
+            return;
+        }
+        EndName();
+        if (sign == u"(") {
+            const bool seen = Clause() == TClause::Columns || Clause() == TClause::Tables;
+            FLevels.push_back(seen ? Clause() : TClause::Unseen);
+        } else if (sign == u")" && FLevels.size() > 1) {
+            FLevels.pop_back();
+        } else if (sign == u"," && Clause() == TClause::Join) {
+            Clause() = TClause::Tables;
+        }
+        FExpectsName = Clause() == TClause::Tables && (sign == u"(" || sign == u",");
+    }
+
+    void TakeWord(StringView word) {
+        if (Clause() == TClause::Unseen)
+            return;
+        const TClause clause = Clause();
+        if (word == u"WITH" && FLevels.size() == 1 && clause == TClause::Columns)
+            FTables.With = true;
+        else if (IsOneOf(word, combiners))
+            FTables.Combined = true;
+
+        if (word == u"SELECT")
+            Clause() = TClause::Columns;
+        else if (word == u"FROM" || word == u"JOIN")
+            Clause() = TClause::Tables;
+        else if (IsOneOf(word, endsOfTables))
+            Clause() = TClause::Rest;
+        else if ((word == u"ON" || word == u"USING") && clause == TClause::Tables)
+            Clause() = TClause::Join;
+        else if (word == u"ONLY" || word == u"LATERAL")
+            return;
+        else
+            return TakeName(word);
+        EndName();
+        FExpectsName = Clause() == TClause::Tables;
+    }
+
+    void TakeName(StringView name) {
+        EndName();
+        if (std::exchange(FExpectsName, false))
+            FName = name;
+    }
+
+    /// A name is that of a table when no point has followed.
+    void EndName() {
+        if (!FName.empty())
+            ++FTables.Counts[std::exchange(FName, {})];
+    }
+
+    TScanner FScanner;
+    TQueryTables FTables;
+    std::vector<TClause> FLevels{TClause::Columns};
+    String FName;
+    bool FExpectsName = false;
+};
+
 } // namespace
+
+TQueryTables TablesIn(StringView sql) {
+    return TTableFinder(sql).Find();
+}
 
 std::set<String> AliasesIn(StringView sql) {
     std::set<String> aliases;
@@ -93,14 +195,13 @@ std::set<String> AliasesIn(StringView sql) {
     String text;
     bool afterExpression = false;
     for (TToken token = scanner.Next(text); token != TToken::End; token = scanner.Next(text)) {
-        const bool opens =
-            token == TToken::Name && std::find(std::begin(openers), std::end(openers), text) != std::end(openers);
+        const bool opens = token == TToken::Word && IsOneOf(text, openers);
         // AS itself keeps what was before it.
-        if (token == TToken::Name && text == u"AS") {
+        if (token == TToken::Word && text == u"AS") {
             afterExpression = true;
             continue;
         }
-        if (token == TToken::Name && !opens && afterExpression)
+        if ((token == TToken::Word || token == TToken::QuotedName) && !opens && afterExpression)
             aliases.insert(text);
         afterExpression = token == TToken::Sign ? text == u")" || text == u"?" : !opens;
     }
