@@ -273,7 +273,7 @@ TOldValue TOdbcRowSource::KeyOfNewRow(TOdbcStatement& insert, std::span<const TC
             if (!key.contains(FTable.Key[i]))
                 take(FTable.Key[i], std::move(text));
         }
-    } else if (IsSQLite() && key.empty() && FTable.Key.size() == 1) {
+    } else if (IsSQLite() && key.empty() && FPlans[static_cast<std::size_t>(FTable.Key.front())].Info.AutoIncrement) {
         TOdbcStatement statement(Session(), Purpose(u"read the key of the new record"));
         statement.Run({u"SELECT last_insert_rowid()", {}});
         if (statement.Fetch())

@@ -158,6 +158,15 @@ TEST_P(OdbcPosting, StrangeNamesAndKeysOfSeveralColumns) {
     EXPECT_THROW(Change(*rows, u"Select", Text(u"x")), EDatabaseError) << "half a key";
     rows->CancelUpdate();
     EXPECT_EQ(rows->GetRecordCount(), 3);
+
+    // The fourth row has the key 7, and the key 4 is that of another.
+    Connection->Execute(u"CREATE TABLE given (id int PRIMARY KEY, v int)");
+    Connection->Execute(u"INSERT INTO given VALUES (4, 40), (5, 50), (6, 60)");
+    const auto given = Open(u"SELECT * FROM given");
+    given->AddNew();
+    EXPECT_THROW(Change(*given, u"v", std::int64_t(70)), EDatabaseError);
+    given->CancelUpdate();
+    EXPECT_EQ(Value(u"SELECT count(*) FROM given"), Variant(3));
 }
 
 TEST_P(OdbcPosting, WhatCannotBeEditedSaysWhy) {
