@@ -40,7 +40,7 @@ public:
 private:
     const TEditTable::TColumn& Column(int column) const { return FTable.Columns[static_cast<std::size_t>(column)]; }
     void Add(TDataValue value, int column) { FStatement.Parameters.push_back({std::move(value), Column(column).Type}); }
-    void Range(int column, double value);
+    void Range(int column, double value, double limit = std::numeric_limits<double>::infinity());
     bool SQLiteCondition(int column, const TDataValue& value);
     bool PostgreSQLCondition(int column, const TDataValue& value);
 
@@ -48,8 +48,9 @@ private:
     TSqlStatement FStatement;
 };
 
-void TWriter::Range(int column, double value) {
-    const double tolerance = Tolerance(value, Column(column).Type);
+/// What is nearer to the value than the digits of a driver tell, and than `limit`.
+void TWriter::Range(int column, double value, double limit) {
+    const double tolerance = std::min(Tolerance(value, Column(column).Type), limit);
     Name(column);
     *this << u" BETWEEN ? AND ?";
     FStatement.Parameters.push_back({value - tolerance, adDouble});
@@ -72,7 +73,14 @@ bool TWriter::SQLiteCondition(int column, const TDataValue& value) {
         *this << u", '{}')) = ?";
         FStatement.Parameters.push_back({GUIDToString(*guid).substr(1, 36), adVarWChar});
     } else if (const auto* number = std::get_if<TNumeric>(&value)) {
-        Range(column, number->AsDouble());
+        // It keeps whole numbers as they are and the others as floats, which must not reach the next decimal.
+        if (TNumeric whole; number->TryRescale(0, whole)) {
+            Name(column);
+            *this << u" = ?";
+            FStatement.Parameters.push_back({whole.Units, adBigInt});
+        } else {
+            Range(column, number->AsDouble(), 0.4 * std::pow(10.0, -number->Scale));
+        }
     } else if (IsTextType(type)) {
         // Whatever the column counts as equal, letter case for instance, a change is a change.
         Name(column);

@@ -93,6 +93,23 @@ TEST_P(OdbcPosting, ChangesOfOthersAreNeverOverwritten) {
     }
 }
 
+TEST_P(OdbcPosting, DecimalsAreComparedToTheLastDigit) {
+    Connection->Execute(u"CREATE TABLE exact (id numeric(18,0) PRIMARY KEY, v numeric(15,2))");
+    Connection->Execute(u"INSERT INTO exact VALUES (900000000000001, 9000000000000.01), (900000000000002, 0.5)");
+    const auto ours = Open(u"SELECT * FROM exact ORDER BY id");
+    const auto theirs = Open(u"SELECT * FROM exact ORDER BY id");
+    Change(*theirs, u"v", TNumeric{900'000'000'000'005, 2});
+    EXPECT_THROW(Change(*ours, u"v", TNumeric{1, 2}), ERecordChangedError);
+    EXPECT_THROW(ours->Delete(), ERecordChangedError);
+    ours->Requery();
+    Change(*ours, u"v", TNumeric{300, 2});
+    Change(*ours, u"v", TNumeric{900'000'000'000'019, 2});
+    ours->Delete();
+    ours->MoveNext();
+    Change(*ours, u"id", TNumeric{900'000'000'000'003, 0});
+    EXPECT_EQ(Value(u"SELECT count(*) FROM exact"), Variant(1));
+}
+
 TEST_P(OdbcPosting, RefusedEditsLeaveAllAsItWas) {
     const auto rows = Goods();
     const Variant bookmark = rows->GetBookmark();
