@@ -42,7 +42,8 @@ private:
 };
 
 /// Makes what follows on the connection one whole: unless Commit is reached, all of it is undone. Inside another
-/// transaction it belongs to that one.
+/// transaction it belongs to that one, as does the post of an edit: when one of them fails, the whole can only be
+/// undone.
 class TOdbcTransaction {
 public:
     explicit TOdbcTransaction(TOdbcConnection& connection) : TOdbcTransaction(connection.Session()) {}
@@ -51,7 +52,7 @@ public:
     TOdbcTransaction& operator=(const TOdbcTransaction&) = delete;
     ~TOdbcTransaction();
 
-    /// When it fails, everything is undone.
+    /// When it fails, everything is undone; so it is, with EDatabaseError, when a part of the whole has failed before.
     void Commit();
 
 private:

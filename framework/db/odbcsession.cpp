@@ -13,6 +13,7 @@
 
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace framework {
 
@@ -143,10 +144,13 @@ void TOdbcSession::BeginTransaction() {
 }
 
 void TOdbcSession::EndTransaction(bool commit) {
+    FPartFailed = FPartFailed || !commit;
     if (--FTransactions > 0)
         return;
-    if (!commit) {
+    if (std::exchange(FPartFailed, false)) {
         Undo();
+        if (commit)
+            throw EDatabaseError(u"The transaction was undone, because a part of it failed");
         return;
     }
     constexpr char16_t purpose[] = u"commit the transaction";

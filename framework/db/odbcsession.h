@@ -69,8 +69,9 @@ public:
     /// Whether a long value of one row of a block can be read on its own.
     bool ReadsLongValuesInBlocks() const { return FReadsLongValuesInBlocks; }
 
-    /// A transaction inside another one is part of it; EndTransaction counts only for the outermost. It raises nothing
-    /// when it does not commit.
+    /// A transaction inside another one is part of it: the outermost decides, but it can only be undone once one of
+    /// its parts was not committed, and raises EDatabaseError when it should commit all the same. EndTransaction
+    /// raises nothing when it does not commit.
     void BeginTransaction();
     void EndTransaction(bool commit);
 
@@ -95,6 +96,8 @@ private:
     std::optional<bool> FCharsAreUtf8;
     std::optional<char> FMoneyPoint;
     int FTransactions = 0;
+    /// A part of the transaction was not committed.
+    bool FPartFailed = false;
 };
 
 /// A statement with its parameters. `purpose` says in errors what was being done.

@@ -143,6 +143,18 @@ TEST_P(OdbcPosting, RefusedEditsLeaveAllAsItWas) {
     } catch (const EAbort&) {
         EXPECT_EQ(Value(u"SELECT sum(stock) FROM goods"), Variant(1)) << "undone with what it belonged to";
     }
+
+    // A whole of which a part has failed is not committed without that part.
+    rows->Requery();
+    {
+        TOdbcTransaction whole(*Connection);
+        EXPECT_THROW(Change(*rows, u"stock", std::int64_t(-1)), EDatabaseServerError);
+        EXPECT_THROW(whole.Commit(), EDatabaseError);
+    }
+    TOdbcTransaction next(*Connection);
+    Change(*rows, u"stock", std::int64_t(3));
+    next.Commit();
+    EXPECT_EQ(Value(u"SELECT sum(stock) FROM goods"), Variant(3)) << "the next transaction knows nothing of it";
 }
 
 TEST_P(OdbcPosting, TextsAreNeverPartOfStatements) {
