@@ -101,7 +101,15 @@ struct TBinder {
     }
     void operator()(std::int64_t value) const { Bound.AssignPlain(SQL_C_SBIGINT, SQL_BIGINT, 19, value); }
     void operator()(double value) const { Bound.AssignPlain(SQL_C_DOUBLE, SQL_DOUBLE, 15, value); }
-    void operator()(const TNumeric& value) const { (*this)(value.AsText()); }
+    void operator()(const TNumeric& value) const {
+        // Beside a column, SQLite makes the text a number itself; beside anything else a text is above all numbers.
+        if (Kind != TDatabaseKind::SQLite || Type != adEmpty)
+            (*this)(value.AsText());
+        else if (TNumeric whole; value.TryRescale(0, whole))
+            (*this)(whole.Units);
+        else
+            (*this)(value.AsDouble());
+    }
     void operator()(TMoment value) const {
         const DataTypeEnum type = IsMomentType(Type) ? Type : MomentType(value);
         // SQLite keeps texts, and the times of day of ODBC have no fractions.

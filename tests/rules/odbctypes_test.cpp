@@ -184,6 +184,13 @@ TEST_P(OdbcTypes, LongTextsAmongManyRowsKeepTheirPlaces) {
     }
 }
 
+TEST_P(OdbcTypes, ParametersOfMoneyAreNumbers) {
+    Connection->Execute(u"CREATE TABLE t (id int PRIMARY KEY, price numeric(10,2))");
+    Connection->Execute(u"INSERT INTO t VALUES (1, 10), (2, 12.5), (3, 20)");
+    for (const TNumeric limit : {TNumeric{1225, 2}, TNumeric{1100, 2}})
+        EXPECT_EQ(Open(u"SELECT id FROM t GROUP BY id HAVING sum(price) > ?", {{limit}})->GetRecordCount(), 2);
+}
+
 TEST_P(OdbcTypesOfSQLite, StayWhatTheyAreWhenTheyBreakTheirDeclaration) {
     const struct {
         const char16_t* Declaration;
