@@ -1,6 +1,7 @@
 #include "framework/db/sqlstatement.h"
 
 #include "framework/db/datatexts.h"
+#include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 
 #include <algorithm>
@@ -60,13 +61,17 @@ void TWriter::Range(int column, double value, double limit) {
 /// SQLite has no types for moments, GUIDs and decimals, so the same value can be written in several ways.
 bool TWriter::SQLiteCondition(int column, const TDataValue& value) {
     const DataTypeEnum type = Column(column).Type;
+    const bool isDeclared = !Column(column).ServerType.empty();
     if (const auto* moment = std::get_if<TMoment>(&value)) {
         *this << (type == adDBDate   ? u"strftime('%Y-%m-%d', "
                   : type == adDBTime ? u"strftime('%H:%M:%f', "
                                      : u"strftime('%Y-%m-%d %H:%M:%f', ");
         Name(column);
-        *this << u") = ?";
-        FStatement.Parameters.push_back({MomentTextWithMilliSeconds(*moment, type), adVarWChar});
+        // Finer moments come rounded out of it, or cut, as its version has it.
+        *this << u") IN (?, ?)";
+        const TMoment rounded{moment->Ticks + TMoment::ticksPerSecond / 2000};
+        for (const TMoment shown : {*moment, rounded})
+            FStatement.Parameters.push_back({MomentTextWithMilliSeconds(shown, type), adVarWChar});
     } else if (const auto* guid = std::get_if<TGUID>(&value)) {
         *this << u"upper(trim(";
         Name(column);
@@ -81,6 +86,19 @@ bool TWriter::SQLiteCondition(int column, const TDataValue& value) {
         } else {
             Range(column, number->AsDouble(), 0.4 * std::pow(10.0, -number->Scale));
         }
+    } else if (const auto* truth = std::get_if<bool>(&value)) {
+        *this << u"(";
+        Name(column);
+        *this << u" = ? OR ";
+        Name(column);
+        *this << (*truth ? u" IN ('t', 'true'))" : u" IN ('f', 'false'))");
+        Add(value, column);
+    } else if (const auto* whole = std::get_if<std::int64_t>(&value); !isDeclared && (whole || IsTextType(type))) {
+        // The same may be a number in one row and a text in another.
+        *this << u"CAST(";
+        Name(column);
+        *this << u" AS text) = ? COLLATE BINARY";
+        FStatement.Parameters.push_back({whole ? TDataValue(Int64ToStr(*whole)) : value, adVarWChar});
     } else if (IsTextType(type)) {
         // Whatever the column counts as equal, letter case for instance, a change is a change.
         Name(column);

@@ -184,6 +184,32 @@ TEST_P(OdbcTypes, LongTextsAmongManyRowsKeepTheirPlaces) {
     }
 }
 
+TEST_P(OdbcTypesOfSQLite, CanBeChangedInWhateverFormTheyStand) {
+    const struct {
+        const char16_t* Declaration;
+        const char16_t* Values;
+        TDataValue New;
+    } cases[] = {
+        {u"timestamp", u"'2020-02-29 23:59:58.9996'", Moment(2021, 1, 1)},
+        {u"timestamp", u"'2020-02-29 10:00:00.123456'", Moment(2021, 1, 1)},
+        {u"boolean", u"'true'", false},
+        {u"boolean", u"'f'", true},
+        {u"", u"'12'", std::int64_t(13)},
+        {u"", u"'a'), (2, 12", String(u"b")},
+    };
+    for (const auto& testCase : cases) {
+        SCOPED_TRACE(Utf8Encode(testCase.Values));
+        Connection->Execute(u"DROP TABLE IF EXISTS t");
+        Connection->Execute(u"CREATE TABLE t (id integer PRIMARY KEY, v " + String(testCase.Declaration) + u")");
+        Connection->Execute(u"INSERT INTO t VALUES (1, " + String(testCase.Values) + u")");
+        const auto rows = Open(u"SELECT * FROM t");
+        rows->MoveLast();
+        const TColumnValue change[] = {{1, testCase.New}};
+        EXPECT_NO_THROW(rows->Update(change));
+        EXPECT_NO_THROW(rows->Delete());
+    }
+}
+
 TEST_P(OdbcTypes, ParametersOfMoneyAreNumbers) {
     Connection->Execute(u"CREATE TABLE t (id int PRIMARY KEY, price numeric(10,2))");
     Connection->Execute(u"INSERT INTO t VALUES (1, 10), (2, 12.5), (3, 20)");
