@@ -278,6 +278,45 @@ void ApplyDeclaredType(StringView declaration, TColumnInfo& info) {
     }
 }
 
+namespace {
+
+/// Whether it has the form in which SQLite writes floats: 0.5, 2.0, 1.5e-05, and 1e+30 as drivers shorten it. The same
+/// number in another form, such as 1.10, is a text whose form says something.
+bool IsWrittenFloat(std::string_view text) {
+    constexpr std::size_t mostDigits = 17; // that a float has
+    constexpr char digits[] = "0123456789";
+    const auto skipDigits = [&] {
+        const std::size_t count = std::min(text.find_first_not_of(digits), text.size());
+        text.remove_prefix(count);
+        return count;
+    };
+    if (text.starts_with('-'))
+        text.remove_prefix(1);
+    const bool leadingZero = text.starts_with('0');
+    const std::size_t whole = skipDigits();
+    if (whole == 0 || (leadingZero && whole > 1) || text.empty())
+        return false;
+    if (text.front() == '.') {
+        text.remove_prefix(1);
+        const std::string_view fraction = text;
+        const std::size_t count = skipDigits();
+        if (count == 0 || (count > 1 && fraction[count - 1] == '0'))
+            return false;
+        // Zeros in front of the first other digit do not count.
+        const std::size_t zeros = leadingZero ? std::min(fraction.find_first_not_of('0'), count) : 0;
+        if (whole + count - zeros > mostDigits + (leadingZero ? 1 : 0))
+            return false;
+    }
+    if (text.empty())
+        return true;
+    if (!text.starts_with("e+") && !text.starts_with("e-"))
+        return false;
+    text.remove_prefix(2);
+    return skipDigits() >= 2 && text.empty();
+}
+
+} // namespace
+
 void TTextJudge::Add(StringView text) {
     FAny = true;
     if (text.size() > 40 || text.empty()) {
@@ -294,12 +333,7 @@ void TTextJudge::Add(StringView text) {
     TMoment moment;
     const bool isWhole = TryParseWhole(ascii, whole) && Int64ToStr(whole) == text;
     FWhole = FWhole && isWhole;
-    // A number has digits, and a zero in front only before the point.
-    const std::size_t digit = ascii[0] == '-' ? 1 : 0;
-    const bool leadingZero = ascii.size() > digit + 1 && ascii[digit] == '0' && ascii[digit + 1] != '.';
-    const bool looksLikeFloat = ascii.find_first_of("0123456789") == digit && !leadingZero;
-    FFloat = FFloat && (isWhole || (looksLikeFloat && ascii.find_first_of(".eE") != std::string::npos &&
-                                    TryParseDouble(ascii, number)));
+    FFloat = FFloat && (isWhole || (IsWrittenFloat(ascii) && TryParseDouble(ascii, number)));
     FDate = FDate && TryParseMoment(ascii, adDBDate, moment);
     FTimeStamp = FTimeStamp && ascii.size() >= 19 && TryParseMoment(ascii, adDBTimeStamp, moment);
 }

@@ -236,6 +236,10 @@ TEST_P(OdbcTypesOfSQLite, StayWhatTheyAreWhenTheyBreakTheirDeclaration) {
         {u"uniqueidentifier", u"('6f9619ff-8b86-d011-b42d-00c04fc964ff'), ('none')", adLongVarWChar, u"none"},
         {u"", u"('a'), (12)", adVarWChar, u"12"},
         {u"", u"(-5), (12)", adBigInt, u"12"},
+        {u"", u"(0.5), ('1.10')", adVarWChar, u"1.10"},
+        {u"", u"('1'), ('1E5')", adVarWChar, u"1E5"},
+        {u"", u"(0.5), ('3.14159265358979323')", adVarWChar, u"3.14159265358979323"},
+        {u"", u"(-1e30), (0.00001234567890125)", adDouble, u"0.00001234567890125"},
         {u"varchar(3)", u"('abc'), ('longer than it says')", adVarWChar, u"longer than it says"},
     };
     for (const auto& testCase : cases) {
