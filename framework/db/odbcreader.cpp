@@ -10,6 +10,7 @@
 #include <sqlext.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace framework {
@@ -295,6 +296,7 @@ void TOdbcReader::UnbindBuffers() {
     void* handle = FStatement.Handle().Get();
     SQLFreeStmt(handle, SQL_UNBIND);
     SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+    SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
     SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(std::uintptr_t(1)), 0);
     FBuffers.clear();
 }
@@ -308,6 +310,8 @@ void TOdbcReader::ReadBlocks(TRowStore& rows) {
     void* handle = FStatement.Handle().Get();
     SQLULEN fetched = 0;
     FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0));
+    std::array<SQLUSMALLINT, blockRows> states{};
+    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, states.data(), 0));
     BindBuffers();
     for (;;) {
         const SQLRETURN result = SQLFetch(handle);
@@ -315,6 +319,9 @@ void TOdbcReader::ReadBlocks(TRowStore& rows) {
         if (result == SQL_NO_DATA || fetched == 0)
             return;
         const int count = static_cast<int>(fetched);
+        // The call succeeds when only some rows could not be read.
+        if (std::find(states.begin(), states.begin() + count, SQLUSMALLINT(SQL_ROW_ERROR)) != states.begin() + count)
+            FStatement.Check(SQL_ERROR);
         const int first = rows.AppendRows(count);
         PutBlock(rows, first, count);
         Report(rows.GetRowCount());
