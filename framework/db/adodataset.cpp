@@ -413,6 +413,18 @@ void TCustomADODataSet::CheckCanModify() {
     TDataSet::CheckCanModify();
 }
 
+namespace {
+
+/// A decimal is a text where it has too many digits for a number, and is another number then.
+bool IsSame(const TFieldValue& stored, const TFieldValue& value) {
+    using TKind = TFieldValue::TKind;
+    const auto isWidened = [](TKind one, TKind other) { return one == TKind::Decimal && other == TKind::Text; };
+    return !isWidened(stored.Kind(), value.Kind()) && !isWidened(value.Kind(), stored.Kind()) &&
+           OleVariant(stored) == OleVariant(value);
+}
+
+} // namespace
+
 std::vector<TColumnValue> TCustomADODataSet::ChangedValues() {
     std::vector<TColumnValue> changed;
     TRecordBuffer buffer = ActiveBuffer();
@@ -422,7 +434,7 @@ std::vector<TColumnValue> TCustomADODataSet::ChangedValues() {
         if (value.IsEmpty() || field->GetFieldNo() == 0)
             continue;
         const int column = field->GetFieldNo() - 1;
-        if (!isNew && OleVariant(ReadColumn(column)) == value)
+        if (!isNew && IsSame(ReadColumn(column), value.View()))
             continue; // as it was: nobody else's change of this column is in the way
         changed.push_back({column, DataValueOf(value.View())});
     }

@@ -1,5 +1,6 @@
 #include "framework/db/olevariant.h"
 
+#include <algorithm>
 #include <atomic>
 #include <memory>
 
@@ -102,9 +103,35 @@ TFieldValue OleVariant::View() const {
     return TFieldValue::Guid(Read<TShared*>(valuePlace)->Guid);
 }
 
+namespace {
+
+bool IsExact(const TFieldValue& value) {
+    using TKind = TFieldValue::TKind;
+    return value.Kind() == TKind::Integer || value.Kind() == TKind::Money || value.Kind() == TKind::Decimal;
+}
+
+TNumeric NumericOf(const TFieldValue& value) {
+    return {value.Whole(), value.Kind() == TFieldValue::TKind::Money ? Currency::decimals : value.Scale()};
+}
+
+/// Digit by digit, as a double tells no more than the first 15 of 18 apart.
+std::weak_ordering CompareExact(TNumeric left, TNumeric right) {
+    const int scale = std::max(left.Scale, right.Scale);
+    // What has no room at the larger scale is further from 0 than anything that has that scale.
+    if (!left.TryRescale(scale, left))
+        return left.Units <=> 0;
+    if (!right.TryRescale(scale, right))
+        return 0 <=> right.Units;
+    return left.Units <=> right.Units;
+}
+
+} // namespace
+
 std::weak_ordering OleVariant::Compare(const OleVariant& other) const {
     if (IsInteger() && other.IsInteger())
         return Read<std::int64_t>(valuePlace) <=> other.Read<std::int64_t>(valuePlace);
+    if (const TFieldValue left = View(), right = other.View(); IsExact(left) && IsExact(right))
+        return CompareExact(NumericOf(left), NumericOf(right));
     return ToVariant() <=> other.ToVariant();
 }
 

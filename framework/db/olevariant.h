@@ -43,7 +43,8 @@ public:
     TFieldValue View() const;
     Variant ToVariant() const { return View().AsVariant(); }
 
-    /// By value across the kinds of numbers, as Variant compares; unassigned before Null, both before all values.
+    /// By value across the kinds of numbers, as Variant compares, but exact ones by all their digits; unassigned before
+    /// Null, both before all values.
     friend std::weak_ordering operator<=>(const OleVariant& left, const OleVariant& right) {
         return left.Compare(right);
     }

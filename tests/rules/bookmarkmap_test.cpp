@@ -132,6 +132,13 @@ TEST(OleVariant, OwnsWhatItKeepsAtAnyAddress) {
     EXPECT_EQ(copies[5], OleVariant(Variant(1.5)));
     EXPECT_LT(copies[0], copies[1]);
     EXPECT_LT(copies[1], copies[3]);
+    // Exact numbers by all their digits, whatever their scale.
+    const auto decimal = [](std::int64_t units, int scale) { return OleVariant(TFieldValue::Decimal({units, scale})); };
+    EXPECT_LT(decimal(123456789012345678, 6), decimal(123456789012345679, 6));
+    EXPECT_EQ(decimal(15, 1), decimal(1500, 3));
+    EXPECT_EQ(decimal(7, 0), copies[10]);
+    EXPECT_LT(decimal(INT64_MAX, 17), decimal(INT64_MAX, 0));
+    EXPECT_LT(decimal(INT64_MIN, 0), decimal(INT64_MIN, 17));
 }
 
 } // namespace
