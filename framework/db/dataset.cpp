@@ -165,6 +165,7 @@ void TDataSet::DoAfterClose() {
 
 void TDataSet::DoBeforeScroll() {
     FireOrLeave(BeforeScroll, this);
+    CheckActive();
 }
 
 void TDataSet::DoAfterScroll() {

@@ -10,6 +10,7 @@ namespace framework {
 template <class TBody>
 void TDataSet::CheckOperation(TBody&& body, TDataSetErrorEvent TDataSet::*event) {
     for (;;) {
+        CheckActive();
         try {
             UpdateCursorPos();
             body();
@@ -40,6 +41,7 @@ void TDataSet::CheckBrowseMode() {
         else
             Cancel();
     });
+    CheckActive();
 }
 
 void TDataSet::FinishEditing() {
@@ -66,6 +68,7 @@ void TDataSet::Edit() {
         CheckBrowseMode();
         CheckCanModify();
         FireOrLeave(BeforeEdit, this);
+        CheckActive();
         CheckOperation([&] { InternalEdit(); }, &TDataSet::OnEditError);
         GetCalcFields(ActiveBuffer());
         SetState(dsEdit);
@@ -96,6 +99,8 @@ void TDataSet::BeginInsert(bool append) {
                 DoOnNewRecord();
             },
             [&] {
+                if (!GetActive())
+                    return; // a handler has closed it
                 UpdateCursorPos();
                 SetState(dsBrowse);
                 Resync({});
@@ -180,6 +185,7 @@ void TDataSet::Cancel() {
         const bool scrolls = FState == dsInsert;
         DataEvent(deCheckBrowseMode, 0);
         FireOrLeave(BeforeCancel, this);
+        CheckActive();
         if (scrolls)
             DoBeforeScroll();
         UpdateCursorPos();

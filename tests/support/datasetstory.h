@@ -153,7 +153,7 @@ TEST(DataSet, SurvivesTheEndOfAllThatItTells) {
     const auto useAll = [](TDataSet& data, const std::shared_ptr<_Recordset>& rows) {
         static_cast<ZOR::TZORADODataSet&>(data).SetRecordset(rows);
     };
-    enum class TVictim { DataSet, Source, Link };
+    enum class TVictim { DataSet, Source, Link, Cursor };
     const std::function<void(ZOR::TZORADODataSet&)> actions[] = {
         [](auto& data) { data.Next(); },
         [](auto& data) { data.Edit(); },
@@ -180,7 +180,7 @@ TEST(DataSet, SurvivesTheEndOfAllThatItTells) {
         [](auto& data) { data.Close(); },
     };
     int deaths = 0;
-    for (const TVictim victim : {TVictim::DataSet, TVictim::Source, TVictim::Link}) {
+    for (const TVictim victim : {TVictim::DataSet, TVictim::Source, TVictim::Link, TVictim::Cursor}) {
         for (int lethal = 1;; ++lethal) {
             TCustomers customers(5, false);
             auto* source = new TDataSource(nullptr);
@@ -199,8 +199,10 @@ TEST(DataSet, SurvivesTheEndOfAllThatItTells) {
                     delete customers.DataSet;
                 else if (victim == TVictim::Source)
                     delete source;
-                else
+                else if (victim == TVictim::Link)
                     link.reset();
+                else
+                    customers.DataSet->Close();
             };
             for (const TNamedEvent& event : dataSetEvents)
                 customers.DataSet->*event.Event = [&](TDataSet*) { kill(); };
@@ -209,10 +211,18 @@ TEST(DataSet, SurvivesTheEndOfAllThatItTells) {
             source->OnStateChange = [&](TObject*) { kill(); };
             source->OnUpdateData = [&](TObject*) { kill(); };
             link->OnHear = [&](const char*) { kill(); };
-            useAll(*customers.DataSet, customers.Recordset);
+            // What goes on with a closed dataset is refused.
+            const auto run = [&](auto&& act) {
+                const std::string problem = ProblemOf(act);
+                EXPECT_TRUE(problem == "none" || victim == TVictim::Cursor) << problem;
+            };
+            run([&] { useAll(*customers.DataSet, customers.Recordset); });
             for (const auto& action : actions) {
                 if (dataSetLives)
-                    action(*customers.DataSet);
+                    run([&] { action(*customers.DataSet); });
+            }
+            if (dataSetLives) {
+                EXPECT_EQ(customers.DataSet->GetActive(), customers.DataSet->GetRecordset() != nullptr) << lethal;
             }
             EXPECT_EQ(static_cast<bool>(dataSetLives), victim != TVictim::DataSet || heard < lethal);
             if (sourceLives) {
