@@ -155,10 +155,10 @@ void TDataSet::Post() {
     Operation([&] {
         UpdateRecord();
         DataEvent(deCheckBrowseMode, 0);
-        CheckRequiredFields();
         DoBeforePost();
         if (FState != dsEdit && FState != dsInsert)
             return; // a handler has ended the edit itself
+        CheckRequiredFields();
         CheckOperation([&] { InternalPost(); }, &TDataSet::OnPostError);
         CursorPosChanged();
         SetState(dsBrowse);

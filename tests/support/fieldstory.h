@@ -359,4 +359,41 @@ TEST(DataSet, FollowsItsMasterAndCanBeStoppedWhileItFetches) {
     SetRecordsetOpener(nullptr);
 }
 
+TEST(DataSet, PostsEachDigitAndWhatTheLastHandlerSets) {
+    const TPolishSettings settings;
+    const struct {
+        TNumeric Stored;
+        const char16_t* Entered;
+    } cases[] = {{{123456789012345678, 6}, u"123456789012,345679"},
+                 // One digit more than 64 bits hold, and the same as a double.
+                 {{INT64_MAX, 6}, u"9223372036854,775808"}};
+    for (const auto& each : cases) {
+        TColumnInfo column = MemoryColumn(u"F", adNumeric, 0, 6);
+        column.Precision = 38;
+        TRowStore rows({column});
+        rows.AppendRow(std::vector<TDataValue>{each.Stored});
+        TADODataSet data(nullptr);
+        data.SetRecordset(std::make_shared<TClientRecordset>(std::move(rows)));
+        data.Edit();
+        data.FieldByName(u"F")->SetEditText(each.Entered);
+        data.Post();
+        EXPECT_EQ(Utf8Encode(data.FieldByName(u"F")->GetAsString()), Utf8Encode(each.Entered));
+    }
+    TCustomers customers(2);
+    TADODataSet& data = *customers.DataSet;
+    data.BeforePost = [](TDataSet* dataSet) { dataSet->FieldByName(u"Id")->SetAsInteger(9); };
+    data.Append();
+    EXPECT_EQ(ProblemOf([&] { data.Post(); }), "none");
+    EXPECT_EQ(customers.Id(), 9);
+    // Whoever closes the dataset has nothing left to be tried again.
+    customers.Source->Refusal = u"The disk is full";
+    data.OnPostError = [](TDataSet* dataSet, const EDatabaseError&, TDataAction& action) {
+        dataSet->Close();
+        action = daRetry;
+    };
+    data.Edit();
+    data.FieldByName(u"City")->SetAsString(u"Praha");
+    EXPECT_EQ(ProblemOf([&] { data.Post(); }), "Cannot perform this operation on a closed dataset");
+}
+
 } // namespace testsupport
