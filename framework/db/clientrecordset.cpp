@@ -3,6 +3,7 @@
 #include "framework/system/strings.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace framework {
 
@@ -87,7 +88,9 @@ TClientRecordset::TClientRecordset(std::unique_ptr<TRowSource> source, const TFe
 }
 
 void TClientRecordset::Open(TRowStore rows) {
-    FFirstBookmark += FRows.GetRowCount();
+    // Rows of another reading, or of another recordset, never answer to these bookmarks.
+    static std::atomic<std::int64_t> readings = 0;
+    FFirstBookmark = (++readings << 32) + 1;
     FRows = std::move(rows);
     FLive = TLiveRows(FRows.GetRowCount());
     FPlace = TPlace::Before;
