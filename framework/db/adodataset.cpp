@@ -228,6 +228,8 @@ void TCustomADODataSet::InternalOpen() {
     FRecordset = FGivenRecordset ? FGivenRecordset : OpenRecordset();
     SetBookmarkSize(FRecordset->Supports(adBookmark) ? static_cast<int>(sizeof(OleVariant)) : 0);
     FCanModify = FRecordset->Supports(adUpdate);
+    FColumnNames = ColumnNames();
+    TakeColumns();
     ReadFieldDefs();
     if (GetDefaultFields())
         CreateFields();
@@ -235,15 +237,30 @@ void TCustomADODataSet::InternalOpen() {
     FSlotCount = GetFieldCount();
 }
 
+std::vector<String> TCustomADODataSet::ColumnNames() const {
+    std::vector<String> names;
+    for (int i = 0; i < FRecordset->GetColumnCount(); ++i)
+        names.push_back(FRecordset->GetColumn(i).Name);
+    return names;
+}
+
+/// Rows that are read anew may have columns of other types, as where the type is that of the values. EDatabaseError
+/// when they are not the columns that the fields were made for.
+void TCustomADODataSet::TakeColumns() {
+    if (ColumnNames() != FColumnNames)
+        DatabaseError(u"The columns have changed; open the dataset again", this);
+    FColumnTypes.clear();
+    for (int i = 0; i < FRecordset->GetColumnCount(); ++i)
+        FColumnTypes.push_back(FRecordset->GetColumn(i).Type);
+}
+
 void TCustomADODataSet::ReadFieldDefs() {
     TFieldDefs& defs = *GetFieldDefs();
-    FColumnTypes.clear();
     TNameMap<int> taken;
     WithinUpdate(defs, [&] {
         defs.Clear();
         for (int i = 0; i < FRecordset->GetColumnCount(); ++i) {
             const TColumnInfo& column = FRecordset->GetColumn(i);
-            FColumnTypes.push_back(column.Type);
             TFieldDef* def = defs.AddFieldDef();
             const String name = column.Name.empty() ? u"Column" + IntToStr(i + 1) : column.Name;
             String unique = name;
@@ -270,6 +287,7 @@ void TCustomADODataSet::InternalClose() {
     FRecordset.reset();
     if (!FSharesConnection)
         FConnection.reset();
+    FColumnNames.clear();
     FColumnTypes.clear();
     FCanModify = false;
 }
@@ -476,6 +494,8 @@ void TCustomADODataSet::Requery() {
     // Kept alive here, should a handler of the progress free the dataset.
     const std::shared_ptr<_Recordset> rows = FRecordset;
     rows->Requery(ProgressHandler());
+    CheckActive();
+    Attempt([&] { TakeColumns(); }, [&] { Close(); });
 }
 
 void TCustomADODataSet::InternalRefresh() {

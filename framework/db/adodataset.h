@@ -180,6 +180,8 @@ private:
     TFieldValue ReadColumn(int column) const;
     bool IsNewRecord(TRecordBuffer buffer) const;
     std::shared_ptr<_Recordset> OpenRecordset();
+    std::vector<String> ColumnNames() const;
+    void TakeColumns();
     void ReadFieldDefs();
     std::vector<TColumnValue> ChangedValues();
     TFetchProgress ProgressHandler();
@@ -193,6 +195,7 @@ private:
     std::shared_ptr<_Recordset> FRecordset;
     std::shared_ptr<_Recordset> FGivenRecordset; // set from outside, to be opened on
     std::shared_ptr<TOdbcConnection> FConnection;
+    std::vector<String> FColumnNames; // when it was opened
     std::vector<DataTypeEnum> FColumnTypes;
     TRecordBuffer FLookupBuffer = nullptr;
     String FConnectionString;

@@ -359,6 +359,25 @@ TEST(DataSet, FollowsItsMasterAndCanBeStoppedWhileItFetches) {
     SetRecordsetOpener(nullptr);
 }
 
+TEST(DataSet, ReadsColumnsAsTheyAreWhenTheyAreReadAnew) {
+    TCustomers customers(3);
+    TADODataSet& data = *customers.DataSet;
+    const TBookmark bookmark = data.GetBookmark();
+    customers.Source->Columns[3].Type = adDouble;
+    for (auto& row : customers.Source->Rows)
+        row[3] = 0.001;
+    data.Refresh();
+    EXPECT_EQ(data.FieldByName(u"Credit")->GetAsFloat(), 0.001);
+    customers.Source->Columns[1].Name = u"Surname";
+    EXPECT_EQ(ProblemOf([&] { data.Refresh(); }), "The columns have changed; open the dataset again");
+    EXPECT_FALSE(data.GetActive());
+    // A bookmark of other rows leads nowhere.
+    TCustomers others(3, false);
+    data.SetRecordset(others.Recordset);
+    EXPECT_FALSE(data.BookmarkValid(bookmark));
+    EXPECT_TRUE(data.BookmarkValid(data.GetBookmark()));
+}
+
 TEST(DataSet, PostsEachDigitAndWhatTheLastHandlerSets) {
     const TPolishSettings settings;
     const struct {
