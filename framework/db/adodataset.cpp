@@ -536,33 +536,47 @@ void TCustomADODataSet::GoToRow(const TRowKey& key) {
 
 // Master and detail.
 
-void TCustomADODataSet::TakeMasterValues() {
+template <class TBody>
+void TCustomADODataSet::EachMasterValue(TBody&& body) {
     const TDataSet* master = FMasterLink.GetActive() ? FMasterLink.GetDataSet() : nullptr;
     if (!master)
         return;
     for (int i = 0; i < FParameters.GetCount(); ++i) {
         TParameter& parameter = *FParameters.GetItem(i);
-        if (const TField* field = master->FindField(parameter.GetName())) {
-            parameter.SetValue(field->GetAsVariant());
-            parameter.SetDataType(field->GetDataType());
-        }
+        if (const TField* field = master->FindField(parameter.GetName()))
+            body(parameter, *field);
     }
+}
+
+void TCustomADODataSet::TakeMasterValues() {
+    EachMasterValue([](TParameter& parameter, const TField& field) {
+        parameter.SetValue(field.GetAsVariant());
+        parameter.SetDataType(field.GetDataType());
+    });
+    FMasterWasEmpty = MasterIsEmpty();
 }
 
 void TCustomADODataSet::MasterChanged() {
     if (!GetActive())
         return;
+    bool differs = false;
+    EachMasterValue([&](const TParameter& parameter, const TField& field) {
+        differs = differs || parameter.GetValue() != field.GetAsVariant();
+    });
+    if (!differs && FMasterWasEmpty == MasterIsEmpty())
+        return; // something that the rows here do not depend on
     Operation([&] {
         CheckBrowseMode();
-        std::vector<Variant> before;
-        for (int i = 0; i < FParameters.GetCount(); ++i)
-            before.push_back(FParameters.GetItem(i)->GetValue());
         TakeMasterValues();
-        bool differs = false;
-        for (int i = 0; i < FParameters.GetCount(); ++i)
-            differs = differs || before[static_cast<std::size_t>(i)] != FParameters.GetItem(i)->GetValue();
-        if (differs && !FGivenRecordset)
-            FRecordset = OpenRecordset();
+        if (differs && !FGivenRecordset) {
+            // Whatever goes wrong, rows of the former master are not shown for this one.
+            Attempt(
+                [&] {
+                    FRecordset = OpenRecordset();
+                    TakeColumns();
+                },
+                [&] { Close(); });
+        }
         FillFrom(false);
         DataEvent(deDataSetChange, 0);
     });

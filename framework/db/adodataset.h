@@ -188,6 +188,9 @@ private:
     bool LocateRecord(const String& keyFields, const Variant& keyValues, TLocateOptions options);
     TRecordBuffer LookupBuffer();
     void MasterChanged();
+    /// Calls `body` with each parameter that the master has a field for, and that field.
+    template <class TBody>
+    void EachMasterValue(TBody&& body);
     void TakeMasterValues();
 
     TMasterDataLink FMasterLink{*this};
@@ -205,6 +208,7 @@ private:
     bool FParamCheck = true;
     bool FCanModify = false;
     bool FSharesConnection = false;
+    bool FMasterWasEmpty = false;
 };
 
 /// The dataset for forms.

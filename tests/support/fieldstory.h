@@ -359,6 +359,32 @@ TEST(DataSet, FollowsItsMasterAndCanBeStoppedWhileItFetches) {
     SetRecordsetOpener(nullptr);
 }
 
+TEST(DataSet, FetchesDetailsOnlyForAnotherMaster) {
+    int fetched = 0;
+    SetRecordsetOpener([&](TRecordsetQuery& query) {
+        if (++fetched == 2)
+            throw EDatabaseError(u"The connection is lost");
+        return OpenOrders(query);
+    });
+    TCustomers customers(4);
+    TDataSource source(nullptr);
+    source.SetDataSet(customers.DataSet);
+    TADODataSet orders(nullptr);
+    orders.SetCommandText(u"select * from orders where customer = :Id");
+    orders.SetDataSource(&source);
+    orders.Open();
+    EXPECT_EQ(ProblemOf([&] { customers.DataSet->MoveBy(2); }), "The connection is lost");
+    EXPECT_FALSE(orders.GetActive()) << "rows of the former master are not shown";
+    orders.Open();
+    orders.Last();
+    customers.DataSet->Edit();
+    customers.DataSet->FieldByName(u"City")->SetAsString(u"Praha");
+    customers.DataSet->Post();
+    EXPECT_EQ(orders.FieldByName(u"Order")->GetAsInteger(), 303) << "its place is kept";
+    EXPECT_EQ(fetched, 3);
+    SetRecordsetOpener(nullptr);
+}
+
 TEST(DataSet, ReadsColumnsAsTheyAreWhenTheyAreReadAnew) {
     TCustomers customers(3);
     TADODataSet& data = *customers.DataSet;
