@@ -199,6 +199,25 @@ TFetchProgress TCustomADODataSet::ProgressHandler() {
     };
 }
 
+namespace {
+
+/// How a moment travels; adEmpty lets the moment itself say whether it is a whole day.
+DataTypeEnum MomentTypeOf(TFieldType type) {
+    switch (type) {
+    case ftDate:
+        return adDBDate;
+    case ftTime:
+        return adDBTime;
+    case ftDateTime:
+    case ftTimeStamp:
+        return adDBTimeStamp;
+    default:
+        return adEmpty;
+    }
+}
+
+} // namespace
+
 std::shared_ptr<_Recordset> TCustomADODataSet::OpenRecordset() {
     TRecordsetQuery query;
     query.ConnectionString = FConnectionString;
@@ -211,9 +230,7 @@ std::shared_ptr<_Recordset> TCustomADODataSet::OpenRecordset() {
         const TParameter* parameter = FParameters.ParamByName(name.empty() ? u"Param" + IntToStr(++nameless) : name);
         TSqlParameter value{DataValueOf(TFieldValue::Of(parameter->GetValue())), adEmpty};
         if (std::holds_alternative<TMoment>(value.Value))
-            value.Type = parameter->GetDataType() == ftDate   ? adDBDate
-                         : parameter->GetDataType() == ftTime ? adDBTime
-                                                              : adDBTimeStamp;
+            value.Type = MomentTypeOf(parameter->GetDataType());
         query.Parameters.push_back(std::move(value));
     }
     query.Progress = ProgressHandler();

@@ -29,8 +29,8 @@ public:
 
     const String& GetName() const { return FName; }
     void SetName(const String& value) { FName = value; }
-    /// How the value travels where it does not say itself: ftUnknown, or ftDate and ftTime for a moment that is only a
-    /// day or a time of day.
+    /// How a moment travels: as a day by ftDate, a time of day by ftTime, both by ftDateTime and ftTimeStamp. By any
+    /// other type at midnight as a day, on day 0 as a time of day, else as both. Other values tell what they are.
     TFieldType GetDataType() const { return FDataType; }
     void SetDataType(TFieldType value) { FDataType = value; }
     const Variant& GetValue() const { return FValue; }

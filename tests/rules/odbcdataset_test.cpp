@@ -103,4 +103,12 @@ TEST_P(OdbcDataSet, TellsOfWhatSomebodyElseHasChanged) {
     EXPECT_EQ(others->GetRecordCount(), 3);
 }
 
+TEST_P(OdbcDataSet, FindsADayByItsDate) {
+    Connection->Execute(u"UPDATE people SET born = '1990-02-28' WHERE id = 7");
+    const auto people = People(u" WHERE born >= :day");
+    people->GetParameters()->SetParamValues(u"day", Variant::FromDate(EncodeDate(1990, 2, 28)));
+    people->Open();
+    EXPECT_EQ(people->GetRecordCount(), 1) << "the day itself";
+}
+
 } // namespace
