@@ -91,6 +91,11 @@ bool TZORADODataSet::Locate(const String& keyFields, const Variant& keyValues, T
     }
 }
 
+int TZORADODataSet::NumberOfRow() {
+    return FFilteredByBookmarks ? FBookmarks.NumberOf(OleVariant(GetRecordset()->GetBookmark()))
+                                : TADODataSet::NumberOfRow();
+}
+
 // Reading records.
 
 TGetResult TZORADODataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {

@@ -64,6 +64,7 @@ public:
 
 protected:
     void InternalRefresh() override;
+    int NumberOfRow() override;
 
 private:
     bool IsNarrowed();

@@ -142,6 +142,8 @@ protected:
     void FillRecordBuffer(TRecordBuffer buffer, int recordNumber);
     /// The number of the recordset's row, unless controls are disabled: then it is left until somebody asks.
     int CurrentRecordNumber() const;
+    /// The number of the recordset's row, for RecNo where it was left until somebody asked.
+    virtual int NumberOfRow() { return FRecordset->GetAbsolutePosition(); }
     /// Forgets what the values of a buffer were; they are read again.
     void FinalizeValues(TRecordBuffer buffer, int count);
     /// Goes on with `body` unless it raises: then raises the same, or without `doCheck` answers grError.

@@ -132,7 +132,7 @@ int TCustomADODataSet::GetRecNo() {
     if (header.RecordNumber == recordNumberNotTaken) {
         if (!IsTemporary(buffer))
             UpdateCursorPos();
-        header.RecordNumber = FRecordset->GetAbsolutePosition();
+        header.RecordNumber = NumberOfRow();
     }
     return header.RecordNumber;
 }

@@ -217,6 +217,10 @@ TEST(NarrowedDataSet, ShowsTheRowsThatWereMarked) {
     EXPECT_EQ(customers.Id(), 5);
     EXPECT_EQ(data.GetRecordCount(), 4);
 
+    data.AddBookmark(-2);
+    data.First();
+    EXPECT_EQ(recNo(5), -2);
+
     // The number 0 hides a row, though it counts.
     data.AddBookmark(0);
     data.SetFilteredByBookmarks(false);
