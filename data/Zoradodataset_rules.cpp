@@ -17,7 +17,15 @@ bool ComesBefore(const TBookmarkMap::TEntry& left, const TBookmarkMap::TEntry& r
 
 void TBookmarkMap::Put(const OleVariant& bookmark, std::int32_t number) {
     FNumbers.clear();
-    const bool isInOrder = FSorted == FEntries.size() && (FSorted == 0 || FEntries.back().Bookmark < bookmark);
+    const bool isSorted = FSorted == FEntries.size();
+    const bool isInOrder = isSorted && (FSorted == 0 || FEntries.back().Bookmark < bookmark);
+    if (isSorted && !isInOrder) {
+        const std::ptrdiff_t place = LowerBound(bookmark) - FEntries.cbegin();
+        if (TEntry& entry = FEntries[static_cast<std::size_t>(place)]; entry.Bookmark == bookmark) {
+            entry.Number = number;
+            return;
+        }
+    }
     FEntries.push_back({bookmark, number});
     if (isInOrder)
         ++FSorted;

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <map>
 #include <random>
 
@@ -55,6 +56,21 @@ TEST(BookmarkMap, AgreesWithAnOrdinaryMap) {
             ASSERT_EQ(map.PriorShown(bookmark), prior);
         }
     }
+}
+
+/// Numbers that change while they are asked for; a map that is put in order anew each time takes minutes.
+TEST(BookmarkMap, TakesAnotherNumberWhereItStands) {
+    constexpr int count = 50000;
+    TBookmarkMap map;
+    for (int i = 0; i < count; ++i)
+        map.Put(OleVariant(Variant(i)), i);
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < count; ++i) {
+        map.Put(OleVariant(Variant(i)), i + 1);
+        ASSERT_EQ(map.NumberOf(OleVariant(Variant(i))), i + 1);
+        ASSERT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20)) << i;
+    }
+    EXPECT_EQ(map.GetCount(), count);
 }
 
 TEST(Parameters, AreFoundWhereTheyAreMeant) {
