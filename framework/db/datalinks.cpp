@@ -161,7 +161,8 @@ void TDataLink::SetDataSource(TDataSource* value) {
         TDataSet* former = std::exchange(FDataSource, nullptr)->GetDataSet();
         if (former && former->GetActive() && !former->GetComponentState().Contains(csDestroying))
             former->UpdateBufferCount();
-        UpdateState();
+        if (alive)
+            UpdateState();
     }
     if (!alive || !value || FDataSource)
         return;
@@ -178,6 +179,8 @@ void TDataLink::UpdateState() {
         FFirstRecord = 0;
         if (active) {
             GetDataSet()->UpdateBufferCount();
+            if (!alive || !FActive)
+                return; // a handler has freed the dataset
             Follow(0);
         }
         ActiveChanged();
@@ -221,8 +224,10 @@ void TDataLink::SetBufferCount(int value) {
     FBufferCount = std::max(value, 1);
     if (!FActive)
         return;
+    const TStillThere alive(*this);
     GetDataSet()->UpdateBufferCount();
-    Follow(0);
+    if (alive && FActive)
+        Follow(0);
 }
 
 int TDataLink::GetRecordCount() const {

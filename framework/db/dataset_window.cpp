@@ -20,9 +20,11 @@ void TDataSet::TWindow::Move(int from, int to) {
 void TDataSet::UpdateBufferCount() {
     if (!IsCursorOpen())
         return;
-    int size = 1;
-    FSources.Tell([&](TDataSource& source) { size = std::max(size, source.LargestBufferCount()); });
-    SetWindowSize(size);
+    Operation([&] {
+        int size = 1;
+        FSources.Tell([&](TDataSource& source) { size = std::max(size, source.LargestBufferCount()); });
+        SetWindowSize(size);
+    });
 }
 
 void TDataSet::SetWindowSize(int size) {

@@ -445,4 +445,22 @@ TEST(DataSet, PostsEachDigitAndWhatTheLastHandlerSets) {
     EXPECT_EQ(ProblemOf([&] { data.Post(); }), "Cannot perform this operation on a closed dataset");
 }
 
+TEST(DataSet, SurvivesItsEndWhileALinkGrows) {
+    TCustomers customers(5, false);
+    auto* twice = new TIntegerField(&customers.Owner);
+    twice->SetFieldName(u"Twice");
+    twice->SetFieldKind(fkCalculated);
+    twice->SetDataSet(customers.DataSet);
+    TDataSource source(nullptr);
+    source.SetDataSet(customers.DataSet);
+    TDataLink link;
+    link.SetDataSource(&source);
+    customers.DataSet->SetRecordset(customers.Recordset);
+    const TLifeGuard alive(*customers.DataSet);
+    customers.DataSet->OnCalcFields = [](TDataSet* dataSet) { delete dataSet; };
+    link.SetBufferCount(3);
+    EXPECT_FALSE(alive);
+    EXPECT_FALSE(link.GetActive());
+}
+
 } // namespace testsupport
