@@ -78,6 +78,21 @@ TFieldValue KeepText(OleVariant& keeper, StringView text) {
     return keeper.View();
 }
 
+/// Bytes are those of a text in UTF-8.
+TFieldValue AsText(const TFieldValue& value, OleVariant& keeper) {
+    if (value.Kind() == TFieldValue::TKind::Text)
+        return value;
+    if (value.Kind() != TFieldValue::TKind::Bytes)
+        return KeepText(keeper, value.AsString());
+    const TBytesView bytes = value.Octets();
+    return KeepText(keeper, Utf8Decode({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+}
+
+/// As databases count: what takes two units is one character.
+std::ptrdiff_t CharacterCount(StringView text) {
+    return std::count_if(text.begin(), text.end(), [](char16_t unit) { return unit < 0xDC00 || unit > 0xDFFF; });
+}
+
 TFieldValue KeepBytes(OleVariant& keeper, TBytesView bytes) {
     keeper = OleVariant(TFieldValue::Bytes(bytes));
     return keeper.View();
@@ -122,8 +137,8 @@ int TStringField::GetDefaultWidth() const {
 }
 
 TFieldValue TStringField::Converted(const TFieldValue& value, OleVariant& keeper) const {
-    const TFieldValue text = value.Kind() == TKind::Text ? value : KeepText(keeper, value.AsString());
-    if (GetSize() > 0 && text.Units().size() > static_cast<std::size_t>(GetSize()))
+    const TFieldValue text = AsText(value, keeper);
+    if (GetSize() > 0 && CharacterCount(text.Units()) > GetSize())
         DatabaseError(u"'" + String(text.Units()) + u"' is longer than the " + IntToStr(GetSize()) +
                       u" characters of field '" + GetDisplayName() + u"'");
     return text;
@@ -634,12 +649,7 @@ bool TMemoField::Accepts(TFieldType columnType) const {
 }
 
 TFieldValue TMemoField::Converted(const TFieldValue& value, OleVariant& keeper) const {
-    if (value.Kind() == TKind::Text)
-        return value;
-    if (value.Kind() != TKind::Bytes)
-        return KeepText(keeper, value.AsString());
-    const TBytesView bytes = value.Octets();
-    return KeepText(keeper, Utf8Decode({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+    return AsText(value, keeper);
 }
 
 const TClassInfo& TWideMemoField::StaticClass() {

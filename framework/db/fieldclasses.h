@@ -6,7 +6,8 @@
 
 namespace framework {
 
-/// Texts of limited length: a longer one is EDatabaseError. Texts are UTF-16 in both classes.
+/// Texts of limited length: a longer one is EDatabaseError. Size counts characters, of which some take two of the
+/// UTF-16 units that texts have in both classes.
 class TStringField : public TField {
     FRAMEWORK_CLASS(TStringField)
 

@@ -463,4 +463,17 @@ TEST(DataSet, SurvivesItsEndWhileALinkGrows) {
     EXPECT_FALSE(link.GetActive());
 }
 
+TEST(Field, CountsCharactersAndTakesItsOwnBytes) {
+    TRowStore rows({MemoryColumn(u"F", adVarWChar, 2)});
+    rows.AppendRow();
+    TADODataSet data(nullptr);
+    data.SetRecordset(std::make_shared<TClientRecordset>(std::move(rows)));
+    TField& field = *data.GetFields()[0];
+    data.Edit();
+    EXPECT_EQ(ProblemOf([&] { field.SetAsString(u"Ł\U0001F600"); }), "none");
+    field.SetAsBytes(field.GetAsBytes());
+    data.Post();
+    EXPECT_EQ(Utf8Encode(field.GetAsString()), "Ł\U0001F600");
+}
+
 } // namespace testsupport
