@@ -39,6 +39,10 @@ std::optional<TGrip> GripAt(const TRect& component, TPoint point) {
     return std::nullopt;
 }
 
+TRect FrameBetween(TPoint from, TPoint to) {
+    return {std::min(from.X, to.X), std::min(from.Y, to.Y), std::max(from.X, to.X), std::max(from.Y, to.Y)};
+}
+
 int SnappedToGrid(int value) {
     const int shifted = value + DesignGrid / 2;
     const int cell = shifted >= 0 ? shifted / DesignGrid : -((DesignGrid - 1 - shifted) / DesignGrid);

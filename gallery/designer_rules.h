@@ -30,6 +30,9 @@ const std::vector<TGrip>& DesignGrips();
 TRect GripRect(const TRect& component, TGrip grip);
 std::optional<TGrip> GripAt(const TRect& component, TPoint point);
 
+/// The frame that a drag from one point to another spans, in whichever direction.
+TRect FrameBetween(TPoint from, TPoint to);
+
 /// The nearest place on the grid.
 int SnappedToGrid(int value);
 /// How far a drag moves a component: until its left upper corner is on the grid, along each axis that was dragged at

@@ -426,8 +426,7 @@ void TDesignSurface::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 }
 
 void TDesignSurface::ChooseInFrame() {
-    const TRect frame{std::min(FDragStart.X, FDragPoint.X), std::min(FDragStart.Y, FDragPoint.Y),
-                      std::max(FDragStart.X, FDragPoint.X), std::max(FDragStart.Y, FDragPoint.Y)};
+    const TRect frame = FrameBetween(FDragStart, FDragPoint);
     std::vector<TComponent*> touched = FSelected;
     for (int i = 0; !frame.IsEmpty() && i < FForm->GetComponentCount(); ++i) {
         TComponent* component = FForm->GetComponent(i);
@@ -585,9 +584,9 @@ void TDesignSurface::PlaceMarks() {
                 NextMark().Show(onSurface(GripRect(FForm->GetClientRect(), grip)), kMark, clWhite);
         }
         if (FDrag == TDrag::Choose) {
-            const TRect frame =
-                onSurface({std::min(FDragStart.X, FDragPoint.X), std::min(FDragStart.Y, FDragPoint.Y),
-                           std::max(FDragStart.X, FDragPoint.X) + 1, std::max(FDragStart.Y, FDragPoint.Y) + 1});
+            TRect frame = onSurface(FrameBetween(FDragStart, FDragPoint));
+            ++frame.Right; // the pixel under the mouse as well
+            ++frame.Bottom;
             for (const TRect& side : {TRect{frame.Left, frame.Top, frame.Right, frame.Top + 1},
                                       TRect{frame.Left, frame.Bottom - 1, frame.Right, frame.Bottom},
                                       TRect{frame.Left, frame.Top, frame.Left + 1, frame.Bottom},

@@ -141,9 +141,9 @@ std::vector<std::int64_t> Walk(TClientRecordset& recordset) {
 }
 
 TEST(Recordset, BookmarksAndPositionsSurviveDeletesAndInserts) {
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+    const unsigned randomSeed = std::random_device()();
+    SCOPED_TRACE("random seed " + std::to_string(randomSeed));
+    std::mt19937 random(randomSeed);
     TRowStore rows({Column(adInteger)});
     std::vector<std::int64_t> model;
     for (int i = 0; i < 3000; ++i) {
