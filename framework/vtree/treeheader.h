@@ -8,8 +8,8 @@
 // the reading side. TVirtualTreeColumns maps between the two.
 
 #include "framework/system/collections.h"
-#include "framework/vtree/columns_rules.h"
 #include "framework/vtree/treeoptions_rules.h"
+#include "framework/windows/columns_rules.h"
 #include "framework/windows/control.h"
 
 namespace framework {

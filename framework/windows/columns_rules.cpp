@@ -1,4 +1,4 @@
-#include "framework/vtree/columns_rules.h"
+#include "framework/windows/columns_rules.h"
 
 #include <algorithm>
 #include <cstdlib>

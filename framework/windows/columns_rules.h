@@ -1,8 +1,8 @@
 #pragma once
 
-// The columns of a tree's header as extents along a line, decided without a window. A column has an index, its place in
-// the collection, and a position, its place on the screen from the reading side; everything here goes by positions and
-// by pixels from the first column's near edge, whichever side that is on.
+// The columns of a header or a grid as extents along a line, decided without a window. A column has an index, its place
+// in the collection, and a position, its place on the screen from the reading side; everything here goes by positions
+// and by pixels from the first column's near edge, whichever side that is on.
 
 #include <span>
 #include <vector>
