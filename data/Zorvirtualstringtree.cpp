@@ -133,6 +133,7 @@ void TZORVirtualStringTree::SetCheckListBox() {
         Clear();
     if (!alive)
         return;
+    FItems.PrepareTexts(); // so that the first letter typed is as quick as the next ones
     const bool sorted = HasAuto(toAutoSort);
     const std::vector<std::uint32_t> shown =
         FItems.Shown(OrderBy(sorted ? GetHeader()->GetSortColumn() : NoColumn, GetHeader()->GetSortDirection()));

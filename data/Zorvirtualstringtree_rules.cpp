@@ -108,12 +108,15 @@ StringView TCheckList::LowerText(std::size_t index) const {
 void TCheckList::PrepareTexts() {
     if (FLowerStarts.empty())
         FLowerStarts.push_back(0);
+    const std::size_t known = FLowerStarts.size() - 1;
+    const std::size_t length = FLowerTexts.size();
     FLowerStarts.reserve(FItems.size() + 1);
-    for (std::size_t i = FLowerStarts.size() - 1; i < FItems.size(); ++i) {
-        for (const char16_t unit : FItems[i].text)
-            FLowerTexts.push_back(ToLowerCase(unit));
-        FLowerStarts.push_back(FLowerTexts.size());
-    }
+    for (std::size_t i = known; i < FItems.size(); ++i)
+        FLowerStarts.push_back(FLowerStarts.back() + FItems[i].text.size());
+    FLowerTexts.reserve(FLowerStarts.back());
+    std::for_each(FItems.begin() + static_cast<std::ptrdiff_t>(known), FItems.end(),
+                  [this](const sCheckListBox& item) { FLowerTexts += item.text; });
+    LowerCaseInPlace(FLowerTexts.data() + length, FLowerTexts.size() - length);
 }
 
 bool TCheckList::SetPhrase(const String& phrase) {

@@ -54,6 +54,8 @@ public:
     /// none. False for the phrase that there is. A phrase that contains the last one looks only at what is still
     /// visible.
     bool SetPhrase(const String& phrase);
+    /// Does now for all new items what their first phrase would have to do.
+    void PrepareTexts();
 
     std::size_t CheckedCount() const { return FChecked; }
     std::size_t VisibleCount() const { return FMatches.size(); }
@@ -73,7 +75,6 @@ public:
     int Compare(std::size_t first, std::size_t second, bool byCheck);
 
 private:
-    void PrepareTexts();
     void PrepareRanks();
     void MatchAll(StringView phrase);
     void MatchVisible(StringView phrase);

@@ -7,7 +7,6 @@
 #include "framework/windows/application.h"
 
 #include <algorithm>
-#include <map>
 
 namespace ZOR {
 
@@ -21,37 +20,6 @@ constexpr TColor kMatchColor = 0x8CE6FF;
 constexpr TColor kTextColor = 0x000000;
 constexpr int kRowPadding = 2; // pixels at 96 per inch above and below a text together
 
-/// Widths of texts as sums of those of their characters, which is what plain texts measure. Measuring 100,000 texts
-/// takes longer than a person waits for a list; of sums it is no matter.
-class TSummedWidths {
-public:
-    explicit TSummedWidths(HDC dc) : FDC(dc) {}
-
-    int Of(StringView text) {
-        int width = 0;
-        for (const char16_t unit : text)
-            width += Page(unit)[unit & 0xFF];
-        return width;
-    }
-
-private:
-    using TPage = std::array<int, 0x100>;
-
-    const TPage& Page(char16_t unit) {
-        TPage*& known = FByHighByte[unit >> 8];
-        if (!known) {
-            const UINT first = unit & 0xFF00u;
-            known = &FPages[first];
-            GetCharWidth32W(FDC, first, first + 0xFF, known->data());
-        }
-        return *known;
-    }
-
-    HDC FDC;
-    std::map<UINT, TPage> FPages;
-    std::array<TPage*, 0x100> FByHighByte{};
-};
-
 int TextWidth(HDC dc, StringView text) {
     SIZE size{};
     GetTextExtentPoint32W(dc, WideData(text), static_cast<int>(text.size()), &size);
@@ -63,7 +31,7 @@ int TextWidth(HDC dc, StringView text) {
 int WidestText(const TStrings& items, const TFont& font) {
     const TWindowDC dc(nullptr);
     const TSelectedObject selected(dc, font.GetHandle());
-    TSummedWidths widths(dc);
+    TSummedWidths widths(font);
     String widest;
     int sum = 0;
     for (int i = 0; i < items.GetCount(); ++i) {

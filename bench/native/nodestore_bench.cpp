@@ -1,5 +1,6 @@
 // What the nodes of a virtual tree cost: adding them beside a plain vector of the same payload, finding one by its
-// place among a thousand and among ten million, and sorting them beside std::stable_sort over the same keys.
+// place among a thousand and among ten million, and sorting them beside std::stable_sort over the same keys and by the
+// same call.
 
 #include "bench/measure.h"
 #include "framework/vtree/nodestore_rules.h"
@@ -112,6 +113,34 @@ void Sorting(bool byKey) {
 
 } // namespace
 
+/// What a call takes at the least: the same call in std::stable_sort over the same nodes.
+void SortingByCallAnyhow() {
+    std::mt19937 random(2);
+    TNodeStore store(sizeof(std::uint32_t));
+    store.Append(store.Root(), kNodes, kRowHeight);
+    const auto keyOf = [](TVirtualNode* node) -> std::uint32_t& {
+        return *static_cast<std::uint32_t*>(node->GetData());
+    };
+    const TNodeStore::TLess less = [&](TVirtualNode* left, TVirtualNode* right) { return keyOf(left) < keyOf(right); };
+    const auto shuffled = [&] {
+        std::vector<TVirtualNode*> nodes;
+        for (TVirtualNode* node = store.Root()->GetFirstChild(); node; node = node->GetNextSibling()) {
+            keyOf(node) = static_cast<std::uint32_t>(random());
+            nodes.push_back(node);
+        }
+        return nodes;
+    };
+    const auto ours = [&] {
+        shuffled();
+        return bench::Milliseconds([&] { store.Sort(store.Root(), less); });
+    };
+    const auto peer = [&] {
+        std::vector<TVirtualNode*> nodes = shuffled();
+        return bench::Milliseconds([&] { std::stable_sort(nodes.begin(), nodes.end(), less); });
+    };
+    bench::PrintRatio("the same call, stable_sort", bench::MedianPair(ours, peer), "ms", 1.0);
+}
+
 int main() {
     Adding();
     Finding(1'000);
@@ -119,5 +148,6 @@ int main() {
     Finding(10'000'000);
     Sorting(true);
     Sorting(false);
+    SortingByCallAnyhow();
     return 0;
 }

@@ -5,6 +5,9 @@
 #include "framework/graphics/fonts.h"
 #include "framework/graphics/handles.h"
 
+#include <array>
+#include <map>
+
 namespace framework {
 
 /// Measures texts in one font, any number of them, while it is in scope. All share one device context of the screen's
@@ -30,6 +33,26 @@ private:
     TSharedHandle<HFONT> FFont;
     TSelectedObject FSelected;
     TEXTMETRICW FMetrics{};
+};
+
+/// Widths of texts in one font as sums of those of their characters, which is what plain texts measure, and takes a
+/// small part of the time.
+class TSummedWidths {
+public:
+    explicit TSummedWidths(const TFont& font) : FFont(font.GetSharedHandle()) {}
+
+    int Of(StringView text);
+    /// Whether the sum is the width for sure, or nearly so: no marks that join letters, no script that shapes them.
+    static bool IsPlain(StringView text);
+
+private:
+    using TPage = std::array<int, 0x100>;
+
+    const TPage& Page(char16_t unit);
+
+    TSharedHandle<HFONT> FFont;
+    std::map<UINT, TPage> FPages;
+    std::array<TPage*, 0x100> FByHighByte{};
 };
 
 } // namespace framework

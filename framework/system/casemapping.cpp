@@ -110,6 +110,25 @@ char16_t ToLowerCase(char16_t unit) {
     return toLowerTable.Map(unit);
 }
 
+void LowerCaseInPlace(char16_t* units, std::size_t count) {
+    constexpr std::size_t kLane = 16; // units that compilers handle together, there being no branches
+    const char16_t* const end = units + count;
+    for (; static_cast<std::size_t>(end - units) >= kLane; units += kLane) {
+        unsigned all = 0;
+        for (std::size_t i = 0; i < kLane; ++i)
+            all |= units[i];
+        if (all < 0x80) {
+            for (std::size_t i = 0; i < kLane; ++i)
+                units[i] = static_cast<char16_t>(units[i] + (units[i] >= u'A' && units[i] <= u'Z' ? 32 : 0));
+        } else {
+            for (std::size_t i = 0; i < kLane; ++i)
+                units[i] = toLowerTable.Map(units[i]);
+        }
+    }
+    for (; units != end; ++units)
+        *units = toLowerTable.Map(*units);
+}
+
 char16_t ToUpperCase(char16_t unit) {
     return toUpperTable.Map(unit);
 }

@@ -277,7 +277,9 @@ String AnsiUpperCase(StringView text) {
 }
 
 String AnsiLowerCase(StringView text) {
-    return Mapped(text, ToLowerCase);
+    String lower(text);
+    LowerCaseInPlace(lower.data(), lower.size());
+    return lower;
 }
 
 int CompareStr(StringView left, StringView right) {

@@ -537,7 +537,6 @@ private:
 
     // virtualtree_places.cpp
     TRect ColumnRect(TColumnIndex column, int top, int bottom) const;
-    TRect CellRectOf(TColumnIndex column, int top, int bottom) const;
     TCellLayout LayoutOf(TVirtualNode* node, TColumnIndex column, const TRect& cell) const;
     bool IsMainColumn(TColumnIndex column) const;
     bool ShowsBox(const TVirtualNode* node) const;
@@ -576,6 +575,7 @@ private:
     bool PaintCell(TRowPainting& painting, TVTPaintInfo& info);
     void PaintCellBackground(TRowPainting& painting, const TVTPaintInfo& info);
     void PaintTreeParts(TRowPainting& painting, const TVTPaintInfo& info, const TCellLayout& layout);
+    void PaintButton(TRowPainting& painting, const TRect& place, bool open);
     void PaintTreeLines(TRowPainting& painting, TVirtualNode* node, const TRect& cell);
     void PaintGridLines(TRowPainting& painting, int bottom);
     void PaintBelowRows(TRowPainting& painting, int bottom);

@@ -7,6 +7,7 @@
 #include "framework/vtree/virtualtree.h"
 
 #include <algorithm>
+#include <optional>
 #include <vsstyle.h>
 
 namespace framework {
@@ -23,9 +24,9 @@ struct TBaseVirtualTree::TRowPainting {
     HDC DC = nullptr;
     std::shared_ptr<TCanvas> Canvas;
     TRect Area;
-    std::vector<TColumn> Columns; // those within the area
-    TCheckPainter Boxes;
-    TThemeHandle Theme;
+    std::vector<TColumn> Columns;       // those within the area
+    std::optional<TCheckPainter> Boxes; // made with the first box
+    std::optional<TThemeHandle> Theme;  // opened with the first button
     TUniqueBrush Background;
     TUniqueBrush GridLines;
     TColor Selection = clNone; // clNone while the selection does not show
@@ -38,6 +39,11 @@ namespace {
 void FillArea(HDC dc, const TRect& area, HBRUSH brush) {
     const RECT rect = ToWin(area);
     FillRect(dc, &rect, brush);
+}
+
+bool IsWithin(const TRect& part, const TRect& whole) {
+    return part.IsEmpty() || (part.Left >= whole.Left && part.Top >= whole.Top && part.Right <= whole.Right &&
+                              part.Bottom <= whole.Bottom);
 }
 
 /// Lays a colour over what is there, `strength` of 255 parts of it.
@@ -118,9 +124,6 @@ void TBaseVirtualTree::PaintWindow(HDC dc) {
     const TCanvasBinding bound(painting.Canvas, painting.DC);
     painting.Canvas->SetFont(GetFont());
     painting.Canvas->GetHandle(); // the font is in place for all cells
-    painting.Boxes = TCheckPainter(IsThemed());
-    if (IsThemed())
-        painting.Theme = TThemeHandle(OpenThemeData(nullptr, L"TREEVIEW"));
     painting.GridLines = TUniqueBrush(CreateSolidBrush(ColorToRGB(FColors->GetGridLineColor())));
     painting.Selection = SelectionShows() ? SelectionColor() : clNone;
     painting.Blended = HasPaint(toUseBlendedSelection);
@@ -256,30 +259,41 @@ void TBaseVirtualTree::DoAfterCellPaint(const TVTPaintInfo& info) {
 void TBaseVirtualTree::PaintTreeParts(TRowPainting& painting, const TVTPaintInfo& info, const TCellLayout& layout) {
     if (!HasPaint(toShowTreeLines) && layout.Button.IsEmpty() && layout.CheckBox.IsEmpty())
         return;
-    const TSavedDC saved(painting.DC);
-    IntersectClipRect(painting.DC, info.CellRect.Left, info.CellRect.Top, info.CellRect.Right, info.CellRect.Bottom);
+    std::optional<TSavedDC> saved;
+    if (HasPaint(toShowTreeLines) || !IsWithin(layout.Button, info.CellRect) ||
+        !IsWithin(layout.CheckBox, info.CellRect)) {
+        saved.emplace(painting.DC); // only then, as clipping takes longer than what is painted here
+        IntersectClipRect(painting.DC, info.CellRect.Left, info.CellRect.Top, info.CellRect.Right,
+                          info.CellRect.Bottom);
+    }
     if (HasPaint(toShowTreeLines))
         PaintTreeLines(painting, info.Node, info.CellRect);
-    if (!layout.Button.IsEmpty()) {
-        RECT button = ToWin(layout.Button);
-        const bool open = info.Node->Has(vsExpanded);
-        if (!painting.Theme || FAILED(DrawThemeBackground(painting.Theme.Get(), painting.DC, TVP_GLYPH,
-                                                          open ? GLPS_OPENED : GLPS_CLOSED, &button, nullptr))) {
-            FillArea(painting.DC, layout.Button, painting.Background.Get());
-            FrameRect(painting.DC, &button, GetSysColorBrush(COLOR_BTNSHADOW));
-            const int x = (button.left + button.right) / 2;
-            const int y = (button.top + button.bottom) / 2;
-            const HBRUSH sign = GetSysColorBrush(COLOR_WINDOWTEXT);
-            FillArea(painting.DC, {x - 2, y, x + 3, y + 1}, sign);
-            if (!open)
-                FillArea(painting.DC, {x, y - 2, x + 1, y + 3}, sign);
-        }
-    }
+    if (!layout.Button.IsEmpty())
+        PaintButton(painting, layout.Button, info.Node->Has(vsExpanded));
     if (!layout.CheckBox.IsEmpty()) {
+        if (!painting.Boxes)
+            painting.Boxes.emplace(IsThemed());
         const bool enabled = GetEnabled() && !info.Node->Has(vsDisabled) && !HasMisc(toReadOnly);
-        painting.Boxes.Draw(painting.DC, layout.CheckBox,
-                            CheckLook(info.Node->GetCheckType(), info.Node->GetCheckState(), enabled));
+        painting.Boxes->Draw(painting.DC, layout.CheckBox,
+                             CheckLook(info.Node->GetCheckType(), info.Node->GetCheckState(), enabled));
     }
+}
+
+void TBaseVirtualTree::PaintButton(TRowPainting& painting, const TRect& place, bool open) {
+    if (!painting.Theme)
+        painting.Theme.emplace(IsThemed() ? OpenThemeData(nullptr, L"TREEVIEW") : nullptr);
+    RECT button = ToWin(place);
+    if (*painting.Theme && SUCCEEDED(DrawThemeBackground(painting.Theme->Get(), painting.DC, TVP_GLYPH,
+                                                         open ? GLPS_OPENED : GLPS_CLOSED, &button, nullptr)))
+        return;
+    FillArea(painting.DC, place, painting.Background.Get());
+    FrameRect(painting.DC, &button, GetSysColorBrush(COLOR_BTNSHADOW));
+    const int x = (button.left + button.right) / 2;
+    const int y = (button.top + button.bottom) / 2;
+    const HBRUSH sign = GetSysColorBrush(COLOR_WINDOWTEXT);
+    FillArea(painting.DC, {x - 2, y, x + 3, y + 1}, sign);
+    if (!open)
+        FillArea(painting.DC, {x, y - 2, x + 1, y + 3}, sign);
 }
 
 /// From each node to its parent, and past it to the siblings below.

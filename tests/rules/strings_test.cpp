@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <numeric>
 
 namespace framework {
 namespace {
@@ -181,9 +182,13 @@ TEST(Case, MapsLettersOfManyScripts) {
 // Guards the tables as a whole: mapping twice changes nothing more, and letters of one pair fold together.
 TEST(Case, TablesAgreeWithEachOther) {
     int letters = 0;
+    String all(0x10000, u'\0');
+    std::iota(all.begin(), all.end(), u'\0');
+    const String allLower = AnsiLowerCase(all);
     for (int code = 0; code < 0x10000; ++code) {
         const auto unit = static_cast<char16_t>(code);
         const char16_t lower = ToLowerCase(unit);
+        ASSERT_EQ(allLower[unit], lower) << code;
         const char16_t upper = ToUpperCase(unit);
         ASSERT_EQ(ToLowerCase(lower), lower) << code;
         ASSERT_EQ(ToUpperCase(upper), upper) << code;
