@@ -395,9 +395,15 @@ void TBaseVirtualTree::DoMeasureItem(TCanvas& canvas, TVirtualNode* node, int& h
     Fire(*this, OnMeasureItem, this, &canvas, node, height);
 }
 
+bool TBaseVirtualTree::IsReady(const TVirtualNode* node) const {
+    return node->Has(vsInitialized) && (node->Has(vsHeightMeasured) || !HasMisc(toVariableNodeHeight));
+}
+
 bool TBaseVirtualTree::InitNode(TVirtualNode* node) {
-    if (node->Has(vsInitialized) || node->Has(vsDeleting))
-        return !node->Has(vsDeleting);
+    if (node->Has(vsDeleting))
+        return false;
+    if (node->Has(vsInitialized))
+        return MeasureNode(node);
     FStore->SetState(node, vsInitialized, true);
     TVirtualNodeInitStates states;
     TLifeGuard alive(*this);
@@ -408,17 +414,26 @@ bool TBaseVirtualTree::InitNode(TVirtualNode* node) {
         return false;
     if (!states.Empty())
         ApplyInitialStates(node, states);
-    if (alive && still && HasMisc(toVariableNodeHeight) && !node->Has(vsHeightMeasured) && HandleAllocated()) {
-        FStore->SetState(node, vsHeightMeasured, true);
-        int height = node->GetNodeHeight();
-        const TWindowDC dc(FHandle);
-        const TCanvasBinding canvas(FTreeCanvas, dc);
-        canvas->SetFont(GetFont());
-        DoMeasureItem(*FTreeCanvas, node, height);
-        if (alive && still)
-            SetNodeHeight(node, height);
-    }
-    return alive && still;
+    return alive && still && MeasureNode(node);
+}
+
+/// Nodes that were asked for before there was a window are measured when they are come to again.
+bool TBaseVirtualTree::MeasureNode(TVirtualNode* node) {
+    if (IsReady(node) || !HandleAllocated())
+        return true;
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    FStore->SetState(node, vsHeightMeasured, true);
+    int height = node->GetNodeHeight();
+    const TWindowDC dc(FHandle);
+    const auto canvas = std::make_shared<TCanvas>(); // the tree's own may be painting just now
+    const TCanvasBinding bound(canvas, dc);
+    canvas->SetFont(GetFont());
+    DoMeasureItem(*canvas, node, height);
+    if (!alive || !still)
+        return false;
+    SetNodeHeight(node, height);
+    return true;
 }
 
 void TBaseVirtualTree::ApplyInitialStates(TVirtualNode* node, TVirtualNodeInitStates states) {
@@ -468,6 +483,7 @@ void TBaseVirtualTree::ReinitNode(TVirtualNode* node, bool recursive) {
         next.Set(recursive ? store->Next(each, TNodeMeasure::Initialized) : nullptr);
         if (!each->Has(vsInitialized))
             continue;
+        store->SetState(each, vsHeightMeasured, false);
         TVirtualNodeInitStates states{ivsReInit};
         const TNodeRef still(*store, each);
         DoInitNode(each->GetParent() == store->Root() ? nullptr : each->GetParent(), each, states);

@@ -513,6 +513,9 @@ private:
     void DeleteRange(TVirtualNode* parent, unsigned first, unsigned count);
     void CheckNotSorting() const;
     void ApplyInitialStates(TVirtualNode* node, TVirtualNodeInitStates states);
+    /// Whether nothing has to be asked about a node before it shows.
+    bool IsReady(const TVirtualNode* node) const;
+    bool MeasureNode(TVirtualNode* node);
     void SortFamily(TVirtualNode* parent, TColumnIndex column, TSortDirection direction);
     void RunDeferredDeletes();
     void HeaderSortChanged(TVTHeader& header);

@@ -155,8 +155,15 @@ void TBaseVirtualTree::Dispatch(TMessage& message) {
 void TBaseVirtualTree::CMFontChanged(TMessage& message) {
     TLifeGuard alive(*this);
     TCustomControl::CMFontChanged(message);
-    if (alive)
-        FHeader->ParentFontChanged();
+    if (!alive)
+        return;
+    FHeader->ParentFontChanged();
+    if (!alive || !HasMisc(toVariableNodeHeight))
+        return;
+    for (TVirtualNode* node = FStore->First(TNodeMeasure::Initialized); node;
+         node = FStore->Next(node, TNodeMeasure::Initialized))
+        FStore->SetState(node, vsHeightMeasured, false);
+    StructureChanged();
 }
 
 void TBaseVirtualTree::CMEnabledChanged(TMessage& message) {

@@ -76,24 +76,27 @@ TColor TBaseVirtualTree::SelectionColor() const {
     return Focused() ? FColors->GetFocusedSelectionColor() : FColors->GetUnfocusedSelectionColor();
 }
 
-/// Asks for the rows in the area, before anything is painted: they may turn out higher, or with children.
+/// Asks for the rows in the area, before anything is painted: they may turn out higher or lower, or with children. Each
+/// round asks for one row at least, so that the end comes when all have been, or handlers make rows for ever.
 bool TBaseVirtualTree::PrepareRows(const TRect& area) {
+    constexpr int kMostRounds = 10000;
     TLifeGuard alive(*this);
-    for (int round = 0; round < 4; ++round) {
+    for (int round = 0; round < kMostRounds; ++round) {
         EnsureLayout();
         if (!alive || !HandleAllocated())
             return false;
         const unsigned version = FStructureVersion;
         std::int64_t top = 0;
         TVirtualNode* node = FStore->NodeAt(FScrollY + std::max(area.Top, 0), TNodeMeasure::Height, &top);
-        for (std::int64_t y = top - FScrollY; node && y < area.Bottom && version == FStructureVersion;) {
-            if (!InitNode(node))
-                break;
+        for (std::int64_t y = top - FScrollY; node && y < area.Bottom;) {
+            const bool there = IsReady(node) || InitNode(node);
+            if (!alive)
+                return false;
+            if (!there || version != FStructureVersion)
+                break; // the rows lie elsewhere now
             y += node->GetNodeHeight();
-            node = version == FStructureVersion ? FStore->Next(node, TNodeMeasure::Rows) : nullptr;
+            node = FStore->Next(node, TNodeMeasure::Rows);
         }
-        if (!alive)
-            return false;
         if (version == FStructureVersion)
             return true;
     }
@@ -160,6 +163,10 @@ void TBaseVirtualTree::PaintRows(TRowPainting& painting) {
 
 /// False when a handler changed the rows or freed the tree.
 bool TBaseVirtualTree::PaintRow(TRowPainting& painting, TVirtualNode* node, int top) {
+    if (!IsReady(node)) {
+        Invalidate(); // a handler has moved it here
+        return false;
+    }
     TLifeGuard alive(*this);
     const int bottom = top + node->GetNodeHeight();
     TVTPaintInfo info;
