@@ -36,6 +36,7 @@
 #include "framework/windows/maskedit.h"
 #include "framework/windows/memo.h"
 #include "framework/windows/monthcalendar.h"
+#include "framework/windows/packages.h"
 #include "framework/windows/panel.h"
 #include "framework/windows/richedit.h"
 #include "framework/windows/scrollbox.h"

@@ -5,7 +5,7 @@ include(CMakePackageConfigHelpers)
 set(packageFolder ${CMAKE_INSTALL_LIBDIR}/cmake/zor)
 set(exported framework zor)
 if(WIN32)
-    list(APPEND exported zor_manifest)
+    list(APPEND exported zor_manifest framework_shared zor_shared)
 endif()
 
 foreach(room IN ITEMS framework ${ZOR_LIBRARY_ROOMS})
@@ -17,11 +17,13 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/zor.h)
     install(FILES zor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor)
 endif()
 install(TARGETS ${exported} EXPORT zorTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT zorTargets NAMESPACE zor:: DESTINATION ${packageFolder})
 if(WIN32)
     install(FILES cmake/zor.manifest cmake/zor_manifest.rc DESTINATION ${packageFolder})
+    install(FILES ${ZOR_RUNTIME_MODULES} DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 
 configure_package_config_file(cmake/zorConfig.cmake.in ${PROJECT_BINARY_DIR}/zorConfig.cmake

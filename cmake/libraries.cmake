@@ -59,6 +59,7 @@ set(frameworkRooms
     framework/system framework/db framework/graphics framework/windows framework/dbgrid framework/vtree)
 zor_collect_sources(frameworkSources ${frameworkRooms})
 zor_collect_sources(librarySources ${ZOR_LIBRARY_ROOMS})
+list(FILTER librarySources EXCLUDE REGEX "_module\\.cpp$") # belongs to the shared library alone
 
 # ODBC is part of Windows. Elsewhere a host without the driver manager's headers still gets all the other rooms.
 if(WIN32)
@@ -74,13 +75,17 @@ endif()
 
 zor_add_library(framework ${frameworkSources})
 set(frameworkScope ${zor_scope})
+if(MINGW)
+    # Programs of the static library need no other file beside them, the C++ runtime's included.
+    target_link_options(framework INTERFACE -static)
+endif()
 if(ZOR_HAS_ODBC)
     target_compile_definitions(framework PRIVATE FRAMEWORK_HAS_ODBC)
 endif()
 if(WIN32)
-    target_link_libraries(framework ${frameworkScope}
-        user32 gdi32 msimg32 comctl32 comdlg32 uxtheme dwmapi imm32 shell32 shlwapi
+    set(ZOR_SYSTEM_LIBRARIES user32 gdi32 msimg32 comctl32 comdlg32 uxtheme dwmapi imm32 shell32 shlwapi
         ole32 oleaut32 oleacc uuid version advapi32 odbc32)
+    target_link_libraries(framework ${frameworkScope} ${ZOR_SYSTEM_LIBRARIES})
 elseif(ZOR_HAS_ODBC)
     target_link_libraries(framework ${frameworkScope} ODBC::ODBC)
 endif()

@@ -30,7 +30,19 @@ set(runInWine ${PROJECT_SOURCE_DIR}/tools/run-in-wine)
 file(GLOB windowTests CONFIGURE_DEPENDS
     "${PROJECT_SOURCE_DIR}/tests/window/*_test.cpp" "${PROJECT_SOURCE_DIR}/tests/rules/*odbc*_test.cpp")
 foreach(source IN LISTS windowTests)
-    zor_add_program(${source} test_support zor::manifest GTest::gtest_main)
+    if(source MATCHES "/packages_test.cpp$")
+        # A host that knows the library from its package alone.
+        zor_add_program(${source} zor::framework_shared zor::manifest GTest::gtest_main)
+        set_target_properties(packages_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/modules)
+        add_dependencies(packages_test zor_shared)
+        foreach(kind IN ITEMS older refusing)
+            zor_add_module(${kind}_package ${kind} ${PROJECT_SOURCE_DIR}/tests/support/packages/${kind}.cpp)
+            target_link_libraries(${kind}_package PRIVATE framework_shared)
+            add_dependencies(packages_test ${kind}_package)
+        endforeach()
+    else()
+        zor_add_program(${source} test_support zor::manifest GTest::gtest_main)
+    endif()
     set(limit 240) # seconds
     if(zor_program STREQUAL gallery_test)
         set(limit 600) # plays the scripts of all pages

@@ -24,7 +24,7 @@ string(JOIN " " CMAKE_CXX_FLAGS_INIT
     -isystem ${gccFolder}/include/c++
     -isystem ${gccFolder}/include/c++/${triple})
 # GNU ld rejects clang's duplicate sections, hence lld. Debian keeps libgcc in a folder that clang does not search.
-string(JOIN " " CMAKE_EXE_LINKER_FLAGS_INIT -Qunused-arguments -fuse-ld=lld -L${gccFolder} -static)
+string(JOIN " " CMAKE_EXE_LINKER_FLAGS_INIT -Qunused-arguments -fuse-ld=lld -L${gccFolder})
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
 # libgcc_eh needs pthread behind it.
 set(CMAKE_CXX_STANDARD_LIBRARIES "-lkernel32 -luser32 -lgdi32 -lshell32 -ladvapi32 -lpthread")
@@ -35,3 +35,10 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 # Packages installed to a prefix of one's own (zor itself, for instance) are named by CMAKE_PREFIX_PATH.
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
+
+# The C++ runtime, which modules and the programs that load them share: an exception may be thrown in one of them and
+# caught in another.
+set(ZOR_RUNTIME_MODULES
+    ${gccFolder}/libstdc++-6.dll
+    ${gccFolder}/libgcc_s_seh-1.dll
+    /usr/${triple}/lib/libwinpthread-1.dll)

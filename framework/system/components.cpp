@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <mutex>
 
 namespace framework {
 
@@ -22,6 +23,11 @@ TRegistry& Registry() {
     static TRegistry registry;
     return registry;
 }
+
+// The ends of the list of all components. Data modules are made in threads of their own, hence the lock.
+std::mutex livingLock;
+TComponent* oldest = nullptr;
+TComponent* youngest = nullptr;
 
 /// Takes out the last occurrence, which is the only one: what came late mostly goes early. False when there is none.
 bool TakeOut(std::vector<TComponent*>& components, const TComponent* component) {
@@ -45,6 +51,13 @@ const TClassInfo& TComponent::StaticClass() {
     return info;
 }
 
+TComponent::TComponent() {
+    const std::lock_guard lock(livingLock);
+    FOlder = youngest;
+    (youngest ? youngest->FYounger : oldest) = this;
+    youngest = this;
+}
+
 // By way of the other constructor, so that the destructor runs when the owner refuses the component.
 TComponent::TComponent(TComponent* owner) : TComponent() {
     if (owner)
@@ -60,6 +73,17 @@ TComponent::~TComponent() {
     RemoveNotifications(); // asked for by those who heard of the death
     for (TLifeGuard* guard = FGuards; guard; guard = guard->FNext)
         guard->FComponent = nullptr;
+    const std::lock_guard lock(livingLock);
+    (FOlder ? FOlder->FYounger : oldest) = FYounger;
+    (FYounger ? FYounger->FOlder : youngest) = FOlder;
+}
+
+std::vector<TComponent*> LivingComponents() {
+    const std::lock_guard lock(livingLock);
+    std::vector<TComponent*> all;
+    for (TComponent* each = oldest; each; each = each->FYounger)
+        all.push_back(each);
+    return all;
 }
 
 TLifeGuard::TLifeGuard(TComponent& component)

@@ -30,6 +30,12 @@ enum TComponentStyleElement {
 using TComponentStyle = Set<TComponentStyleElement>;
 
 class TLifeGuard;
+class TComponent;
+
+/// Every component that lives in the process, of all threads, with and without owners, the oldest first. It is for what
+/// concerns all of them, such as a library of classes that is to leave the process; take it while no other thread makes
+/// or frees components.
+std::vector<TComponent*> LivingComponents();
 
 class TComponent : public TPersistent {
     FRAMEWORK_CLASS(TComponent)
@@ -115,8 +121,9 @@ private:
     friend class TFormLoader;
     friend class TFormSaver;
     friend class TLifeGuard;
+    friend std::vector<TComponent*> LivingComponents();
 
-    TComponent() = default;
+    TComponent();
     void InsertOwned(TComponent* component);
     void RemoveOwned(TComponent* component);
     bool NameIndexed() const { return !FNameIndex.empty(); }
@@ -136,6 +143,8 @@ private:
     TComponentState FComponentState;
     TComponentStyle FComponentStyle;
     TLifeGuard* FGuards = nullptr;
+    TComponent* FOlder = nullptr; // the list of all that live
+    TComponent* FYounger = nullptr;
 };
 
 /// Tells whether a component outlived a callback. Make it before the call, usually on the stack:

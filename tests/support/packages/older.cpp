@@ -1,0 +1,8 @@
+// A package of an older framework: it must not get so far as to register anything.
+
+#include "framework/windows/packages.h"
+
+extern "C" __declspec(dllexport) const framework::TPackageEntry FrameworkPackage;
+const framework::TPackageEntry FrameworkPackage{"0.1.0", &framework::TComponent::StaticClass, [] {
+                                                    framework::RegisterClasses({&framework::TComponent::StaticClass()});
+                                                }};

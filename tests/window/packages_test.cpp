@@ -1,0 +1,108 @@
+// A host that is not linked to the library: it loads the package by name, as a designer would, and knows its components
+// from the palette, text forms and published properties alone.
+
+#include "framework/system/formloader.h"
+#include "framework/system/formsaver.h"
+#include "framework/system/strings.h"
+#include "framework/windows/application.h"
+#include "framework/windows/forms.h"
+#include "framework/windows/packages.h"
+#include "framework/windows/standardcontrols.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace framework;
+
+namespace {
+
+constexpr const char* formText = "object Form1: TForm\n"
+                                 "  object Edit1: TZOREdit\n"
+                                 "    Width = 100\n"
+                                 "    Text = 'found'\n"
+                                 "    Wymagany = wRequired\n"
+                                 "    BoundLabel.Active = True\n"
+                                 "  end\n"
+                                 "  object Amount: TZORFloatEdit\n"
+                                 "    Value = 12.500000000000000000\n"
+                                 "  end\n"
+                                 "end\n";
+
+const TPalettePage* PageOf(const String& name) {
+    const auto found = std::ranges::find(PalettePages(), name, &TPalettePage::Name);
+    return found == PalettePages().end() ? nullptr : &*found;
+}
+
+String RefusalOf(auto&& action) {
+    try {
+        action();
+    } catch (const EPackageError& error) {
+        return error.GetMessageText();
+    }
+    return u"(done)";
+}
+
+class Packages : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        Application->Initialize();
+        RegisterStandardControls();
+    }
+};
+
+TEST_F(Packages, ComponentsComeWithThePackageAndLeaveWithIt) {
+    // Twice: the second life begins as the first did.
+    for (int life = 0; life < 2; ++life) {
+        SCOPED_TRACE(life);
+        ASSERT_EQ(GetClass(u"TZOREdit"), nullptr);
+        const HMODULE package = LoadPackage(u"zor.dll");
+        const TPalettePage* page = PageOf(u"ZOR");
+        ASSERT_NE(page, nullptr);
+        EXPECT_NE(std::ranges::find(page->Classes, u"TZOREdit", &TClassInfo::Name), page->Classes.end());
+
+        auto form = CreateFromTextForm(formText, nullptr);
+        TComponent* edit = form->FindComponent(u"Edit1");
+        As<TForm>(form.get())->Show();
+        Application->ProcessMessages();
+        EXPECT_EQ(GetPropValue(*edit, u"Wymagany"), Variant(u"wRequired"));
+        EXPECT_EQ(GetPropValue(*edit, u"Text"), Variant(u"found"));
+        EXPECT_EQ(GetPropValue(*form->FindComponent(u"Amount"), u"Value"), Variant(12.5));
+        // An exception that is raised in the framework's module on behalf of the package's, and caught in this one.
+        EXPECT_THROW(SetPropValue(*edit, u"Wymagany", Variant(u"wPerhaps")), EPropertyError);
+
+        const String text = RefusalOf([&] { UnloadPackage(package); });
+        EXPECT_EQ(text, u"Package zor.dll cannot be unloaded while its components live: Form1.Edit1 (TZOREdit) "
+                        u"and 1 more");
+        EXPECT_NE(GetClass(u"TZOREdit"), nullptr) << "a refusal changes nothing";
+        form.reset();
+
+        // Who loads twice unloads twice.
+        EXPECT_EQ(LoadPackage(u"zor.dll"), package);
+        UnloadPackage(package);
+        EXPECT_NE(GetClass(u"TZOREdit"), nullptr);
+        UnloadPackage(package);
+        EXPECT_EQ(GetClass(u"TZOREdit"), nullptr);
+        EXPECT_EQ(PageOf(u"ZOR"), nullptr);
+        EXPECT_EQ(GetModuleHandleW(L"zor.dll"), nullptr) << "the file is free";
+        EXPECT_NE(GetClass(u"TEdit"), nullptr) << "the framework's own classes stay";
+        EXPECT_THROW(CreateFromTextForm(formText, nullptr), EFormLoad);
+        EXPECT_NE(RefusalOf([&] { UnloadPackage(package); }), u"(done)");
+    }
+}
+
+TEST_F(Packages, WhatIsNoPackageIsRefusedWithTheReason) {
+    const auto refusal = [](const String& name) { return RefusalOf([&] { LoadPackage(name); }); };
+    EXPECT_TRUE(refusal(u"nowhere.dll").starts_with(u"Cannot load package nowhere.dll: "));
+    EXPECT_EQ(refusal(u"version.dll"), u"Cannot load package version.dll: it does not export FrameworkPackage");
+    EXPECT_EQ(refusal(u"older.dll"),
+              u"Cannot load package older.dll: it was built with version 0.1.0 of the framework, "
+              u"this is " +
+                  Utf8Decode(FrameworkVersion));
+    EXPECT_EQ(refusal(u"refusing.dll"), u"Cannot load package refusing.dll: no licence");
+    EXPECT_EQ(GetClass(u"TRefusingComponent"), nullptr);
+    EXPECT_EQ(PageOf(u"Refused"), nullptr);
+    EXPECT_EQ(GetModuleHandleW(L"refusing.dll"), nullptr);
+}
+
+} // namespace
