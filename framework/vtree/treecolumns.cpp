@@ -75,7 +75,10 @@ void TVirtualTreeColumn::Assign(TPersistent* source) {
 }
 
 void TVirtualTreeColumn::SetIndex(int value) {
+    const int before = GetIndex();
     TCollectionItem::SetIndex(value);
+    if (TVirtualTreeColumns* columns = Owner(); columns && before != value)
+        columns->FHeader->ColumnMoved(before, value);
     NotifyHeader(true);
 }
 
@@ -270,6 +273,7 @@ void TVirtualTreeColumns::Loaded() {
 void TVirtualTreeColumns::Notify(TCollectionItem* item, TCollectionNotification action) {
     if (action == cnAdded) {
         FOrder.push_back(item->GetID());
+        FHeader->ColumnAdded(item->GetIndex());
     } else {
         FOrder.erase(std::remove(FOrder.begin(), FOrder.end(), item->GetID()), FOrder.end());
         FHeader->ColumnDeleted(item->GetIndex());

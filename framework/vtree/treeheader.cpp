@@ -5,6 +5,7 @@
 #include "framework/graphics/bufferedpaint.h"
 #include "framework/graphics/canvas.h"
 #include "framework/graphics/checkmarks.h"
+#include "framework/graphics/textmetrics.h"
 #include "framework/vtree/checkstates_rules.h"
 #include "framework/vtree/virtualtree.h"
 
@@ -17,6 +18,7 @@ namespace framework {
 namespace {
 
 constexpr int kSortMark = 8; // pixels wide
+constexpr int kBeforeSortMark = 2;
 
 int Scaled(int pixels, int m, int d) {
     return MulDiv(pixels, m, d);
@@ -183,16 +185,34 @@ void TVTHeader::ColumnResized(TColumnIndex column) {
         FTree->HeaderColumnResized(*this, column);
 }
 
-/// The other columns keep their parts when one goes.
-void TVTHeader::ColumnDeleted(int index) {
-    for (TColumnIndex* each : {&FAutoSizeIndex, &FMainColumn, &FSortColumn, &FDownColumn, &FHotColumn}) {
-        if (*each == index)
-            *each = each == &FMainColumn ? 0 : NoColumn;
-        else if (*each > index)
-            --*each;
-    }
+/// The columns keep their parts when others come, go or move.
+void TVTHeader::RenumberParts(const std::function<TColumnIndex(TColumnIndex)>& moved) {
+    for (TColumnIndex* each : {&FAutoSizeIndex, &FMainColumn, &FSortColumn, &FDownColumn, &FHotColumn})
+        *each = moved(*each);
+    FMainColumn = std::max(FMainColumn, 0);
     if (FDownColumn == NoColumn)
         FMode = TMode::None;
+    if (FTree)
+        FTree->HeaderRenumbered(*this, moved);
+}
+
+void TVTHeader::ColumnAdded(int index) {
+    if (index < FColumns->GetCount() - 1)
+        RenumberParts([index](TColumnIndex each) { return each >= index ? each + 1 : each; });
+}
+
+void TVTHeader::ColumnDeleted(int index) {
+    RenumberParts([index](TColumnIndex each) { return each == index ? NoColumn : each > index ? each - 1 : each; });
+}
+
+void TVTHeader::ColumnMoved(int from, int to) {
+    RenumberParts([from, to](TColumnIndex each) {
+        if (each == from)
+            return to;
+        if (each > from && each <= to)
+            return each - 1;
+        return each >= to && each < from ? each + 1 : each;
+    });
 }
 
 void TVTHeader::AutoResize() {
@@ -287,10 +307,14 @@ void TVTHeader::PaintBackground(HDC dc, const TRect& cell, bool hot, bool presse
     DrawEdge(dc, &area, edge, BF_RECT | (FStyle == hsThickButtons ? BF_SOFT : 0u));
 }
 
+bool TVTHeader::ShowsBox(TColumnIndex column) const {
+    return FOptions.Contains(hoShowImages) && FColumns->GetColumn(column)->FCheckBox;
+}
+
 TRect TVTHeader::CheckBoxRect(TColumnIndex index, const TRect& place) const {
-    const TVirtualTreeColumn& column = *FColumns->GetColumn(index);
-    if (!column.FCheckBox || !FOptions.Contains(hoShowImages))
+    if (!ShowsBox(index))
         return {};
+    const TVirtualTreeColumn& column = *FColumns->GetColumn(index);
     const TSize size = TCheckPainter(FTree->IsThemed()).Size();
     // A column with nothing but its box has it where the boxes of the rows below are.
     const int indent = column.FText.empty() && index == FMainColumn ? FTree->CheckBoxLeft() : column.FMargin;
@@ -298,23 +322,45 @@ TRect TVTHeader::CheckBoxRect(TColumnIndex index, const TRect& place) const {
     return Bounds(left, place.Top + (place.Height() - size.Height) / 2, size.Width, size.Height);
 }
 
-void TVTHeader::PaintCaption(HDC dc, const TRect& cell, const TVirtualTreeColumn& column, bool pressed) const {
+/// The room for a caption's text, and with `sortMark` where the arrow at its far end goes.
+TRect TVTHeader::CaptionRect(const TVirtualTreeColumn& column, const TRect& cell, TRect* sortMark) const {
     const bool mirrored = FTree->UseRightToLeftAlignment();
-    const bool enabled = FTree->GetEnabled() && column.FOptions.Contains(coEnabled);
     TRect text = cell.Inflated(-column.FMargin - FTree->GetTextMargin(), 0); // above the texts of the rows
-    if (pressed && !FTree->IsThemed())
-        text = text.Offset(1, 1);
     if (const TRect box = CheckBoxRect(column.GetIndex(), cell); !box.IsEmpty()) {
-        TCheckLook look = FTree->CheckLook(column.FCheckType, column.FCheckState, enabled);
-        look.Pressed = FMode == TMode::CheckPressed && FDownColumn == column.GetIndex() && FOverDown;
-        TCheckPainter(FTree->IsThemed()).Draw(dc, box, look);
         if (mirrored)
             text.Right = box.Left - column.FMargin;
         else
             text.Left = box.Right + column.FMargin;
     }
-    if (column.GetIndex() == FSortColumn && FOptions.Contains(hoShowSortGlyphs))
-        PaintSortMark(dc, text);
+    if (column.GetIndex() != FSortColumn || !FOptions.Contains(hoShowSortGlyphs) || text.Width() < kSortMark)
+        return text;
+    if (sortMark)
+        *sortMark = Bounds(mirrored ? text.Left : text.Right - kSortMark, text.Top, kSortMark, text.Height());
+    if (mirrored)
+        text.Left += kSortMark + kBeforeSortMark;
+    else
+        text.Right -= kSortMark + kBeforeSortMark;
+    return text;
+}
+
+int TVTHeader::CaptionWidth(TColumnIndex index) const {
+    const TVirtualTreeColumn& column = *FColumns->GetColumn(index);
+    const TRect cell{0, 0, kGreatestColumnWidth, std::max(FHeight, 1)};
+    return cell.Width() - CaptionRect(column, cell).Width() + TTextMeasure(*FFont).Extent(column.FText).Width;
+}
+
+void TVTHeader::PaintCaption(HDC dc, const TRect& cell, const TVirtualTreeColumn& column, bool pressed) const {
+    const bool enabled = FTree->GetEnabled() && column.FOptions.Contains(coEnabled);
+    if (const TRect box = CheckBoxRect(column.GetIndex(), cell); !box.IsEmpty()) {
+        TCheckLook look = FTree->CheckLook(column.FCheckType, column.FCheckState, enabled);
+        look.Pressed = FMode == TMode::CheckPressed && FDownColumn == column.GetIndex() && FOverDown;
+        TCheckPainter(FTree->IsThemed()).Draw(dc, box, look);
+    }
+    const int sunk = pressed && !FTree->IsThemed() ? 1 : 0;
+    TRect sortMark;
+    const TRect text = CaptionRect(column, cell, &sortMark).Offset(sunk, sunk);
+    if (!sortMark.IsEmpty())
+        PaintSortMark(dc, sortMark.Offset(sunk, sunk));
     if (text.IsEmpty() || column.FText.empty())
         return;
     const TSelectedObject font(dc, FFont->GetHandle());
@@ -329,16 +375,11 @@ void TVTHeader::PaintCaption(HDC dc, const TRect& cell, const TVirtualTreeColumn
 }
 
 /// An arrow at the far end of the caption, which gives way to it.
-void TVTHeader::PaintSortMark(HDC dc, TRect& text) const {
-    if (text.Width() < kSortMark)
-        return;
-    const bool mirrored = FTree->UseRightToLeftAlignment();
-    const int left = mirrored ? text.Left : text.Right - kSortMark;
-    (mirrored ? text.Left : text.Right) += mirrored ? kSortMark + 2 : -kSortMark - 2;
-    const int middle = (text.Top + text.Bottom) / 2;
+void TVTHeader::PaintSortMark(HDC dc, const TRect& place) const {
+    const int middle = (place.Top + place.Bottom) / 2;
     const int base = FSortDirection == sdAscending ? middle + 2 : middle - 2;
     const int tip = FSortDirection == sdAscending ? middle - 2 : middle + 2;
-    const POINT corners[] = {{left, base}, {left + kSortMark, base}, {left + kSortMark / 2, tip}};
+    const POINT corners[] = {{place.Left, base}, {place.Right, base}, {(place.Left + place.Right) / 2, tip}};
     const TUniqueBrush brush(CreateSolidBrush(ColorToRGB(clBtnShadow)));
     const TSelectedObject selectedBrush(dc, brush.Get());
     const TSelectedObject selectedPen(dc, GetStockObject(NULL_PEN));

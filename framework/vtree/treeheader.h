@@ -239,6 +239,12 @@ public:
     TVTHeaderHitInfo HitTest(TPoint point) const;
     /// The divider of a column that can be dragged at this point; NoColumn for none.
     TColumnIndex DividerAt(TPoint point) const;
+    /// Pixels that a column needs to show its caption, box and sort mark whole.
+    int CaptionWidth(TColumnIndex column) const;
+    /// Whether the caption has a box and boxes show.
+    bool ShowsBox(TColumnIndex column) const;
+    /// What a click on the column does: on its box where it shows one, otherwise on the caption.
+    void ClickColumn(TColumnIndex column);
     /// The box of a column within its place.
     TRect CheckBoxRect(TColumnIndex column, const TRect& place) const;
     // What the tree passes on, points in client pixels.
@@ -267,12 +273,15 @@ private:
     /// Repaints, and with `places` lays the tree's columns out again.
     void Changed(bool places);
     void ColumnResized(TColumnIndex column);
+    void RenumberParts(const std::function<TColumnIndex(TColumnIndex)>& moved);
+    void ColumnAdded(int index);
     void ColumnDeleted(int index);
-    void IndicesMoved();
+    void ColumnMoved(int from, int to);
     void PaintColumn(HDC dc, const TRect& cell, TColumnIndex column);
     void PaintBackground(HDC dc, const TRect& cell, bool hot, bool pressed) const;
     void PaintCaption(HDC dc, const TRect& cell, const TVirtualTreeColumn& column, bool pressed) const;
-    void PaintSortMark(HDC dc, TRect& text) const;
+    TRect CaptionRect(const TVirtualTreeColumn& column, const TRect& cell, TRect* sortMark = nullptr) const;
+    void PaintSortMark(HDC dc, const TRect& place) const;
     void PaintDropMark(HDC dc, const TRect& place, int offset) const;
     bool DragTo(TPoint point);
     void Drop();

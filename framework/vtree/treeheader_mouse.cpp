@@ -177,6 +177,18 @@ void TVTHeader::ClickCheckBox(const TVTHeaderHitInfo& hit) {
         FTree->DoHeaderClick(hit);
 }
 
+void TVTHeader::ClickColumn(TColumnIndex column) {
+    TVTHeaderHitInfo hit;
+    hit.Column = column;
+    hit.HitPosition << hhiOnColumn;
+    if (!FColumns->GetColumn(column)->FOptions.Contains(coEnabled))
+        return;
+    if (!ShowsBox(column))
+        return Click(hit);
+    hit.HitPosition << hhiOnCheckbox;
+    ClickCheckBox(hit);
+}
+
 bool TVTHeader::DblClick(TPoint point) {
     if (!FTree->InHeader(point))
         return false;

@@ -4,6 +4,7 @@
 
 #include "framework/graphics/canvas.h"
 #include "framework/graphics/handles.h"
+#include "framework/windows/application.h"
 
 #include <algorithm>
 
@@ -125,7 +126,8 @@ TBaseVirtualTree::TBaseVirtualTree(TComponent* owner)
     : TCustomControl(owner), FStore(std::make_shared<TNodeStore>()),
       FOptions(std::make_unique<TVirtualTreeOptions>(this)), FColors(std::make_unique<TVTColors>(this)),
       FHeader(std::make_unique<TVTHeader>(this)), FTreeCanvas(std::make_shared<TCanvas>()), FFocusedNode(*FStore),
-      FRangeAnchor(*FStore), FHotNode(*FStore), FPressedBox(*FStore), FClickedNode(*FStore) {
+      FRangeAnchor(*FStore), FFocusHeir(*FStore), FHotNode(*FStore), FPressedBox(*FStore), FClickedNode(*FStore),
+      FUnsorted(*FStore) {
     FControlStyle << csOpaque;
     FControlStyle >> csSetCaption;
     SetParentColor(false);
@@ -136,6 +138,11 @@ TBaseVirtualTree::TBaseVirtualTree(TComponent* owner)
 
 TBaseVirtualTree::~TBaseVirtualTree() {
     Destroying();
+    try {
+        Clear(); // programs free in OnFreeNode what their nodes own
+    } catch (...) {
+        TheApplication().HandleException(this);
+    }
     DestroyHandle(); // while nodes and header are there: its last messages still ask for them
 }
 
@@ -237,11 +244,13 @@ void TBaseVirtualTree::EndUpdate() {
     if (FUpdateCount == 0 || --FUpdateCount > 0 || !std::exchange(FStructureChanged, false))
         return;
     TLifeGuard alive(*this);
+    FUnsorted.Set(nullptr);
     AutoSort();
     if (!alive)
         return;
     FLayoutDirty = false; // what was asked for meanwhile was not painted
     StructureChanged();
+    SettleFocus();
 }
 
 void TBaseVirtualTree::StructureChanged() {
@@ -274,6 +283,13 @@ void TBaseVirtualTree::SetChildCount(TVirtualNode* node, unsigned value) {
         return;
     CheckNotSorting();
     FStore->Append(parent, value - count, FDefaultNodeHeight);
+    NodesCame(parent);
+}
+
+/// With toAutoSort they find their places when the tree is laid out: until then the program fills them.
+void TBaseVirtualTree::NodesCame(TVirtualNode* parent) {
+    if (HasAuto(toAutoSort))
+        FUnsorted.Set(FUnsorted && FUnsorted.Get() != parent ? FStore->Root() : parent);
     StructureChanged();
 }
 
@@ -293,7 +309,7 @@ TVirtualNode* TBaseVirtualTree::InsertChild(TVirtualNode* parent, unsigned index
     if (!FStore->Contains(parent))
         throw EInvalidOperation(u"A node cannot be added to one that is being deleted");
     TVirtualNode* node = FStore->Insert(parent, index, FDefaultNodeHeight);
-    StructureChanged();
+    NodesCame(parent);
     return node;
 }
 
@@ -347,6 +363,13 @@ void TBaseVirtualTree::DeleteRange(TVirtualNode* parent, unsigned first, unsigne
     }
     const std::shared_ptr<TNodeStore> store = FStore; // handlers may free the tree
     const int selected = GetSelectedCount();
+    const auto goes = [&](const TVirtualNode* node) {
+        while (node && node->GetParent() != parent)
+            node = node->GetParent();
+        return node && node->GetIndex() - first < count;
+    };
+    const bool losesFocus = goes(FFocusedNode.Get()) || goes(FFocusHeir.Get());
+    const std::int64_t row = losesFocus ? TNodeStore::PlaceOf(TNodeStore::Child(parent, first), TNodeMeasure::Rows) : 0;
     TLifeGuard alive(*this);
     {
         ++FDeleteDepth;
@@ -355,14 +378,18 @@ void TBaseVirtualTree::DeleteRange(TVirtualNode* parent, unsigned first, unsigne
                 FStore->FreeDetached();
         });
         const TDetachedNodes& gone = store->Detach(parent, first, count);
+        if (losesFocus && !FRebuilding)
+            LeaveFocus(RowInPlaceOf(parent, row));
         StructureChanged();
         gone.VisitInitialized([&](TVirtualNode* node) {
             DoFreeNode(node);
             return static_cast<bool>(alive);
         });
     }
-    if (alive && !IsDestroying() && GetSelectedCount() < selected)
+    if (alive && !FRebuilding && !IsDestroying() && GetSelectedCount() < selected)
         DoChange(nullptr);
+    if (alive)
+        SettleFocus();
 }
 
 void TBaseVirtualTree::RunDeferredDeletes() {
@@ -412,6 +439,7 @@ bool TBaseVirtualTree::InitNode(TVirtualNode* node) {
     DoInitNode(parent == FStore->Root() ? nullptr : parent, node, states);
     if (!alive || !still)
         return false;
+    CheckLikeParent(node);
     if (!states.Empty())
         ApplyInitialStates(node, states);
     return alive && still && MeasureNode(node);
@@ -467,6 +495,8 @@ void TBaseVirtualTree::InitChildren(TVirtualNode* node) {
     if (some)
         SetChildCount(node, count);
     FStore->SetState(node, vsHasChildren, node->GetChildCount() > 0);
+    if (FUnsorted.Get() == node && FUpdateCount == 0)
+        SortNewNodes();
 }
 
 TVirtualNode* TBaseVirtualTree::Asked(TVirtualNode* node) {
@@ -742,6 +772,18 @@ void TBaseVirtualTree::SortTree(TColumnIndex column, TSortDirection direction, b
 void TBaseVirtualTree::AutoSort() {
     if (HasAuto(toAutoSort) && FHeader->GetSortColumn() > NoColumn && !IsLoading())
         SortTree(FHeader->GetSortColumn(), FHeader->GetSortDirection());
+}
+
+/// Puts nodes into their places that came since the tree was sorted.
+void TBaseVirtualTree::SortNewNodes() {
+    if (!FUnsorted || FSorting > 0 || IsLoading())
+        return;
+    TVirtualNode* parent = FUnsorted.Get();
+    FUnsorted.Set(nullptr);
+    if (parent == FStore->Root())
+        AutoSort();
+    else if (HasAuto(toAutoSort) && FHeader->GetSortColumn() > NoColumn)
+        Sort(parent, FHeader->GetSortColumn(), FHeader->GetSortDirection());
 }
 
 void TBaseVirtualTree::HeaderSortChanged(TVTHeader& header) {

@@ -422,12 +422,16 @@ protected:
     virtual String DoGetNodeHint(TVirtualNode* node, TColumnIndex column);
     /// 0 when the node's text begins with what was searched for, letter case aside.
     virtual int DoIncrementalSearch(TVirtualNode* node, const String& text);
+    /// False for a descendant whose DoIncrementalSearch knows nodes that were never asked for.
+    virtual bool SearchAsksForNodes() const { return true; }
 
     virtual void DoBeforeCellPaint(const TVTPaintInfo& info);
     virtual void DoAfterCellPaint(const TVTPaintInfo& info);
     virtual void DoChange(TVirtualNode* node);
     virtual bool DoChecking(TVirtualNode* node, TCheckState& newState);
     virtual void DoChecked(TVirtualNode* node);
+    /// The space key has checked the nodes that are selected with the focused one; DoChecked came for each.
+    virtual void DoCheckedSeveral() {}
     virtual bool DoExpanding(TVirtualNode* node);
     virtual void DoExpanded(TVirtualNode* node);
     virtual bool DoCollapsing(TVirtualNode* node);
@@ -480,7 +484,7 @@ protected:
     bool HasSelection(TVTSelectionOption option) const { return FOptions->GetSelectionOptions().Contains(option); }
     bool HasAuto(TVTAutoOption option) const { return FOptions->GetAutoOptions().Contains(option); }
     TNodeStore& Nodes() const { return *FStore; }
-    /// New nodes behind the last child of `parent` (null for the root), whose data `fill` knows already.
+    /// New nodes behind the last child of `parent` (null for the root), whose data and order `fill` knows already.
     void AddChildren(TVirtualNode* parent, unsigned count, const TNodeStore::TFill& fill);
     /// Orders the children of `parent` by a number that each has, the least first; equal ones keep their order. Nobody
     /// is asked, so this is for descendants that know the order.
@@ -488,6 +492,14 @@ protected:
     /// Sets a state without asking or telling anybody, and repaints the node.
     void PutCheckState(TVirtualNode* node, TCheckState state);
     bool IsUpdating() const { return FUpdateCount > 0; }
+    /// Whether DoChecked is called for a node beside the focused one, before DoCheckedSeveral.
+    bool IsCheckingSeveral() const { return FCheckingSeveral; }
+    /// While it is set, nobody is told that selection and focus go with deleted nodes: a descendant makes others that
+    /// stand for the same things, gives them both, and tells what has changed.
+    void SetRebuilding(bool value) { FRebuilding = value; }
+    bool IsRebuilding() const { return FRebuilding; }
+    /// Gives a node the focus without asking or telling anybody.
+    void PutFocus(TVirtualNode* node);
     /// Whether handlers paint into cells with the canvas, and may leave it in any state.
     bool HandlersPaint() const { return OnBeforeCellPaint || OnAfterCellPaint; }
     /// Whether the pointer lies on the node's row.
@@ -516,14 +528,19 @@ private:
     /// Whether nothing has to be asked about a node before it shows.
     bool IsReady(const TVirtualNode* node) const;
     bool MeasureNode(TVirtualNode* node);
+    void NodesCame(TVirtualNode* parent);
+    void SortNewNodes();
     void SortFamily(TVirtualNode* parent, TColumnIndex column, TSortDirection direction);
     void RunDeferredDeletes();
     void HeaderSortChanged(TVTHeader& header);
     void HeaderColumnResized(TVTHeader& header, TColumnIndex column);
     void HeaderFrameChanged(TVTHeader& header);
+    void HeaderRenumbered(TVTHeader& header, const std::function<TColumnIndex(TColumnIndex)>& moved);
     void OptionsChanged();
 
     // virtualtree_checks.cpp
+    bool AskForSiblings(TVirtualNode* node);
+    void CheckLikeParent(TVirtualNode* node);
     void CheckChildren(TVirtualNode* node, TCheckState state);
     void CheckParents(TVirtualNode* node);
     void CheckSiblings(TVirtualNode* node);
@@ -552,6 +569,11 @@ private:
     bool UnselectAll(const TVirtualNode* except);
     void SelectByUser(TVirtualNode* node, TShiftState shift, bool byKey);
     bool ChangeFocus(TVirtualNode* node, TColumnIndex column);
+    void BeginRange(TShiftState shift);
+    void LeaveFocus(TVirtualNode* heir);
+    void LeaveHiddenFocus();
+    TVirtualNode* RowInPlaceOf(const TVirtualNode* parent, std::int64_t row) const;
+    void SettleFocus();
     TColumnIndex ColumnToFocus(TColumnIndex column) const;
 
     // virtualtree_input.cpp
@@ -567,6 +589,7 @@ private:
     TVirtualNode* PageFrom(TVirtualNode* node, bool down);
     void CheckSelected();
     void SearchFor(char16_t letter);
+    bool SearchGoesOnWith(char16_t letter);
     TVirtualNode* FindText(TVirtualNode* from, const String& text);
     void HintShow(THintInfo& info);
     void SetHotNode(TVirtualNode* node);
@@ -599,9 +622,11 @@ private:
 
     TNodeRef FFocusedNode;
     TNodeRef FRangeAnchor; // where a selection of several begins
+    TNodeRef FFocusHeir;   // the node that gets the focus when it is known that the focused one has gone
     TNodeRef FHotNode;
     TNodeRef FPressedBox; // the node whose box the button is held on
     TNodeRef FClickedNode;
+    TNodeRef FUnsorted; // the node whose new children wait to be sorted, the root when there are several
     TColumnIndex FFocusedColumn = NoColumn;
 
     int FScrollX = 0;
@@ -615,6 +640,10 @@ private:
     int FSorting = 0;
     std::list<TNodeRef> FDeferredDeletes; // asked for while sorting
     bool FStructureChanged = false;       // while updating
+    bool FRebuilding = false;
+    bool FFocusLost = false; // and not told yet
+    bool FCheckingSeveral = false;
+    bool FKeyUsed = false; // the character of the key that is down means nothing more
     bool FLayoutDirty = false;
     bool FHeaderDirty = false; // painted with the next WM_PAINT, however often it changes until then
     bool FInLayout = false;

@@ -51,8 +51,9 @@ public:
         return given == count ? S_OK : S_FALSE;
     }
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
-        FNext = std::min(FNext + count, FNumbers.size());
-        return FNext < FNumbers.size() ? S_OK : S_FALSE;
+        const std::size_t left = FNumbers.size() - FNext;
+        FNext += std::min<std::size_t>(count, left);
+        return count <= left ? S_OK : S_FALSE;
     }
     HRESULT STDMETHODCALLTYPE Reset() override {
         FNext = 0;
@@ -89,7 +90,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
         return Say(child, name, [](TBaseVirtualTree& tree, const TPart& part) {
             if (part.Column)
-                return part.Column->GetText();
+                return ColumnName(tree, *part.Column);
             return part.Node ? Cells(tree, part.Node).Name : AccessibleName(tree);
         });
     }
@@ -105,6 +106,10 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) override {
         return Say(child, action, [](TBaseVirtualTree& tree, const TPart& part) -> String {
+            if (part.Column && tree.GetHeader()->ShowsBox(part.Column->GetIndex()))
+                return part.Column->GetCheckState() == csCheckedNormal ? u"Uncheck" : u"Check";
+            if (part.Column)
+                return tree.GetHeader()->GetOptions().Contains(hoHeaderClickAutoSort) ? u"Sort" : u"";
             if (!part.Node)
                 return {};
             if (tree.ShowsBox(part.Node))
@@ -116,9 +121,11 @@ public:
     }
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
         return WithPart(child, [](TBaseVirtualTree& tree, const TPart& part) {
-            if (!part.Node)
+            if (!part.Node && !part.Column)
                 return DISP_E_MEMBERNOTFOUND;
-            if (tree.ShowsBox(part.Node))
+            if (part.Column)
+                tree.GetHeader()->ClickColumn(part.Column->GetIndex());
+            else if (tree.ShowsBox(part.Node))
                 tree.ClickCheck(part.Node);
             else
                 tree.ToggleNode(part.Node);
@@ -298,6 +305,14 @@ private:
                         [&](TBaseVirtualTree& tree, const TPart& part) { return GiveText(say(tree, part), answer); });
     }
 
+    /// A column that has nothing but a box for all is named after the column behind it.
+    static String ColumnName(TBaseVirtualTree& tree, const TVirtualTreeColumn& column) {
+        const TVirtualTreeColumns& columns = *tree.GetHeader()->GetColumns();
+        const TColumnIndex next = columns.GetNextVisibleColumn(column.GetIndex());
+        if (!column.GetText().empty() || next == NoColumn || !tree.GetHeader()->ShowsBox(column.GetIndex()))
+            return column.GetText();
+        return columns.GetColumn(next)->GetText();
+    }
     static TCells Cells(TBaseVirtualTree& tree, TVirtualNode* node) {
         constexpr std::size_t kMost = 4000; // characters of one cell that anybody listens to
         TCells cells;
@@ -347,6 +362,9 @@ private:
     static void Select(TBaseVirtualTree& tree, TVirtualNode* node, long flags) {
         TLifeGuard alive(tree);
         const TNodeRef still(tree.Nodes(), node);
+        const bool extends = (flags & SELFLAG_EXTENDSELECTION) != 0 && tree.HasSelection(toMultiSelect);
+        if (extends)
+            tree.BeginRange({ssShift});
         if ((flags & SELFLAG_TAKEFOCUS) != 0) {
             if (tree.CanFocus() && !tree.Focused())
                 tree.SetFocus();
@@ -355,7 +373,9 @@ private:
         }
         if (!alive || !still)
             return;
-        if ((flags & SELFLAG_TAKESELECTION) != 0)
+        if (extends && tree.FRangeAnchor)
+            tree.SelectRange(tree.FRangeAnchor.Get(), node, (flags & SELFLAG_ADDSELECTION) != 0);
+        else if ((flags & SELFLAG_TAKESELECTION) != 0)
             tree.SelectSingle(node);
         else if ((flags & (SELFLAG_ADDSELECTION | SELFLAG_REMOVESELECTION)) != 0)
             tree.SetSelected(node, (flags & SELFLAG_ADDSELECTION) != 0);

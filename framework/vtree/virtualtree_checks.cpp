@@ -34,6 +34,9 @@ void TBaseVirtualTree::SetCheckState(TVirtualNode* node, TCheckState value) {
         return;
     TLifeGuard alive(*this);
     const TNodeRef still(*FStore, node);
+    const bool follows = HasAuto(toAutoTristateTracking) && node->GetCheckType() != ctRadioButton;
+    if (follows && (!AskForSiblings(node) || !alive || !still))
+        return;
     FStore->SetState(node, vsChecking, true);
     const bool allowed = DoChecking(node, value);
     if (!alive || !still)
@@ -44,7 +47,7 @@ void TBaseVirtualTree::SetCheckState(TVirtualNode* node, TCheckState value) {
     PutCheckState(node, value);
     if (node->GetCheckType() == ctRadioButton && value == csCheckedNormal)
         CheckSiblings(node);
-    if (HasAuto(toAutoTristateTracking) && node->GetCheckType() != ctRadioButton && value != csMixedNormal) {
+    if (follows && value != csMixedNormal) {
         CheckChildren(node, value);
         CheckParents(node);
     }
@@ -53,7 +56,34 @@ void TBaseVirtualTree::SetCheckState(TVirtualNode* node, TCheckState value) {
         TellNode(EVENT_OBJECT_STATECHANGE, node);
 }
 
-/// Children with boxes take the state of a tri-state box, those that have been made.
+/// Tri-state boxes above a node tell of all their children, so all of these have to be known; false when the tree died.
+bool TBaseVirtualTree::AskForSiblings(TVirtualNode* node) {
+    TLifeGuard alive(*this);
+    TNodeRef parent(*FStore, node->GetParent());
+    while (alive && parent && parent.Get()->GetCheckType() == ctTriStateCheckBox) {
+        TNodeRef child(*FStore, parent.Get()->GetFirstChild());
+        while (alive && child) {
+            InitNode(child.Get());
+            if (alive && child)
+                child.Set(child.Get()->GetNextSibling());
+        }
+        if (alive && parent)
+            parent.Set(parent.Get()->GetParent());
+    }
+    return static_cast<bool>(alive);
+}
+
+/// A box that shows late below a checked branch is checked, too.
+void TBaseVirtualTree::CheckLikeParent(TVirtualNode* node) {
+    const TVirtualNode* parent = node->GetParent();
+    const TCheckType type = node->GetCheckType();
+    if (HasAuto(toAutoTristateTracking) && parent->GetCheckType() == ctTriStateCheckBox &&
+        UnpressedState(parent->GetCheckState()) == csCheckedNormal &&
+        (type == ctTriStateCheckBox || type == ctCheckBox) && node->GetCheckState() == csUncheckedNormal)
+        TNodeStore::SetCheck(node, type, csCheckedNormal);
+}
+
+/// Children with boxes take the state of a tri-state box; those that have not been asked for, when they are.
 void TBaseVirtualTree::CheckChildren(TVirtualNode* node, TCheckState state) {
     if (node->GetCheckType() != ctTriStateCheckBox)
         return;

@@ -196,6 +196,8 @@ void TBaseVirtualTree::MouseDown(TMouseButton button, TShiftState shift, int x, 
     if (!onRow && !(hit.HitPositions.Contains(hiOnItemLabel) && IsMainColumn(hit.HitColumn)))
         return;
     const TNodeRef node(*FStore, hit.HitNode);
+    FSearchText.clear();
+    BeginRange(shift);
     if (!ChangeFocus(hit.HitNode, ColumnToFocus(hit.HitColumn)) || !node)
         return;
     if (button == mbLeft || !hit.HitNode->Has(vsSelected))
@@ -280,6 +282,7 @@ void TBaseVirtualTree::SetHotNode(TVirtualNode* node) {
 // Keys
 
 void TBaseVirtualTree::KeyDown(WORD& key, TShiftState shift) {
+    FKeyUsed = false;
     TLifeGuard alive(*this);
     TCustomControl::KeyDown(key, shift);
     if (!alive || key == 0 || shift.Contains(ssAlt))
@@ -289,12 +292,16 @@ void TBaseVirtualTree::KeyDown(WORD& key, TShiftState shift) {
         key = 0;
         return;
     }
-    if (key == VK_SPACE && !FSearchText.empty() &&
-        GetTickCount64() - FSearchTime <= static_cast<ULONGLONG>(FSearchTimeout))
-        return; // goes on with the search
+    const bool goesOn = key == VK_SPACE && !shift.Contains(ssCtrl) && SearchGoesOnWith(u' ');
+    if (!alive || goesOn)
+        return;
     const WORD pressed = key;
-    if ((NavigationKey(pressed, shift) || CommandKey(pressed, shift)) && alive)
-        key = 0;
+    if ((!NavigationKey(pressed, shift) && !CommandKey(pressed, shift)) || !alive)
+        return;
+    key = 0;
+    // The characters of these keys are on their way already.
+    FKeyUsed = pressed == VK_SPACE || pressed == VK_ADD || pressed == VK_SUBTRACT || pressed == VK_MULTIPLY;
+    FSearchText.clear();
 }
 
 TVirtualNode* TBaseVirtualTree::PageFrom(TVirtualNode* node, bool down) {
@@ -346,6 +353,7 @@ bool TBaseVirtualTree::NavigationKey(WORD key, TShiftState shift) {
         return key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT || ends;
     TLifeGuard alive(*this);
     const TNodeRef node(*FStore, to);
+    BeginRange(shift);
     if (!InitNode(to) || !ChangeFocus(to, ColumnToFocus(FFocusedColumn)) || !alive || !node)
         return true;
     if (!ends || !shift.Contains(ssCtrl) || shift.Contains(ssShift))
@@ -450,6 +458,11 @@ void TBaseVirtualTree::CheckSelected() {
     if (!alive || !focused || !focused.Get()->Has(vsSelected) || GetSelectedCount() < 2)
         return;
     const TCheckState state = focused.Get()->GetCheckState();
+    FCheckingSeveral = true;
+    const TAtScopeEnd checked(*this, [this] {
+        FCheckingSeveral = false;
+        DoCheckedSeveral();
+    });
     TNodeRef each(*FStore, GetFirstSelected());
     while (alive && each) {
         if (each.Get() != focused.Get() && ShowsBox(each.Get()) && each.Get()->GetCheckState() != state)
@@ -462,7 +475,11 @@ void TBaseVirtualTree::CheckSelected() {
 void TBaseVirtualTree::KeyPress(char16_t& key) {
     TLifeGuard alive(*this);
     TCustomControl::KeyPress(key);
-    if (!alive || key == 0 || FIncrementalSearch == isNone)
+    if (!alive)
+        return;
+    if (std::exchange(FKeyUsed, false))
+        key = 0;
+    if (key == 0 || FIncrementalSearch == isNone)
         return;
     if (key < u' ' && key != u'\b')
         return;
@@ -478,9 +495,20 @@ int TBaseVirtualTree::DoIncrementalSearch(TVirtualNode* node, const String& text
         Fire(*this, OnIncrementalSearch, this, node, text, result);
         return result;
     }
-    const TColumnIndex column = FHeader->GetColumns()->GetCount() == 0 ? NoColumn : ColumnToFocus(FFocusedColumn);
-    const String found = NodeText(node, column).substr(0, text.size());
-    return AnsiSameText(found, text) ? 0 : 1;
+    const TVirtualTreeColumns& columns = *FHeader->GetColumns();
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    String found = NodeText(node, columns.GetCount() == 0 ? NoColumn : ColumnToFocus(FFocusedColumn));
+    if (!HasSelection(toExtendedFocus)) {
+        // A main column may have nothing but boxes: then the row is searched by what it says first.
+        for (TColumnIndex column = NoColumn; alive && still && found.empty();) {
+            column = column == NoColumn ? columns.GetFirstVisibleColumn() : columns.GetNextVisibleColumn(column);
+            if (column == NoColumn)
+                break;
+            found = NodeText(node, column);
+        }
+    }
+    return AnsiSameText(found.substr(0, text.size()), text) ? 0 : 1;
 }
 
 TVirtualNode* TBaseVirtualTree::FindText(TVirtualNode* from, const String& text) {
@@ -489,14 +517,14 @@ TVirtualNode* TBaseVirtualTree::FindText(TVirtualNode* from, const String& text)
     TNodeRef start(*FStore, from ? from : FStore->First(order));
     TNodeRef node(*FStore, start.Get());
     while (alive && node) {
-        const bool there = InitNode(node.Get());
+        const bool there = !SearchAsksForNodes() || InitNode(node.Get());
         if (!alive || !there || !node)
             return nullptr;
         const bool found = DoIncrementalSearch(node.Get(), text) == 0;
         if (!alive || !node)
             return nullptr;
         if (found)
-            return node.Get();
+            return InitNode(node.Get()) ? node.Get() : nullptr;
         node.Set(FStore->Next(node.Get(), order));
         if (!node)
             node.Set(FStore->First(order));
@@ -504,6 +532,13 @@ TVirtualNode* TBaseVirtualTree::FindText(TVirtualNode* from, const String& text)
             return nullptr;
     }
     return nullptr;
+}
+
+/// Whether letters were typed just now, and some text goes on with this one.
+bool TBaseVirtualTree::SearchGoesOnWith(char16_t letter) {
+    if (FSearchText.empty() || GetTickCount64() - FSearchTime > static_cast<ULONGLONG>(FSearchTimeout))
+        return false;
+    return FindText(FFocusedNode.Get(), FSearchText + letter) != nullptr;
 }
 
 /// Letters typed shortly after one another make one text; the same letter again goes on to the next node with it.
@@ -529,8 +564,8 @@ void TBaseVirtualTree::SearchFor(char16_t letter) {
     if (!alive)
         return;
     if (!node) {
-        if (FSearchText.size() > 1)
-            FSearchText.pop_back();
+        if (!again)
+            FSearchText.pop_back(); // as if it had not been typed
         return;
     }
     const TNodeRef still(*FStore, node);
@@ -555,8 +590,7 @@ void TBaseVirtualTree::HintShow(THintInfo& info) {
             return;
         const TVirtualTreeColumn& found = *FHeader->GetColumns()->GetColumn(column);
         info.CursorRect = HeaderCellRect(column);
-        const int room = found.GetWidth() - 2 * found.GetMargin();
-        const bool cut = TTextMeasure(*FHeader->GetFont()).Extent(found.GetText()).Width > room;
+        const bool cut = FHeader->CaptionWidth(column) > found.GetWidth();
         info.HintStr = !found.GetHint().empty() ? found.GetHint() : cut ? found.GetText() : String();
         return;
     }

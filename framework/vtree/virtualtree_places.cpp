@@ -164,9 +164,11 @@ void TBaseVirtualTree::InvalidateNode(TVirtualNode* node) {
 }
 
 int TBaseVirtualTree::GetMaxColumnWidth(TColumnIndex column) {
-    EnsureLayout();
     TLifeGuard alive(*this);
-    int width = 0;
+    EnsureLayout();
+    if (!alive || !FHeader->GetColumns()->IsValidColumn(column))
+        return 0;
+    int width = FHeader->IsVisible() ? FHeader->CaptionWidth(column) : 0;
     std::int64_t top = 0;
     TNodeRef node(*FStore, FStore->NodeAt(FScrollY, TNodeMeasure::Height, &top));
     for (int y = static_cast<int>(top - FScrollY); node && y < GetClientHeight();) {
@@ -269,8 +271,12 @@ void TBaseVirtualTree::FrameChanged() {
 void TBaseVirtualTree::HeaderFrameChanged(TVTHeader& header) {
     if (&header == FHeader.get())
         FrameChanged();
-    else
-        HeaderChanged(header, true);
+    HeaderChanged(header, true);
+}
+
+void TBaseVirtualTree::HeaderRenumbered(TVTHeader& header, const std::function<TColumnIndex(TColumnIndex)>& moved) {
+    if (&header == FHeader.get())
+        FFocusedColumn = moved(FFocusedColumn);
 }
 
 void TBaseVirtualTree::HeaderChanged(TVTHeader& header, bool places) {

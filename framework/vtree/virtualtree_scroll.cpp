@@ -26,6 +26,12 @@ int TBaseVirtualTree::ContentWidth() const {
 void TBaseVirtualTree::EnsureLayout() {
     if (!FLayoutDirty || FInLayout || FUpdateCount > 0 || !HandleAllocated())
         return;
+    TLifeGuard alive(*this);
+    SortNewNodes();
+    if (alive)
+        LeaveHiddenFocus();
+    if (!alive)
+        return;
     FLayoutDirty = false;
     UpdateScrollBars();
 }

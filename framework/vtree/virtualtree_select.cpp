@@ -77,6 +77,12 @@ void TBaseVirtualTree::SelectRange(TVirtualNode* from, TVirtualNode* to, bool ad
     DoChange(from == to ? from : nullptr);
 }
 
+/// Before the focus moves: with Shift a selection extends from there, unless it began somewhere else.
+void TBaseVirtualTree::BeginRange(TShiftState shift) {
+    if (shift.Contains(ssShift) && (!FRangeAnchor || RowOf(FRangeAnchor.Get()) < 0))
+        FRangeAnchor.Set(FFocusedNode.Get());
+}
+
 /// Shift extends from where the selection began, Ctrl adds or takes away. Ctrl with a key only moves the focus.
 void TBaseVirtualTree::SelectByUser(TVirtualNode* node, TShiftState shift, bool byKey) {
     if (!HasSelection(toMultiSelect))
@@ -141,6 +147,56 @@ bool TBaseVirtualTree::ChangeFocus(TVirtualNode* node, TColumnIndex column) {
     if (alive)
         TellFocus();
     return alive && (!node || still);
+}
+
+void TBaseVirtualTree::PutFocus(TVirtualNode* node) {
+    InvalidateNode(FFocusedNode.Get());
+    FFocusedNode.Set(node);
+    InvalidateNode(node);
+}
+
+/// Takes the focus from a node that is about to go or that is hidden, and remembers the row that gets it.
+void TBaseVirtualTree::LeaveFocus(TVirtualNode* heir) {
+    FFocusedNode.Set(nullptr);
+    FFocusHeir.Set(heir);
+    FFocusLost = true;
+}
+
+/// The row that the focus moves to when children of `parent` have gone which began at this row: the next one among
+/// their siblings, otherwise the one before.
+TVirtualNode* TBaseVirtualTree::RowInPlaceOf(const TVirtualNode* parent, std::int64_t row) const {
+    TVirtualNode* next = FStore->NodeAt(row, TNodeMeasure::Rows);
+    return row > 0 && (!next || next->GetParent() != parent) ? FStore->NodeAt(row - 1, TNodeMeasure::Rows) : next;
+}
+
+/// Tells who has the focus now, once for any number of rows that went.
+void TBaseVirtualTree::SettleFocus() {
+    if (!FFocusLost || FUpdateCount > 0 || FDeleteDepth > 0)
+        return;
+    FFocusLost = false;
+    TVirtualNode* heir = FFocusHeir.Get();
+    FFocusHeir.Set(nullptr);
+    if (FFocusedNode || IsDestroying())
+        return; // a handler has given it to another one
+    PutFocus(heir);
+    TLifeGuard alive(*this);
+    DoFocusChange(heir, FFocusedColumn);
+    if (alive)
+        TellFocus();
+}
+
+/// Rows that were hidden one by one by a filter are left once, when the filter is through.
+void TBaseVirtualTree::LeaveHiddenFocus() {
+    TVirtualNode* focused = FFocusedNode.Get();
+    const auto hides = [](const TVirtualNode* node) { return !node->Has(vsVisible) || node->Has(vsFiltered); };
+    const TVirtualNode* node = focused;
+    while (node && node != FStore->Root() && !hides(node))
+        node = node->GetParent();
+    if (!node || node == FStore->Root())
+        return;
+    TVirtualNode* next = FStore->Next(focused, TNodeMeasure::Rows);
+    LeaveFocus(next ? next : FStore->Previous(focused, TNodeMeasure::Rows));
+    SettleFocus();
 }
 
 void TBaseVirtualTree::SetFocusedNode(TVirtualNode* value) {
