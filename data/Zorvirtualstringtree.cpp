@@ -1,6 +1,11 @@
 #include "data/Zorvirtualstringtree.h"
 
 #include "foundation/Zorpackage.h"
+#include "framework/system/casemapping.h"
+#include "framework/system/strings.h"
+#include "framework/windows/accessibility.h"
+#include "framework/windows/accessibleobject.h"
+#include "framework/windows/application.h"
 
 #include <algorithm>
 
@@ -37,7 +42,51 @@ std::string UserSortKey(StringView text) {
     return key;
 }
 
+/// Tells screen readers what the edit searches in.
+class TSearchEditObject final : public TAccessibleObject {
+public:
+    using TAccessibleObject::TAccessibleObject;
+
+    HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
+        const auto* tree = As<TZORVirtualStringTree>(OwnerOf(FindControl(Window())));
+        if (!name || !tree || child.vt != VT_I4 || child.lVal != CHILDID_SELF || tree->GetHeaderText().empty())
+            return System().get_accName(child, name);
+        return GiveText(tree->GetHeaderText(), name);
+    }
+
+private:
+    static TPersistent* OwnerOf(const TComponent* edit) { return edit ? edit->GetOwner() : nullptr; }
+};
+
 } // namespace
+
+/// The edit lies on the tree's parent and is the tree's: scaled, named and placed by it.
+class TZORVirtualStringTree::TSearchEdit : public TEdit {
+public:
+    explicit TSearchEdit(TZORVirtualStringTree* tree) : TEdit(tree), FTree(*tree) {}
+
+    void ChangeScale(int, int) override {} // by the parent: the tree does it
+    void ScaleWithTree(int m, int d) { TEdit::ChangeScale(m, d); }
+    void SetBounds(int left, int top, int width, int height) override {
+        const int before = GetHeight();
+        TEdit::SetBounds(left, top, width, height);
+        if (GetHeight() != before && FTree.FSearchEdit == this)
+            FTree.FrameChanged(); // another room between header and rows
+    }
+
+protected:
+    void Dispatch(TMessage& message) override {
+        if (message.Msg == WM_GETOBJECT && AccessibleName(*this).empty() &&
+            AnswerWithObject(FHandle, message, [](HWND window, IAccessible* system) -> TAccessibleObject* {
+                return new TSearchEditObject(window, system);
+            }))
+            return;
+        TEdit::Dispatch(message);
+    }
+
+private:
+    TZORVirtualStringTree& FTree;
+};
 
 const TClassInfo& TZORVirtualStringTree::StaticClass() {
     namespace row = framedrows;
@@ -52,7 +101,8 @@ const TClassInfo& TZORVirtualStringTree::StaticClass() {
 }
 
 TZORVirtualStringTree::TZORVirtualStringTree(TComponent* owner)
-    : TZORFramed(owner), FItems(&UserSortKey), FSearchEdit(new TEdit(this)) {
+    : TZORFramed(owner), FItems(&UserSortKey), FSearchEdit(new TSearchEdit(this)) {
+    FSearchEdit->SetFont(GetFont());
     FSearchEdit->SetVisible(false);
     FSearchEdit->OnChange = [this](TObject* sender) { SearchEditChange(sender); };
     FSearchEdit->OnKeyDown = [this](TObject*, WORD& key, TShiftState) { SearchEditKeyDown(key); };
@@ -60,6 +110,11 @@ TZORVirtualStringTree::TZORVirtualStringTree(TComponent* owner)
 
 TZORVirtualStringTree::~TZORVirtualStringTree() {
     Destroying();
+    try {
+        Clear(); // handlers may ask for texts
+    } catch (...) {
+        TheApplication().HandleException(this);
+    }
     DestroyHandle(); // while the items are there: a dying window may still be painted
 }
 
@@ -120,19 +175,34 @@ TCheckListOrder TZORVirtualStringTree::OrderBy(TColumnIndex column, TSortDirecti
     return down ? TCheckListOrder::ByTextDescending : TCheckListOrder::ByText;
 }
 
+void TZORVirtualStringTree::ClearDeque() {
+    FItems.Clear();
+    FItemsReplaced = true;
+}
+
 void TZORVirtualStringTree::SetCheckListBox() {
-    if (!FCheckBoxStyle)
-        return;
+    if (!FCheckBoxStyle || IsRebuilding())
+        return; // a handler of the nodes that go: the new ones are made from the items as it leaves them
     std::vector<std::uint32_t> selected;
     for (TVirtualNode* node = GetFirstSelected(); node; node = GetNextSelected(node))
         selected.push_back(static_cast<std::uint32_t>(ItemOf(node)));
-    const std::size_t focused = GetFocusedNode() ? ItemOf(GetFocusedNode()) : FItems.Count();
+    const bool hadFocus = GetFocusedNode() != nullptr;
+    std::size_t focused = hadFocus ? ItemOf(GetFocusedNode()) : FItems.Count();
     TLifeGuard alive(*this);
-    SetNodeDataSize(sizeof(TNodeItem));
-    if (alive)
-        Clear();
+    {
+        SetRebuilding(true);
+        const TAtScopeEnd rebuilt(*this, [this] { SetRebuilding(false); });
+        SetNodeDataSize(sizeof(TNodeItem));
+        if (alive)
+            Clear();
+    }
     if (!alive)
         return;
+    const std::size_t selectedBefore = selected.size();
+    if (std::exchange(FItemsReplaced, false)) {
+        selected.clear();
+        focused = FItems.Count();
+    }
     FItems.PrepareTexts(); // so that the first letter typed is as quick as the next ones
     const bool sorted = HasAuto(toAutoSort);
     const std::vector<std::uint32_t> shown =
@@ -140,6 +210,14 @@ void TZORVirtualStringTree::SetCheckListBox() {
     AddChildren(nullptr, static_cast<unsigned>(shown.size()),
                 [&](TVirtualNode* node, unsigned n) { GetNodeData<TNodeItem>(node)->Index = shown[n]; });
     RestoreSelection(selected, focused, shown);
+    UstawLabel();
+    const bool lostFocus = hadFocus && !GetFocusedNode();
+    if (static_cast<std::size_t>(GetSelectedCount()) < selectedBefore)
+        DoChange(nullptr);
+    if (alive && lostFocus && !GetFocusedNode())
+        DoFocusChange(nullptr, GetFocusedColumn());
+    if (alive && GetFocusedNode())
+        ScrollIntoView(GetFocusedNode(), false);
 }
 
 /// Items keep their selection and the focus as long as they show, whatever place they have now.
@@ -149,19 +227,15 @@ void TZORVirtualStringTree::RestoreSelection(const std::vector<std::uint32_t>& s
         return;
     std::vector<bool> wanted(FItems.Count() + 1);
     for (const std::uint32_t index : selected)
-        wanted[index] = true;
-    wanted.back() = false; // items that have gone
-    TVirtualNode* focus = nullptr;
+        wanted[std::min<std::size_t>(index, FItems.Count())] = true;
     TVirtualNode* node = GetRootNode()->GetFirstChild();
     for (const std::uint32_t index : shown) {
         if (wanted[index])
             Nodes().SetState(node, vsSelected, true);
         if (index == focused)
-            focus = node;
+            PutFocus(node);
         node = node->GetNextSibling();
     }
-    if (focus)
-        SetFocusedNode(focus);
 }
 
 void TZORVirtualStringTree::SortTree(TColumnIndex column, TSortDirection direction, bool doInit) {
@@ -211,11 +285,19 @@ void TZORVirtualStringTree::SearchEditKeyDown(WORD& key) {
     }
 }
 
+TEdit* TZORVirtualStringTree::GetSearchEdit() const {
+    return FSearchEdit;
+}
+
+int TZORVirtualStringTree::RoomBelowHeader() const {
+    return FSearchEditVisible && FSearchEdit ? FSearchEdit->GetHeight() + kSearchEditGap : 0;
+}
+
 void TZORVirtualStringTree::SetSearchEditVisible(bool value) {
     if (FSearchEditVisible == value)
         return;
     FSearchEditVisible = value;
-    FSearchEditHeight = value && FSearchEdit ? FSearchEdit->GetHeight() + kSearchEditGap : 0;
+    PlaceSearchEditInTabOrder();
     FrameChanged();
     SetPositionAdditionalComponents();
     if (FSearchEdit)
@@ -231,14 +313,41 @@ void TZORVirtualStringTree::SetPositionAdditionalComponents() {
         FSearchEdit->BringToFront(); // it lies over the room that the tree leaves
 }
 
+/// The Tab key comes to the edit before it comes to the rows.
+void TZORVirtualStringTree::PlaceSearchEditInTabOrder() {
+    if (!FSearchEdit || !GetParent() || FSearchEdit->GetParent() != GetParent() ||
+        GetParent()->GetComponentState().Contains(csLoading))
+        return;
+    const int edit = FSearchEdit->GetTabOrder();
+    const int tree = GetTabOrder();
+    if (edit != tree - 1)
+        FSearchEdit->SetTabOrder(edit < tree ? tree - 1 : tree);
+}
+
+void TZORVirtualStringTree::Loaded() {
+    TLifeGuard alive(*this);
+    TZORFramed::Loaded();
+    if (alive)
+        PlaceSearchEditInTabOrder();
+}
+
+void TZORVirtualStringTree::CMFontChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TZORFramed::CMFontChanged(message);
+    if (alive && FSearchEdit)
+        FSearchEdit->SetFont(GetFont());
+}
+
 void TZORVirtualStringTree::SetParent(TWinControl* value) {
     TLifeGuard alive(*this);
     TZORFramed::SetParent(value);
     if (!alive || !FSearchEdit)
         return;
     FSearchEdit->SetParent(value);
-    if (alive)
-        SetPositionAdditionalComponents();
+    if (!alive)
+        return;
+    PlaceSearchEditInTabOrder();
+    SetPositionAdditionalComponents();
 }
 
 void TZORVirtualStringTree::SetBounds(int left, int top, int width, int height) {
@@ -265,18 +374,17 @@ void TZORVirtualStringTree::CMVisibleChanged(TMessage& message) {
 void TZORVirtualStringTree::ChangeScale(int m, int d) {
     TLifeGuard alive(*this);
     if (FSearchEdit)
-        FSearchEdit->ChangeScale(m, d);
+        FSearchEdit->ScaleWithTree(m, d);
     TZORFramed::ChangeScale(m, d);
     if (!alive || !FSearchEditVisible)
         return;
-    FSearchEditHeight = FSearchEdit->GetHeight() + kSearchEditGap;
     FrameChanged();
     SetPositionAdditionalComponents();
 }
 
 void TZORVirtualStringTree::HeaderChanged(TVTHeader& header, bool places) {
     TZORFramed::HeaderChanged(header, places);
-    if (&header == GetHeader() && FSearchEditVisible)
+    if (places && &header == GetHeader() && FSearchEditVisible)
         SetPositionAdditionalComponents();
 }
 
@@ -367,13 +475,27 @@ void TZORVirtualStringTree::DoChecked(TVirtualNode* node) {
         const TNodeRef still(Nodes(), node);
         if (const std::size_t item = ItemOf(node); item < FItems.Count())
             FItems.SetState(item, node->GetCheckState());
-        SetFocusedNode(node);
-        if (alive)
-            UstawLabel();
+        if (!IsCheckingSeveral()) {
+            SetFocusedNode(node);
+            if (alive)
+                UstawLabel();
+        }
         if (!alive || !still)
             return;
     }
     TZORFramed::DoChecked(node);
+}
+
+void TZORVirtualStringTree::DoCheckedSeveral() {
+    if (FCheckBoxStyle)
+        UstawLabel();
+}
+
+int TZORVirtualStringTree::DoIncrementalSearch(TVirtualNode* node, const String& text) {
+    const std::size_t item = ItemOf(node);
+    if (SearchAsksForNodes() || item == FItems.Count())
+        return TZORFramed::DoIncrementalSearch(node, text);
+    return FItems.BeginsWith(item, AnsiLowerCase(text)) ? 0 : 1;
 }
 
 int TZORVirtualStringTree::DoCompare(TVirtualNode* node1, TVirtualNode* node2, TColumnIndex column) {

@@ -28,10 +28,13 @@ public:
 
     // The items. SetCheckListBox shows what was added or removed.
     void AddToDeque(int id, const String& text) { FItems.Add(id, text); }
-    void ClearDeque() { FItems.Clear(); }
+    void ClearDeque();
     std::size_t GetDequeCount() const { return FItems.Count(); }
+    /// With `visible` as it is now.
     const sCheckListBox& GetDequeItem(std::size_t index) const { return FItems.Item(index); }
-    /// Makes the nodes anew from the visible items; those that were selected or had the focus still do.
+    /// Makes the nodes anew from the visible items, and brings box and caption of the header up to date. What was
+    /// selected or had the focus still does, as long as it shows and ClearDeque did not take it; OnChange and
+    /// OnFocusChanged come at the end when it does not.
     void SetCheckListBox();
 
     /// Check-list mode. Turning it on sets the tree up, columns included; turning it off leaves all as it is.
@@ -51,7 +54,7 @@ public:
     bool GetSearchEditVisible() const { return FSearchEditVisible; }
     void SetSearchEditVisible(bool value);
     /// The edit above the rows. It belongs to this control and lies on the same parent.
-    TEdit* GetSearchEdit() const { return FSearchEdit; }
+    TEdit* GetSearchEdit() const;
     void SearchEditChange(TObject* sender);
     /// Whether the caption counts what is checked, as in "Cities: 3/10".
     void SetInfoLabelVisible(bool value);
@@ -72,9 +75,14 @@ protected:
     void DoInitNode(TVirtualNode* parent, TVirtualNode* node, TVirtualNodeInitStates& initialStates) override;
     void DoGetText(TVirtualNode* node, TColumnIndex column, TVSTTextType textType, String& text) override;
     void DoChecked(TVirtualNode* node) override;
+    void DoCheckedSeveral() override;
+    int DoIncrementalSearch(TVirtualNode* node, const String& text) override;
+    bool SearchAsksForNodes() const override { return !FCheckBoxStyle || OnIncrementalSearch; }
+    void CMFontChanged(TMessage& message) override;
+    void Loaded() override;
     int DoCompare(TVirtualNode* node1, TVirtualNode* node2, TColumnIndex column) override;
     void DoHeaderClick(const TVTHeaderHitInfo& hitInfo) override;
-    int RoomBelowHeader() const override { return FSearchEditHeight; }
+    int RoomBelowHeader() const override;
     void HeaderChanged(TVTHeader& header, bool places) override;
     void CMVisibleChanged(TMessage& message) override;
     void Notification(TComponent* component, TOperation operation) override;
@@ -93,17 +101,19 @@ private:
     TCheckListOrder OrderBy(TColumnIndex column, TSortDirection direction) const;
     void RestoreSelection(const std::vector<std::uint32_t>& selected, std::size_t focused,
                           const std::vector<std::uint32_t>& shown);
+    void PlaceSearchEditInTabOrder();
     void TellChecked(const std::vector<std::uint32_t>& changed);
     void SearchEditKeyDown(WORD& key);
 
     TCheckList FItems;
-    TEdit* FSearchEdit = nullptr;
-    int FSearchEditHeight = 0; // pixels between header and rows; 0 while it does not show
+    class TSearchEdit;
+    TSearchEdit* FSearchEdit = nullptr;
     String FHeaderText;
     bool FCheckBoxStyle = false;
     bool FSearchEditVisible = false;
     bool FInfoLabelVisible = false;
     bool FHeaderClicked = false;
+    bool FItemsReplaced = false; // the numbers that nodes have are those of items that went
 };
 
 namespace Zorvirtualstringtree {

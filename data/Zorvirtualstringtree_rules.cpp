@@ -58,7 +58,7 @@ std::size_t FindPart(StringView text, StringView part, std::size_t from) {
 
 void TCheckList::Add(int id, const String& text) {
     const auto index = static_cast<std::uint32_t>(FItems.size());
-    FItems.push_back({id, text, csUncheckedNormal});
+    FItems.push_back({id, text, csUncheckedNormal, true});
     FVisible.push_back(1);
     FMatches.push_back(index);
     FRanks.clear();
@@ -74,6 +74,12 @@ void TCheckList::Clear() {
     FByRank = {};
     FChecked = 0;
     FVisibleChecked = 0;
+}
+
+const sCheckListBox& TCheckList::Item(std::size_t index) const {
+    sCheckListBox& item = FItems[index];
+    item.visible = IsVisible(index); // a phrase would otherwise write to a million items
+    return item;
 }
 
 bool TCheckList::SetState(std::size_t index, TCheckState state) {
@@ -117,6 +123,11 @@ void TCheckList::PrepareTexts() {
     std::for_each(FItems.begin() + static_cast<std::ptrdiff_t>(known), FItems.end(),
                   [this](const sCheckListBox& item) { FLowerTexts += item.text; });
     LowerCaseInPlace(FLowerTexts.data() + length, FLowerTexts.size() - length);
+}
+
+bool TCheckList::BeginsWith(std::size_t index, StringView lowerText) {
+    PrepareTexts();
+    return LowerText(index).substr(0, lowerText.size()) == lowerText;
 }
 
 bool TCheckList::SetPhrase(const String& phrase) {

@@ -19,6 +19,7 @@ struct sCheckListBox { // NOLINT(readability-identifier-naming): a documented na
     int id = 0;        ///< the program's key of the item
     String text;
     TCheckState state = csUncheckedNormal;
+    bool visible = true; ///< it matches the phrase that there was when the item was asked for
 
     bool IsChecked() const { return state > csUncheckedPressed; }
 };
@@ -42,7 +43,7 @@ public:
     void Add(int id, const String& text);
     void Clear();
     std::size_t Count() const { return FItems.size(); }
-    const sCheckListBox& Item(std::size_t index) const { return FItems[index]; }
+    const sCheckListBox& Item(std::size_t index) const;
     bool IsVisible(std::size_t index) const { return FVisible[index] != 0; }
     /// False when the item had the state already.
     bool SetState(std::size_t index, TCheckState state);
@@ -65,6 +66,8 @@ public:
     /// The caption with what is checked of all, as in "Cities: 3/10".
     String Caption(const String& text, bool withCounts) const;
 
+    /// Whether the item's text begins with a text that is in lower case, letter case of the item aside.
+    bool BeginsWith(std::size_t index, StringView lowerText);
     /// The numbers of the visible items in the order in which they show.
     std::vector<std::uint32_t> Shown(TCheckListOrder order);
     /// The place of an item among all, by text: equal texts have equal numbers.
@@ -81,7 +84,7 @@ private:
     StringView LowerText(std::size_t index) const;
 
     TSortKey FSortKey;
-    std::deque<sCheckListBox> FItems;
+    mutable std::deque<sCheckListBox> FItems; // what they tell of being visible is filled in when they are asked for
     String FPhrase;
     String FLowerPhrase;
     std::vector<std::uint8_t> FVisible;

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <oleacc.h>
+
 using namespace ZOR;
 using namespace testsupport;
 
@@ -50,6 +52,10 @@ protected:
         PressMouse(Tree->ClientToScreen(point));
         ReleaseMouse();
         Application->ProcessMessages();
+    }
+    void Choose(int row) {
+        Tree->FocusedNode = Tree->NodeOfRow(row);
+        Tree->Selected[Tree->FocusedNode] = true;
     }
     /// The check states of the items in the order in which they were added.
     String States() {
@@ -165,6 +171,154 @@ TEST_F(CheckListTest, FramesItsStateAndServesAsPlainTree) {
         tree.Wymagany = wError;
         tree.Update();
     });
+}
+
+TEST_F(CheckListTest, LettersFindAndSpaceChecks) {
+    int asked = 0;
+    Tree->OnInitNode = [&](auto...) { ++asked; };
+    for (int i = 0; i < 1000; ++i)
+        Tree->AddToDeque(100 + i, u"Zz" + IntToStr(i));
+    Tree->SetCheckListBox();
+    Tree->IncrementalSearch = isVisibleOnly;
+    Tree->FocusedNode = Tree->NodeOfRow(0);
+    Tree->SetFocus();
+    Tree->Update();
+    for (const WORD key : {VK_SPACE, VK_DOWN, VK_SPACE})
+        PressKey(key);
+    EXPECT_EQ(States().substr(0, 8), u"---xx---") << "the second space is no letter of a search";
+    TypeText(u"qKR");
+    EXPECT_EQ(Tree->NodeText(Tree->FocusedNode, 1), u"Krak\u00F3w") << "q finds nothing and is forgotten";
+    PressKey(VK_SPACE);
+    EXPECT_EQ(States().substr(0, 8), u"-x-xx---") << "no text goes on with a blank";
+    EXPECT_LT(asked, 100) << "a search asks for no nodes";
+}
+
+TEST_F(CheckListTest, ReloadedListsBeginAnew) {
+    ClickHeader(0, true);
+    EXPECT_EQ(Column(0).CheckState, csCheckedNormal);
+    Choose(2);
+    String told;
+    Tree->OnChange = [&](TBaseVirtualTree*, TVirtualNode*) { told += u"change "; };
+    Tree->OnFocusChanged = [&](TBaseVirtualTree*, TVirtualNode* node, TColumnIndex) {
+        told += node ? u"focus " : u"none ";
+    };
+    Tree->ClearDeque();
+    for (int i = 0; i < 5; ++i)
+        Tree->AddToDeque(i, u"new " + IntToStr(i));
+    Tree->SetCheckListBox();
+    EXPECT_EQ(Tree->SelectedCount, 0) << "what was selected has gone";
+    EXPECT_EQ(Tree->FocusedNode, nullptr);
+    EXPECT_EQ(told, u"change none ");
+    EXPECT_EQ(Column(0).CheckState, csUncheckedNormal);
+    EXPECT_EQ(Column(1).Text, u"Cities: 0/5");
+    Tree->ClearDeque();
+    Tree->SetCheckListBox();
+    EXPECT_EQ(Column(1).Text, u"Cities: 0/0");
+}
+
+TEST_F(CheckListTest, APhraseTellsOnlyWhatItChanges) {
+    Tree->TreeOptions->SelectionOptions = Tree->TreeOptions->SelectionOptions + TVTSelectionOptions{toMultiSelect};
+    for (const int row : {2, 4}) // Krakow, Legnica
+        Choose(row);
+    String told;
+    Tree->OnChange = [&](TBaseVirtualTree*, TVirtualNode*) { told += IntToStr(Tree->SelectedCount) + u" "; };
+    Tree->OnFocusChanged = [&](TBaseVirtualTree*, TVirtualNode* node, TColumnIndex) {
+        told += node ? u"focus " : u"none ";
+    };
+    struct TStep {
+        const char16_t* Phrase;
+        const char16_t* Told;
+    };
+    for (const TStep& step : {TStep{u"k", u"1 none "}, TStep{u"kr", u""}, TStep{u"", u""}, TStep{u"Wa", u"0 "}}) {
+        told.clear();
+        Tree->SetFraza(step.Phrase);
+        EXPECT_EQ(told, step.Told) << "phrase " << Tree->GetCheckListBox_FrazaVisibleCount();
+        EXPECT_EQ(Tree->GetDequeItem(1).visible, Tree->GetFraza() != u"Wa") << "Krakow";
+    }
+    // A handler that makes the list anew finds one list, not two.
+    Tree->SetFraza(u"");
+    Choose(0);
+    Tree->Update();
+    Tree->OnChange = [&](TBaseVirtualTree*, TVirtualNode*) { Tree->SetCheckListBox(); };
+    Tree->OnFreeNode = [&](TBaseVirtualTree*, TVirtualNode*) { Tree->SetFraza(u"l"); };
+    Tree->SetFraza(u"lub");
+    EXPECT_EQ(Rows(), (std::vector<String>{u"Legnica", u"Lublin"}));
+}
+
+TEST_F(CheckListTest, SpaceOnSeveralRowsStaysWhereItIs) {
+    Tree->TreeOptions->SelectionOptions = Tree->TreeOptions->SelectionOptions + TVTSelectionOptions{toMultiSelect};
+    Tree->FocusedNode = Tree->NodeOfRow(1);
+    Tree->SetFocus();
+    PressKey('A', {ssCtrl});
+    int focused = 0;
+    Tree->OnFocusChanged = [&](auto...) { ++focused; };
+    PressKey(VK_SPACE);
+    EXPECT_EQ(States(), u"xxxxxxxx");
+    EXPECT_EQ(Tree->FocusedNode, Tree->NodeOfRow(1));
+    EXPECT_EQ(focused, 0);
+    EXPECT_EQ(Column(1).Text, u"Cities: 8/8");
+}
+
+TEST_F(CheckListTest, TheSearchEditStaysInItsPlace) {
+    TEdit before(Form.get());
+    before.Parent = Form.get();
+    before.TabOrder = 0;
+    Tree->SearchEditVisible = true;
+    TEdit& edit = *Tree->SearchEdit;
+    const auto fits = [&](const char* when) {
+        Application->ProcessMessages();
+        Tree->Update();
+        EXPECT_EQ(edit.Left, Tree->Left + 1) << when;
+        EXPECT_EQ(edit.Width, Tree->Width - 2) << when;
+        EXPECT_EQ(edit.Top, Tree->Top + Tree->Header->Height + 2) << when;
+        EXPECT_LE(edit.ClientToScreen({0, edit.ClientHeight}).Y, Tree->ClientToScreen({0, 0}).Y) << when;
+        EXPECT_GE(edit.ClientToScreen({0, edit.ClientHeight}).Y + 8, Tree->ClientToScreen({0, 0}).Y) << when;
+    };
+    fits("at first");
+    Tree->Header->Height = 40;
+    fits("a higher header");
+    Tree->Font->Size = 20;
+    fits("the tree's own font");
+    EXPECT_EQ(edit.Font->Size, 20);
+    Form->ChangeScale(3, 2);
+    fits("a scaled form");
+    before.SetFocus();
+    PressKey(VK_TAB);
+    EXPECT_TRUE(edit.Focused());
+    PressKey(VK_TAB);
+    EXPECT_TRUE(Tree->Focused());
+
+    // What a screen reader is told: the edit's name, the box for all and its action.
+    const auto object = [](HWND window) {
+        void* found = nullptr;
+        AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &found);
+        return static_cast<IAccessible*>(found);
+    };
+    const auto said = [](IAccessible* from, HRESULT (STDMETHODCALLTYPE IAccessible::*ask)(VARIANT, BSTR*), LONG child) {
+        VARIANT number{};
+        number.vt = VT_I4;
+        number.lVal = child;
+        BSTR answer = nullptr;
+        (from->*ask)(number, &answer);
+        const String text = FromWide(answer);
+        SysFreeString(answer);
+        return text;
+    };
+    IAccessible* found = object(edit.Handle);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(said(found, &IAccessible::get_accName, CHILDID_SELF), u"Cities");
+    found->Release();
+    found = object(Tree->Handle);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(said(found, &IAccessible::get_accName, 1), u"Cities: 0/8");
+    EXPECT_EQ(said(found, &IAccessible::get_accDefaultAction, 1), u"Check");
+    EXPECT_EQ(said(found, &IAccessible::get_accDefaultAction, 2), u"Sort");
+    VARIANT box{};
+    box.vt = VT_I4;
+    box.lVal = 1;
+    EXPECT_EQ(found->accDoDefaultAction(box), S_OK);
+    EXPECT_EQ(States(), u"xxxxxxxx");
+    found->Release();
 }
 
 } // namespace
