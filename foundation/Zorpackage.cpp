@@ -11,6 +11,7 @@
 #include "controls/Zorrichedit.h"
 #include "controls/Zorscrollbox.h"
 #include "data/Zoradodataset.h"
+#include "data/Zordbgrid.h"
 #include "data/Zorvirtualstringtree.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
@@ -32,6 +33,7 @@ void RegisterPackage() {
     Zorcomboboxnew::Register();
     Zordatetimepicker::Register();
     Zordatetimepickeredit::Register();
+    Zordbgrid::Register();
     Zoredit::Register();
     Zorfloatedit::Register();
     Zorlistbox::Register();

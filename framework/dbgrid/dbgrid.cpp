@@ -1,4 +1,11 @@
+// The data grid: what it publishes, and how it follows its dataset. Painting, input and editing have files of their
+// own.
+
 #include "framework/dbgrid/dbgrid.h"
+#include "framework/dbgrid/griddatalink.h"
+#include "framework/dbgrid/inplaceedit.h"
+#include "framework/dbgrid/picklistwindow.h"
+#include "framework/graphics/textmetrics.h"
 
 #include <algorithm>
 
@@ -7,6 +14,9 @@ namespace framework {
 namespace {
 
 constexpr TSize kInitialSize{320, 120};
+constexpr int kIndicatorWidth = 15; // pixels
+constexpr int kRowAir = 4;          // pixels above and below a line of text, together
+constexpr int kTitleAir = 8;
 
 } // namespace
 
@@ -31,61 +41,62 @@ const TClassInfo& TCustomDBGrid::StaticClass() {
 }
 
 const TClassInfo& TDBGrid::StaticClass() {
-    namespace row = controlrows;
-    using G = TCustomDBGrid;
-    static const TClassInfo info = DescribeClass<TDBGrid>(
-        u"TDBGrid", TCustomDBGrid::StaticClass(),
-        {row::Align(),
-         row::Anchors(),
-         row::BiDiMode(),
-         row::Color(clWindow),
-         Property<&G::GetColumns, &G::SetColumns>(u"Columns"),
-         row::Constraints(),
-         row::Ctl3D(),
-         Property<&G::GetDataSource, &G::SetDataSource>(u"DataSource"),
-         row::DoubleBuffered(),
-         Property<&G::GetDrawingStyle, &G::SetDrawingStyle>(u"DrawingStyle", gdsThemed),
-         row::Enabled(),
-         Property<&G::GetFixedColor, &G::SetFixedColor>(u"FixedColor", clBtnFace).Named(ColorIdentifiers()),
-         Property<&G::GetGradientEndColor, &G::SetGradientEndColor>(u"GradientEndColor", clBtnFace)
-             .Named(ColorIdentifiers()),
-         Property<&G::GetGradientStartColor, &G::SetGradientStartColor>(u"GradientStartColor", clWhite)
-             .Named(ColorIdentifiers()),
-         row::Font(),
-         Property<&G::GetOptions, &G::SetOptions>(u"Options", DefaultDBGridOptions),
-         row::ParentLinks(false),
-         Property<&G::GetReadOnly, &G::SetReadOnly>(u"ReadOnly", false),
-         row::ShowHint(),
-         row::TabOrder(),
-         row::TabStop(true),
-         Property<&G::GetTitleFont, &G::SetTitleFont>(u"TitleFont").StoredWhen<&G::TitleFontStored>(),
-         row::Visible(),
-         row::InputEvents()});
+    static const TClassInfo info =
+        DescribeClass<TDBGrid>(u"TDBGrid", TCustomDBGrid::StaticClass(), {dbgridrows::All()});
     return info;
 }
 
-// The link
-
-class TGridDataLink final : public TDataLink {
-public:
-    explicit TGridDataLink(TCustomDBGrid& grid) : FGrid(grid) {}
-
-protected:
-    void ActiveChanged() override { FGrid.ActiveChanged(); }
-    void LayoutChanged() override { FGrid.LayoutChanged(); }
-
-private:
-    TCustomDBGrid& FGrid;
-};
+TPropRows dbgridrows::All() {
+    namespace row = controlrows;
+    using G = TCustomDBGrid;
+    return {row::Align(),
+            row::Anchors(),
+            row::BiDiMode(),
+            row::ControlBorder(Property<&G::GetBorderStyle, &G::SetBorderStyle>(u"BorderStyle", bsSingle)),
+            row::Color(clWindow),
+            Property<&G::GetColumns, &G::SetColumns>(u"Columns").StoredWhen<&G::ColumnsStored>(),
+            row::Constraints(),
+            row::Ctl3D(),
+            Property<&G::GetDataSource, &G::SetDataSource>(u"DataSource"),
+            Property<&G::GetDefaultDrawing, &G::SetDefaultDrawing>(u"DefaultDrawing", true),
+            row::DoubleBuffered(),
+            Property<&G::GetDrawingStyle, &G::SetDrawingStyle>(u"DrawingStyle", gdsThemed),
+            row::Enabled(),
+            Property<&G::GetFixedColor, &G::SetFixedColor>(u"FixedColor", clBtnFace).Named(ColorIdentifiers()),
+            Property<&G::GetGradientEndColor, &G::SetGradientEndColor>(u"GradientEndColor", clBtnFace)
+                .Named(ColorIdentifiers()),
+            Property<&G::GetGradientStartColor, &G::SetGradientStartColor>(u"GradientStartColor", clWhite)
+                .Named(ColorIdentifiers()),
+            row::Font(),
+            Property<&G::GetOptions, &G::SetOptions>(u"Options", DefaultDBGridOptions),
+            row::ParentLinks(false),
+            Property<&G::GetReadOnly, &G::SetReadOnly>(u"ReadOnly", false),
+            row::ShowHint(),
+            row::TabOrder(),
+            row::TabStop(true),
+            Property<&G::GetTitleFont, &G::SetTitleFont>(u"TitleFont").StoredWhen<&G::TitleFontStored>(),
+            row::Visible(),
+            Event<&G::OnCellClick>(u"OnCellClick"),
+            Event<&G::OnColEnter>(u"OnColEnter"),
+            Event<&G::OnColExit>(u"OnColExit"),
+            Event<&G::OnColumnMoved>(u"OnColumnMoved"),
+            Event<&G::OnDrawDataCell>(u"OnDrawDataCell"),
+            Event<&G::OnDrawColumnCell>(u"OnDrawColumnCell"),
+            row::OnDblClick(),
+            Event<&G::OnEditButtonClick>(u"OnEditButtonClick"),
+            row::FocusEvents(),
+            row::KeyEvents(),
+            row::MouseEvents(),
+            row::OnMouseWheel(),
+            Event<&G::OnTitleClick>(u"OnTitleClick")};
+}
 
 // The grid
 
 TCustomDBGrid::TCustomDBGrid(TComponent* owner)
-    : TCustomControl(owner), FColumns(std::make_unique<TDBGridColumns>(this)),
+    : TCustomGrid(owner), FColumns(std::make_unique<TDBGridColumns>(this)),
       FDataLink(std::make_unique<TGridDataLink>(*this)), FTitleFont([this] { LayoutChanged(); }) {
     SetBounds(0, 0, kInitialSize.Width, kInitialSize.Height);
-    SetParentColor(false);
-    SetTabStop(true);
 }
 
 TCustomDBGrid::~TCustomDBGrid() {
@@ -93,15 +104,24 @@ TCustomDBGrid::~TCustomDBGrid() {
     FDataLink.reset();
 }
 
+void TCustomDBGrid::CreateWnd() {
+    TLifeGuard alive(*this);
+    TCustomGrid::CreateWnd();
+    if (alive)
+        LayoutChanged();
+}
+
 void TCustomDBGrid::Loaded() {
-    TCustomControl::Loaded();
+    TCustomGrid::Loaded();
     LayoutChanged();
 }
 
 void TCustomDBGrid::Notification(TComponent* component, TOperation operation) {
-    TCustomControl::Notification(component, operation);
+    TCustomGrid::Notification(component, operation);
     if (operation != opRemove || IsDestroying())
         return;
+    if (component == FListWindow)
+        FListWindow = nullptr;
     if (const auto* field = As<TField>(component))
         FColumns->ForgetField(field);
     else if (FDataLink && component == GetDataSource())
@@ -129,30 +149,176 @@ bool TCustomDBGrid::IsDataActive() const {
     return FDataLink && FDataLink->GetActive();
 }
 
-void TCustomDBGrid::ActiveChanged() {
-    LayoutChanged();
+TDataLink& TCustomDBGrid::GetDataLink() const {
+    return *FDataLink;
 }
 
-void TCustomDBGrid::LayoutChanged() {
-    if (IsLoading() || IsDestroying())
-        return;
-    FColumns->FollowFields();
-    FSelectedIndex = std::clamp(FSelectedIndex, 0, std::max(FColumns->GetCount() - 1, 0));
-    Invalidate();
+TColumn* TCustomDBGrid::ColumnOfCell(int cell) const {
+    const int index = cell - IndicatorOffset();
+    return index >= 0 && index < FColumns->GetCount() ? FColumns->GetColumn(index) : nullptr;
 }
+
+int TCustomDBGrid::GetShownRowCount() const {
+    return Geometry().RowCount - TitleOffset();
+}
+
+// What the columns and the link tell
 
 void TCustomDBGrid::ColumnsChanged(TColumn*) {
     LayoutChanged();
 }
 
 void TCustomDBGrid::ColumnLeaves(int index) {
+    if (index == FSelectedIndex)
+        HideEditor();
     if (index < FSelectedIndex)
         --FSelectedIndex;
 }
 
+void TCustomDBGrid::ActiveChanged() {
+    TLifeGuard alive(*this);
+    HideEditor();
+    if (!alive)
+        return;
+    FSelectedRows.Clear();
+    FSelectionAnchor = {};
+    LayoutChanged();
+}
+
+void TCustomDBGrid::LayoutChanged() {
+    if (IsLoading() || IsDestroying() || !FDataLink)
+        return;
+    FColumns->FollowFields();
+    FSelectedIndex = std::clamp(FSelectedIndex, 0, std::max(FColumns->GetCount() - 1, 0));
+    if (!HandleAllocated())
+        return;
+    MeasureRows();
+    SetGridLines({FOptions.Contains(dgColLines), FOptions.Contains(dgRowLines)});
+    std::vector<TColumnExtent> extents;
+    if (IndicatorOffset() > 0)
+        extents.push_back({kIndicatorWidth, true});
+    for (int i = 0; i < FColumns->GetCount(); ++i) {
+        const TColumn& column = *FColumns->GetColumn(i);
+        extents.push_back({column.GetWidth(), column.GetVisible()});
+    }
+    TLifeGuard alive(*this);
+    SetGeometry(std::move(extents), IndicatorOffset(), TitleOffset(), FTitleHeight, FRowHeight);
+    if (alive)
+        VisibleRowsChanged();
+    if (alive)
+        RefreshEditor();
+}
+
+void TCustomDBGrid::MeasureRows() {
+    int text = TTextMeasure(*GetFont()).LineHeight();
+    int title = TTextMeasure(*GetTitleFont()).LineHeight();
+    for (int i = 0; i < FColumns->GetCount(); ++i) {
+        const TColumn& column = *FColumns->GetColumn(i);
+        if (column.IsFontStored())
+            text = std::max(text, TTextMeasure(*column.GetFont()).LineHeight());
+        if (column.GetTitle()->IsFontStored())
+            title = std::max(title, TTextMeasure(*column.GetTitle()->GetFont()).LineHeight());
+    }
+    FRowHeight = text + kRowAir + (FOptions.Contains(dgRowLines) ? 1 : 0);
+    FTitleHeight = title + kTitleAir;
+}
+
+void TCustomDBGrid::VisibleRowsChanged() {
+    if (!HandleAllocated() || !FDataLink)
+        return;
+    TLifeGuard alive(*this);
+    FDataLink->SetBufferCount(Geometry().VisibleRows());
+    if (!alive)
+        return;
+    UpdateRows();
+    if (alive)
+        Invalidate();
+}
+
+/// As many rows as the link sees; one to type into where there are none.
+void TCustomDBGrid::UpdateRows() {
+    if (!HandleAllocated())
+        return;
+    const int records = IsDataActive() ? std::max(FDataLink->GetRecordCount(), 1) : 0;
+    SetRowCount(TitleOffset() + records);
+    SetFocusCell(records > 0 && FColumns->GetCount() > 0
+                     ? TGridCoord{FSelectedIndex + IndicatorOffset(), TitleOffset() + FDataLink->GetActiveRecord()}
+                     : TGridCoord{});
+    UpdateScrollBar();
+    PlaceEditor();
+}
+
+void TCustomDBGrid::DataChanged() {
+    if (!HandleAllocated())
+        return;
+    TLifeGuard alive(*this);
+    // What was entered has been stored or given up, unless the record is still being edited.
+    const bool inserting = FDataLink->GetEditing() && GetDataSet()->GetState() == dsInsert;
+    if (!FDataLink->GetEditing() || inserting != FWasInsert)
+        HideEditor();
+    FWasInsert = inserting;
+    if (!alive)
+        return;
+    UpdateRows();
+    if (!alive)
+        return;
+    Invalidate();
+    RefreshEditor();
+    if (alive)
+        ShowEditorAgain();
+}
+
+void TCustomDBGrid::DataScrolled(int rows) {
+    if (!HandleAllocated())
+        return;
+    TLifeGuard alive(*this);
+    HideEditor();
+    if (!alive)
+        return;
+    if (rows != 0) {
+        Update(); // what is moved has to be there
+        if (!alive || !IsDataActive())
+            return;
+        InvalidateRow(FocusCell().Y);
+        ScrollRowsBy(rows);
+    }
+    UpdateRows();
+    if (!alive)
+        return;
+    InvalidateRow(FocusCell().Y);
+    ShowEditorAgain();
+}
+
+void TCustomDBGrid::RecordChanged(TField* field) {
+    if (!HandleAllocated())
+        return;
+    for (int i = 0; field && i < FColumns->GetCount(); ++i) {
+        if (FColumns->GetColumn(i)->GetField() == field)
+            InvalidateCell(i + IndicatorOffset(), FocusCell().Y);
+    }
+    if (!field)
+        InvalidateRow(FocusCell().Y);
+    if (!field || field == GetSelectedField())
+        RefreshEditor();
+}
+
+void TCustomDBGrid::EditingChanged() {
+    InvalidateCell(0, FocusCell().Y);
+}
+
+void TCustomDBGrid::FocusField(TField* field) {
+    const TColumn* column = FColumns->FindField(field);
+    if (!column || !column->GetVisible() || !CanFocus())
+        return;
+    TLifeGuard alive(*this);
+    SetSelectedIndex(column->GetIndex());
+    if (alive && CanFocus() && !Focused())
+        SetFocus();
+}
+
 void TCustomDBGrid::CMFontChanged(TMessage& message) {
     TLifeGuard alive(*this);
-    TCustomControl::CMFontChanged(message);
+    TCustomGrid::CMFontChanged(message);
     if (alive)
         LayoutChanged();
 }
@@ -163,10 +329,17 @@ void TCustomDBGrid::ChangeScale(int m, int d) {
             FColumns->GetColumn(i)->Scale(m, d);
         FTitleFont.Scale(m, d);
     }
-    TCustomControl::ChangeScale(m, d);
+    TCustomGrid::ChangeScale(m, d);
 }
 
 // Properties
+
+void TCustomDBGrid::SetDefaultDrawing(bool value) {
+    if (FDefaultDrawing == value)
+        return;
+    FDefaultDrawing = value;
+    Invalidate();
+}
 
 void TCustomDBGrid::SetDrawingStyle(TGridDrawingStyle value) {
     if (FDrawingStyle == value)
@@ -199,15 +372,29 @@ void TCustomDBGrid::SetGradientStartColor(TColor value) {
 void TCustomDBGrid::SetOptions(TDBGridOptions value) {
     if (FOptions == value)
         return;
+    TLifeGuard alive(*this);
+    SetEditorMode(false);
+    if (!alive)
+        return;
     FOptions = value;
+    if (!value.Contains(dgMultiSelect))
+        FSelectedRows.Clear();
     LayoutChanged();
+    if (alive)
+        ShowEditorAgain();
 }
 
 void TCustomDBGrid::SetReadOnly(bool value) {
     if (FReadOnly == value)
         return;
+    TLifeGuard alive(*this);
+    SetEditorMode(false);
+    if (!alive)
+        return;
     FReadOnly = value;
-    LayoutChanged();
+    FDataLink->SetReadOnly(value);
+    if (alive)
+        LayoutChanged();
 }
 
 TField* TCustomDBGrid::GetSelectedField() const {
@@ -220,8 +407,7 @@ void TCustomDBGrid::SetSelectedField(TField* value) {
 }
 
 void TCustomDBGrid::SetSelectedIndex(int value) {
-    FSelectedIndex = std::clamp(value, 0, std::max(FColumns->GetCount() - 1, 0));
-    Invalidate();
+    GoToColumn(std::clamp(value, 0, std::max(FColumns->GetCount() - 1, 0)));
 }
 
 void RegisterDBGrid() {

@@ -4,8 +4,11 @@
 // moves through the records, edits them in place, adds and deletes, and sizes and moves the columns.
 
 #include "framework/db/datalinks.h"
+#include "framework/dbgrid/bookmarklist.h"
 #include "framework/dbgrid/dbgridcolumns.h"
-#include "framework/windows/wincontrol.h"
+#include "framework/dbgrid/grids.h"
+#include "framework/graphics/canvas.h"
+#include "framework/graphics/checkmarks.h"
 
 namespace framework {
 
@@ -47,13 +50,23 @@ inline constexpr int kDefaultColumnWidth = 64;
 inline constexpr int kCellMargin = 3;
 
 class TGridDataLink;
+class TPickListWindow;
 
-class TCustomDBGrid : public TCustomControl {
+using TDBGridClickEvent = std::function<void(TColumn* Column)>;
+using TMovedEvent = std::function<void(TObject* Sender, int FromIndex, int ToIndex)>;
+/// The canvas of the grid has the font and the brush of the cell; while it is called the fields read the cell's record.
+using TDrawColumnCellEvent =
+    std::function<void(TObject* Sender, const TRect& Rect, int DataCol, TColumn* Column, TGridDrawState State)>;
+using TDrawDataCellEvent = std::function<void(TObject* Sender, const TRect& Rect, TField* Field, TGridDrawState State)>;
+
+class TCustomDBGrid : public TCustomGrid {
     FRAMEWORK_CLASS(TCustomDBGrid)
 
 public:
+    FRAMEWORK_READ_PROPERTY(TCanvas*, Canvas, GetCanvas);
     FRAMEWORK_PROPERTY(TDBGridColumns*, Columns, GetColumns, SetColumns);
     FRAMEWORK_PROPERTY(TDataSource*, DataSource, GetDataSource, SetDataSource);
+    FRAMEWORK_PROPERTY(bool, DefaultDrawing, GetDefaultDrawing, SetDefaultDrawing);
     FRAMEWORK_PROPERTY(TGridDrawingStyle, DrawingStyle, GetDrawingStyle, SetDrawingStyle);
     FRAMEWORK_READ_PROPERTY(int, FieldCount, GetFieldCount);
     FRAMEWORK_READ_PROPERTY(TField*, Fields[], GetFields);
@@ -64,11 +77,29 @@ public:
     FRAMEWORK_PROPERTY(bool, ReadOnly, GetReadOnly, SetReadOnly);
     FRAMEWORK_PROPERTY(TField*, SelectedField, GetSelectedField, SetSelectedField);
     FRAMEWORK_PROPERTY(int, SelectedIndex, GetSelectedIndex, SetSelectedIndex);
+    FRAMEWORK_READ_PROPERTY(TBookmarkList&, SelectedRows, GetSelectedRows);
     FRAMEWORK_PROPERTY(TFont*, TitleFont, GetTitleFont, SetTitleFont);
+
+    /// A cell was clicked with the left button.
+    TDBGridClickEvent OnCellClick;
+    /// Another column has the focus now, or is about to.
+    TNotifyEvent OnColEnter;
+    TNotifyEvent OnColExit;
+    /// A person dragged a column. The places are counted from 1, as if the indicator were a column.
+    TMovedEvent OnColumnMoved;
+    /// After the cell was painted, with DefaultDrawing; otherwise it takes the place of that.
+    TDrawColumnCellEvent OnDrawColumnCell;
+    /// The same before, for grids whose columns were not customized.
+    TDrawDataCellEvent OnDrawDataCell;
+    /// The button of a column with cbsEllipsis was clicked, or Ctrl+Enter pressed.
+    TNotifyEvent OnEditButtonClick;
+    TDBGridClickEvent OnTitleClick;
 
     explicit TCustomDBGrid(TComponent* owner);
     ~TCustomDBGrid() override;
 
+    /// Only while something is being painted.
+    using TCustomGrid::GetCanvas;
     TDBGridColumns* GetColumns() const { return FColumns.get(); }
     void SetColumns(TDBGridColumns* value) { FColumns->Assign(value); }
     TDataSource* GetDataSource() const;
@@ -77,6 +108,9 @@ public:
     TDataSet* GetDataSet() const;
     /// The data source is enabled and its dataset open.
     bool IsDataActive() const;
+    /// Whether cells are painted before OnDrawColumnCell is called.
+    bool GetDefaultDrawing() const { return FDefaultDrawing; }
+    void SetDefaultDrawing(bool value);
     TGridDrawingStyle GetDrawingStyle() const { return FDrawingStyle; }
     void SetDrawingStyle(TGridDrawingStyle value);
     /// As many as there are columns.
@@ -105,36 +139,177 @@ public:
     TFont* GetTitleFont() const { return FTitleFont.Get(GetFont()); }
     void SetTitleFont(TFont* value) { GetTitleFont()->Assign(value); }
     bool TitleFontStored() const { return FTitleFont.IsAssigned(); }
+    bool ColumnsStored() const { return FColumns->IsCustomized(); }
+
+    /// With dgMultiSelect, the records that are selected.
+    TBookmarkList& GetSelectedRows() { return FSelectedRows; }
+
+    /// Paints a cell as the grid would, with the canvas's font and brush as they are: for handlers of OnDrawColumnCell.
+    void DefaultDrawColumnCell(const TRect& rect, int dataCol, TColumn* column, TGridDrawState state);
+    void DefaultDrawDataCell(const TRect& rect, TField* field, TGridDrawState state);
+    /// Pixels, the line below included.
+    int GetDefaultRowHeight() const { return FRowHeight; }
+    /// The place of a cell of a column in the client area, by the row on the screen from 0, titles aside.
+    TRect DataCellRect(int column, int row) const { return CellRect(column + IndicatorOffset(), row + TitleOffset()); }
+    /// How many records show.
+    int GetShownRowCount() const;
+    /// The place of a title.
+    TRect TitleRect(int column) const { return CellRect(column + IndicatorOffset(), 0); }
+    /// Whether the list of the column's choices is open.
+    bool GetListVisible() const;
 
     void ChangeScale(int m, int d) override;
 
 protected:
+    void CreateWnd() override;
+    void Dispatch(TMessage& message) override;
     void Loaded() override;
     void Notification(TComponent* component, TOperation operation) override;
     void CMFontChanged(TMessage& message) override;
+    void CMExit(TMessage& message) override;
+    void KeyDown(WORD& key, TShiftState shift) override;
+    void KeyPress(char16_t& key) override;
+    void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
+    void MouseUp(TMouseButton button, TShiftState shift, int x, int y) override;
+    bool DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) override;
+
+    void DrawCell(int column, int row, const TRect& rect, TGridDrawState state) override;
+    void DrawTitleRest(const TRect& rect) override;
+    TGridDrawState StateOf(TGridCoord cell) const override;
+    bool CanResizeColumns() const override { return FOptions.Contains(dgColumnResize); }
+    bool CanHotTrack() const override { return FOptions.Contains(dgTitleHotTrack) && GetEnabled(); }
+    bool CanPressTitles() const override { return FOptions.Contains(dgTitleClick) && IsDataActive(); }
+    void ColumnResized(int column, int width) override;
+    void ColumnDragged(int from, int to) override;
+    void TitleClick(int column) override;
+    void VisibleRowsChanged() override;
+    void UpdateScrollBar() override;
+    void VerticalScroll(int code) override;
+    bool CanEditShow() const override;
+    bool CanEditModify() override;
+    bool CanEditAccept(char16_t unit) const override;
+    void PrepareEditor(TInplaceEdit& editor) override;
+    void StoreEditor() override;
+    int EditorTextHeight() const override;
+    int EditorRoomForButton() const override;
 
     /// The columns, their widths or what they show have changed: brings everything into line.
     virtual void LayoutChanged();
+    /// Asks whether the active record, or all selected ones, may be deleted.
+    virtual bool ConfirmDelete(bool selectedOnes);
+    virtual void ColEnter();
+    virtual void ColExit();
+    virtual void CellClick(TColumn* column);
+    virtual void EditButtonClick();
+
+    /// 1 with the indicator column, else 0: what cells have to be counted on by to get from columns to their numbers.
+    int IndicatorOffset() const { return FOptions.Contains(dgIndicator) ? 1 : 0; }
+    int TitleOffset() const { return FOptions.Contains(dgTitles) ? 1 : 0; }
+    /// The column of a cell's number; null for the indicator and outside.
+    TColumn* ColumnOfCell(int cell) const;
+    TDataLink& GetDataLink() const;
 
 private:
+    friend class TBookmarkList;
+    friend class TDBGridAccessible;
     friend class TDBGridColumns;
     friend class TGridDataLink;
+    friend class TPickListWindow;
 
+    /// Looks that last as long as the theme.
+    struct TLooks {
+        TCheckPainter Boxes;
+        TThemeHandle Header;
+        TThemeHandle Arrow;
+        TThemeHandle Button;
+    };
+    /// While it lives, the fields read the record of a row.
+    class TRowScope;
+
+    // What the link and the columns tell
     void ColumnsChanged(TColumn* column);
     void ColumnLeaves(int index);
     void ActiveChanged();
+    void DataChanged();
+    void DataScrolled(int rows);
+    void RecordChanged(TField* field);
+    void EditingChanged();
+    void FocusField(TField* field);
+
+    void MeasureRows();
+    void UpdateRows();
+    void ShowEditorAgain();
+
+    // Painting
+    TLooks& Looks();
+    void DrawIndicator(int row, const TRect& rect);
+    void DrawTitle(TColumn* column, const TRect& rect, TGridDrawState state);
+    void DrawFixedBackground(const TRect& rect, TGridDrawState state, const TColumn* column);
+    void DrawDataCell(TColumn* column, int row, const TRect& rect, TGridDrawState state);
+    void WriteText(const TRect& rect, const String& text, TAlignment alignment);
+    void DrawBox(const TRect& rect, TField* field);
+    void DrawCellButton(const TColumn& column, const TRect& rect);
+    bool ShowsBox(const TColumn& column) const;
+
+    // Keys and the mouse
+    bool HandleKey(WORD key, TShiftState shift);
+    bool HandleControlKey(WORD key);
+    bool TabKey(bool forward);
+    bool CanLeaveByTab(bool forward) const;
+    void CancelEditing();
+    void GoToColumn(int index);
+    bool StepColumn(int step);
+    void GoToEndColumn(bool last);
+    void NextRow(bool select);
+    void PriorRow(bool select);
+    void MoveRows(int distance);
+    void InsertRecord();
+    void DeleteRecord();
+    bool CanChangeRecords() const;
+    void ClickDataCell(TGridCoord cell, TShiftState shift);
+    /// A record was begun, and nothing has been entered into it.
+    bool IsUntouchedInsert() const;
+    void SelectByClick(TShiftState shift, int rowsMoved);
+    void SelectWhileMoving(bool select, const std::function<void()>& move);
+    bool WantsKey(WORD key) const;
+
+    // Editing
+    bool CanEditColumn(const TColumn& column) const;
+    void ToggleBox();
+    void RefreshEditor();
+    bool HasButton(const TColumn& column) const;
+    TRect ButtonRect() const;
+    void OpenList();
+    void CloseList(bool accept);
+    void StepList(int distance);
+    bool ListKey(WORD key, TShiftState shift);
 
     std::unique_ptr<TDBGridColumns> FColumns;
     std::unique_ptr<TGridDataLink> FDataLink;
+    std::unique_ptr<TLooks> FLooks;
     mutable TFollowingFont FTitleFont;
+    TBookmarkList FSelectedRows{*this};
+    TBookmark FSelectionAnchor;             // where Shift began to select
+    TPickListWindow* FListWindow = nullptr; // made when it is first needed; this component owns it
+    TGridCoord FPressedCell;
     int FSelectedIndex = 0;
+    int FRowHeight = 17;
+    int FTitleHeight = 17;
     TColor FFixedColor = clBtnFace;
     TColor FGradientStartColor = clWhite;
     TColor FGradientEndColor = clBtnFace;
     TDBGridOptions FOptions = DefaultDBGridOptions;
     TGridDrawingStyle FDrawingStyle = gdsThemed;
     bool FReadOnly = false;
+    bool FDefaultDrawing = true;
+    bool FButtonPressed = false;
+    bool FWasInsert = false;
 };
+
+/// The rows that data grids publish, for their own tables.
+namespace dbgridrows {
+TPropRows All();
+} // namespace dbgridrows
 
 class TDBGrid : public TCustomDBGrid {
     FRAMEWORK_CLASS(TDBGrid)

@@ -1,0 +1,104 @@
+#include "framework/dbgrid/bookmarklist.h"
+
+#include "framework/dbgrid/dbgrid.h"
+#include "framework/system/exceptions.h"
+#include "framework/system/numbers.h"
+
+#include <algorithm>
+
+namespace framework {
+
+const TBookmark& TBookmarkList::GetItem(int index) const {
+    if (index < 0 || index >= GetCount())
+        throw EListError(u"List index out of bounds (" + IntToStr(index) + u")");
+    return FItems[static_cast<std::size_t>(index)];
+}
+
+TDataSet* TBookmarkList::DataSet() const {
+    return FGrid.IsDataActive() ? FGrid.GetDataSet() : nullptr;
+}
+
+bool TBookmarkList::Find(const TBookmark& bookmark, int& index) const {
+    TDataSet* dataSet = DataSet();
+    const auto place =
+        std::lower_bound(FItems.begin(), FItems.end(), bookmark, [&](const TBookmark& left, const TBookmark& right) {
+            return dataSet && dataSet->CompareBookmarks(left, right) < 0;
+        });
+    index = static_cast<int>(place - FItems.begin());
+    return dataSet && place != FItems.end() && dataSet->CompareBookmarks(*place, bookmark) == 0;
+}
+
+int TBookmarkList::IndexOf(const TBookmark& bookmark) const {
+    int index = -1;
+    return Find(bookmark, index) ? index : -1;
+}
+
+bool TBookmarkList::GetCurrentRowSelected() const {
+    if (FItems.empty() || !DataSet())
+        return false;
+    const TBookmark current = DataSet()->GetBookmark();
+    return !current.IsEmpty() && IndexOf(current) >= 0;
+}
+
+void TBookmarkList::SetCurrentRowSelected(bool value) {
+    if (!DataSet())
+        return;
+    const TBookmark current = DataSet()->GetBookmark();
+    int index = 0;
+    if (current.IsEmpty() || Find(current, index) == value)
+        return;
+    if (value)
+        FItems.insert(FItems.begin() + index, current);
+    else
+        FItems.erase(FItems.begin() + index);
+    FGrid.InvalidateRow(FGrid.FocusCell().Y);
+}
+
+void TBookmarkList::Clear() {
+    if (FItems.empty())
+        return;
+    FItems.clear();
+    Changed();
+}
+
+void TBookmarkList::Delete() {
+    TDataSet* dataSet = DataSet();
+    if (!dataSet || FItems.empty())
+        return;
+    const TLifeGuard alive(FGrid);
+    const TLifeGuard dataAlive(*dataSet);
+    dataSet->DisableControls();
+    try {
+        // From the end, so that those that are still to come keep their places.
+        while (alive && dataAlive && dataSet->GetActive() && !FItems.empty()) {
+            const TBookmark last = FItems.back();
+            FItems.pop_back();
+            if (!dataSet->BookmarkValid(last))
+                continue;
+            dataSet->GotoBookmark(last);
+            if (dataAlive && dataSet->GetActive())
+                dataSet->Delete();
+        }
+    } catch (...) {
+        if (dataAlive)
+            dataSet->EnableControls();
+        throw;
+    }
+    if (dataAlive)
+        dataSet->EnableControls();
+}
+
+bool TBookmarkList::Refresh() {
+    TDataSet* dataSet = DataSet();
+    const auto gone =
+        std::erase_if(FItems, [&](const TBookmark& each) { return !dataSet || !dataSet->BookmarkValid(each); });
+    if (gone > 0)
+        Changed();
+    return gone > 0;
+}
+
+void TBookmarkList::Changed() {
+    FGrid.Invalidate();
+}
+
+} // namespace framework

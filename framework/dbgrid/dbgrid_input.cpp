@@ -1,0 +1,640 @@
+// What a person does to a data grid by keys, mouse, wheel and scroll bars.
+
+#include "framework/dbgrid/dbgrid.h"
+#include "framework/dbgrid/griddatalink.h"
+#include "framework/dbgrid/inplaceedit.h"
+#include "framework/windows/application.h"
+#include "framework/windows/clipboard.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace framework {
+
+namespace {
+
+constexpr char16_t kCopy = 3;   // Ctrl+C
+constexpr char16_t kPaste = 22; // Ctrl+V
+constexpr char16_t kLineFeed = 10;
+constexpr char16_t kReturn = 13;
+
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+} // namespace
+
+// Messages
+
+void TCustomDBGrid::Dispatch(TMessage& message) {
+    TLifeGuard alive(*this);
+    switch (message.Msg) {
+    case WM_GETDLGCODE:
+        message.Result = DLGC_WANTARROWS | DLGC_WANTCHARS;
+        return;
+    case CM_WANTSPECIALKEY:
+        message.Result = WantsKey(static_cast<WORD>(message.WParam)) ? 1 : 0;
+        return;
+    case WM_THEMECHANGED:
+    case WM_SYSCOLORCHANGE:
+        FLooks.reset();
+        break;
+    case CM_GOTFOCUS:
+        TCustomGrid::Dispatch(message);
+        if (alive)
+            ShowEditorAgain();
+        return;
+    default:
+        break;
+    }
+    TCustomGrid::Dispatch(message);
+}
+
+/// The keys that the form would otherwise take for itself.
+bool TCustomDBGrid::WantsKey(WORD key) const {
+    switch (key) {
+    case VK_TAB:
+        return FOptions.Contains(dgTabs) && !IsDown(VK_CONTROL) && !IsDown(VK_MENU) && IsDataActive() &&
+               !CanLeaveByTab(!IsDown(VK_SHIFT));
+    case VK_RETURN:
+        return GetListVisible() || GetEditorMode() || CanEditShow();
+    case VK_ESCAPE:
+        return GetListVisible() || GetEditorMode() || IsDragging() || FDataLink->GetEditing();
+    default:
+        return false;
+    }
+}
+
+/// At the ends Tab goes on to the next control, unless it begins another record there.
+bool TCustomDBGrid::CanLeaveByTab(bool forward) const {
+    const int last = Geometry().NextColumn(FocusCell().X, forward ? 1 : -1);
+    const bool atEdge = last < 0 || FOptions.Contains(dgRowSelect);
+    if (!atEdge)
+        return false;
+    TDataSet& dataSet = *GetDataSet();
+    if (!forward)
+        return dataSet.GetRecNo() <= 1 && !FDataLink->GetEditing();
+    const int count = dataSet.GetRecordCount();
+    const bool onLast = count >= 0 ? dataSet.GetRecNo() >= count || dataSet.IsEmpty() : dataSet.GetEof();
+    return IsUntouchedInsert() || (!CanChangeRecords() && onLast);
+}
+
+void TCustomDBGrid::CMExit(TMessage& message) {
+    TLifeGuard alive(*this);
+    CloseList(false);
+    if (!alive)
+        return;
+    try {
+        if (FDataLink->GetActive()) {
+            TDataSet& dataSet = *GetDataSet();
+            const bool untouched = IsUntouchedInsert();
+            if (untouched && FOptions.Contains(dgCancelOnExit))
+                dataSet.Cancel();
+            else
+                StoreEditor();
+        }
+    } catch (...) {
+        // Back to the cell before the message is shown: it waits to be put right.
+        if (alive && GetEditorMode() && GetInplaceEditor()->CanFocus())
+            GetInplaceEditor()->SetFocus();
+        throw;
+    }
+    if (!alive)
+        return;
+    HideEditor();
+    if (alive)
+        TCustomGrid::CMExit(message);
+}
+
+// Columns
+
+void TCustomDBGrid::GoToColumn(int index) {
+    if (index == FSelectedIndex || index < 0 || index >= FColumns->GetCount())
+        return;
+    if (!HandleAllocated()) {
+        FSelectedIndex = index;
+        return;
+    }
+    TLifeGuard alive(*this);
+    CloseList(false);
+    if (alive)
+        StoreEditor();
+    if (alive)
+        HideEditor();
+    if (alive)
+        ColExit();
+    if (!alive || index >= FColumns->GetCount())
+        return;
+    FSelectedIndex = index;
+    UpdateRows();
+    ShowColumn(index + IndicatorOffset());
+    ColEnter();
+    if (alive)
+        ShowEditorAgain();
+}
+
+void TCustomDBGrid::ColEnter() {
+    Fire(*this, OnColEnter, this);
+}
+
+void TCustomDBGrid::ColExit() {
+    Fire(*this, OnColExit, this);
+}
+
+bool TCustomDBGrid::StepColumn(int step) {
+    const int cell = Geometry().NextColumn(FSelectedIndex + IndicatorOffset(), step);
+    if (cell < 0)
+        return false;
+    GoToColumn(cell - IndicatorOffset());
+    return true;
+}
+
+void TCustomDBGrid::GoToEndColumn(bool last) {
+    const int from = last ? Geometry().ColumnCount() : IndicatorOffset() - 1;
+    const int cell = Geometry().NextColumn(from, last ? -1 : 1);
+    if (cell >= 0)
+        GoToColumn(cell - IndicatorOffset());
+}
+
+// Records
+
+void TCustomDBGrid::MoveRows(int distance) {
+    if (IsDataActive() && distance != 0)
+        FDataLink->MoveBy(distance);
+}
+
+/// Selects along the way while Shift is down, and nothing else any more when it is not.
+void TCustomDBGrid::SelectWhileMoving(bool select, const std::function<void()>& move) {
+    if (!FOptions.Contains(dgMultiSelect)) {
+        move();
+        return;
+    }
+    TLifeGuard alive(*this);
+    if (select)
+        FSelectedRows.SetCurrentRowSelected(true);
+    else
+        FSelectedRows.Clear();
+    move();
+    if (alive && select)
+        FSelectedRows.SetCurrentRowSelected(true);
+}
+
+void TCustomDBGrid::NextRow(bool select) {
+    SelectWhileMoving(select, [this, select] {
+        TLifeGuard alive(*this);
+        TDataSet& dataSet = *GetDataSet();
+        const bool untouched = IsUntouchedInsert();
+        if (untouched) {
+            if (dataSet.GetEof())
+                return;
+            dataSet.Cancel();
+        } else {
+            FDataLink->MoveBy(1);
+        }
+        if (alive && !select && !untouched && FDataLink->GetEof() && CanChangeRecords() && !FDataLink->GetEditing())
+            GetDataSet()->Append();
+    });
+}
+
+void TCustomDBGrid::PriorRow(bool select) {
+    SelectWhileMoving(select, [this] {
+        TDataSet& dataSet = *GetDataSet();
+        const bool untouched = IsUntouchedInsert();
+        if (untouched && dataSet.GetEof())
+            dataSet.Cancel();
+        else
+            FDataLink->MoveBy(-1);
+    });
+}
+
+void TCustomDBGrid::InsertRecord() {
+    if (!CanChangeRecords())
+        return;
+    TLifeGuard alive(*this);
+    FSelectedRows.Clear();
+    GetDataSet()->Insert();
+}
+
+bool TCustomDBGrid::ConfirmDelete(bool selectedOnes) {
+    const String question = selectedOnes ? u"Delete all selected records?" : u"Delete record?";
+    return TheApplication().MessageDialog(question, TheApplication().GetTitle(), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+void TCustomDBGrid::DeleteRecord() {
+    if (!CanChangeRecords() || GetDataSet()->IsEmpty())
+        return;
+    TLifeGuard alive(*this);
+    const bool selected = FOptions.Contains(dgMultiSelect) && FSelectedRows.GetCount() > 0;
+    if (FOptions.Contains(dgConfirmDelete) && (!ConfirmDelete(selected) || !alive || !CanChangeRecords()))
+        return;
+    if (selected)
+        FSelectedRows.Delete();
+    else
+        GetDataSet()->Delete();
+}
+
+// Keys
+
+void TCustomDBGrid::KeyDown(WORD& key, TShiftState shift) {
+    TLifeGuard alive(*this);
+    TCustomGrid::KeyDown(key, shift);
+    if (!alive || key == 0 || IsDesigning())
+        return;
+    if (HandleKey(key, shift) && alive)
+        key = 0;
+}
+
+bool TCustomDBGrid::HandleKey(WORD key, TShiftState shift) {
+    if (key == VK_ESCAPE && IsDragging()) {
+        CancelDrag();
+        return true;
+    }
+    if (!IsDataActive() || ListKey(key, shift))
+        return true;
+    if (UseRightToLeftAlignment() && (key == VK_LEFT || key == VK_RIGHT))
+        key = key == VK_LEFT ? VK_RIGHT : VK_LEFT;
+    if (shift.Contains(ssAlt))
+        return false;
+    if (shift.Contains(ssCtrl))
+        return HandleControlKey(key);
+    const bool rowSelect = FOptions.Contains(dgRowSelect);
+    switch (key) {
+    case VK_UP:
+        PriorRow(shift.Contains(ssShift));
+        return true;
+    case VK_DOWN:
+        NextRow(shift.Contains(ssShift));
+        return true;
+    case VK_LEFT:
+    case VK_RIGHT:
+        if (rowSelect)
+            ScrollColumnsTo(Geometry().ScrollX + (key == VK_LEFT ? -1 : 1) * kDefaultColumnWidth);
+        else
+            StepColumn(key == VK_LEFT ? -1 : 1);
+        return true;
+    case VK_HOME:
+    case VK_END:
+        if (rowSelect || FColumns->GetCount() == 1)
+            SelectWhileMoving(false, [&] { key == VK_HOME ? GetDataSet()->First() : GetDataSet()->Last(); });
+        else
+            GoToEndColumn(key == VK_END);
+        return true;
+    case VK_PRIOR:
+    case VK_NEXT:
+        SelectWhileMoving(false, [&] { MoveRows((key == VK_PRIOR ? -1 : 1) * Geometry().VisibleRows()); });
+        return true;
+    case VK_INSERT:
+        InsertRecord();
+        return true;
+    case VK_TAB:
+        return TabKey(!shift.Contains(ssShift));
+    case VK_ESCAPE:
+        CancelEditing();
+        return true;
+    case VK_F2:
+        ShowEditor();
+        if (GetEditorMode())
+            GetInplaceEditor()->Deselect();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TCustomDBGrid::HandleControlKey(WORD key) {
+    switch (key) {
+    case VK_HOME:
+        SelectWhileMoving(false, [this] { GetDataSet()->First(); });
+        return true;
+    case VK_END:
+        SelectWhileMoving(false, [this] { GetDataSet()->Last(); });
+        return true;
+    case VK_UP:
+    case VK_PRIOR:
+        MoveRows(-FDataLink->GetActiveRecord());
+        return true;
+    case VK_DOWN:
+    case VK_NEXT:
+        MoveRows(FDataLink->GetRecordCount() - 1 - FDataLink->GetActiveRecord());
+        return true;
+    case VK_LEFT:
+    case VK_RIGHT:
+        GoToEndColumn(key == VK_RIGHT);
+        return true;
+    case VK_DELETE:
+        DeleteRecord();
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// From cell to cell, and behind the last one to the next record.
+bool TCustomDBGrid::TabKey(bool forward) {
+    if (!FOptions.Contains(dgTabs))
+        return false;
+    TLifeGuard alive(*this);
+    if (!FOptions.Contains(dgRowSelect) && StepColumn(forward ? 1 : -1))
+        return true;
+    if (!alive)
+        return true;
+    forward ? NextRow(false) : PriorRow(false);
+    if (alive && IsDataActive())
+        GoToEndColumn(!forward);
+    return true;
+}
+
+void TCustomDBGrid::KeyPress(char16_t& key) {
+    TLifeGuard alive(*this);
+    TCustomGrid::KeyPress(key);
+    if (!alive || key == 0 || !IsDataActive())
+        return;
+    const char16_t unit = key;
+    const TColumn* column = ColumnOfCell(FocusCell().X);
+    switch (unit) {
+    case kReturn:
+        key = 0;
+        if (GetListVisible())
+            CloseList(true);
+        else if (GetEditorMode() && !FOptions.Contains(dgAlwaysShowEditor))
+            SetEditorMode(false);
+        else if (GetEditorMode())
+            StoreEditor();
+        else
+            ShowEditor();
+        return;
+    case kLineFeed:
+        key = 0;
+        if (column && column->GetButtonStyle() == cbsEllipsis)
+            EditButtonClick();
+        return;
+    case kCopy:
+        key = 0;
+        if (TField* field = GetSelectedField(); field && !GetDataSet()->IsEmpty())
+            SetClipboardText(FHandle, field->GetDisplayText());
+        return;
+    case kPaste:
+        key = 0;
+        ShowEditor();
+        if (alive && GetEditorMode())
+            GetInplaceEditor()->PasteFromClipboard();
+        return;
+    default:
+        break;
+    }
+    if ((unit < u' ' && unit != VK_BACK) || GetEditorMode())
+        return;
+    key = 0;
+    if (column && ShowsBox(*column)) {
+        if (unit == u' ')
+            ToggleBox();
+    } else if (unit == VK_BACK || CanEditAccept(unit)) {
+        ShowEditorChar(unit);
+    }
+}
+
+// The mouse
+
+void TCustomDBGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
+    TLifeGuard alive(*this);
+    const bool hadFocus = Focused();
+    const TGridCoord cell = MouseCoord(x, y);
+    const bool closesList = GetListVisible() && ButtonRect().Contains({x, y});
+    CloseList(false);
+    if (alive)
+        TCustomGrid::MouseDown(button, shift, x, y);
+    if (!alive || button != mbLeft || IsDragging() || IsDesigning() || !IsDataActive() || cell.Y < TitleOffset())
+        return;
+    if (ButtonRect().Contains({x, y})) {
+        FButtonPressed = true;
+        InvalidateCell(FocusCell().X, FocusCell().Y);
+        if (!closesList)
+            OpenList();
+        return;
+    }
+    FPressedCell = hadFocus && cell == FocusCell() ? cell : TGridCoord{};
+    ClickDataCell(cell, shift);
+    if (alive && FPressedCell == TGridCoord{})
+        FPressedCell = {cell.X, -cell.Y}; // another one than before: a click, but none to edit
+}
+
+void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift) {
+    TLifeGuard alive(*this);
+    const bool again = cell == FPressedCell;
+    const int rows = cell.Y - FocusCell().Y;
+    if (rows != 0)
+        MoveRows(rows);
+    if (!alive || !IsDataActive())
+        return;
+    if (ColumnOfCell(cell.X))
+        GoToColumn(cell.X - IndicatorOffset());
+    if (!alive || !IsDataActive())
+        return;
+    if (FOptions.Contains(dgMultiSelect))
+        SelectByClick(shift, rows);
+    if (!again || shift.Contains(ssCtrl) || shift.Contains(ssShift) || !ColumnOfCell(cell.X))
+        return;
+    if (ShowsBox(*ColumnOfCell(cell.X)))
+        ToggleBox();
+    else
+        ShowEditor();
+}
+
+/// A click selects its record alone, with Ctrl it turns it over, with Shift it selects all from the one before.
+void TCustomDBGrid::SelectByClick(TShiftState shift, int rowsMoved) {
+    if (shift.Contains(ssCtrl)) {
+        FSelectedRows.SetCurrentRowSelected(!FSelectedRows.GetCurrentRowSelected());
+        return;
+    }
+    if (!shift.Contains(ssShift))
+        FSelectedRows.Clear();
+    const int active = FDataLink->GetActiveRecord();
+    const int step = rowsMoved > 0 ? -1 : 1;
+    const int count = shift.Contains(ssShift) ? std::abs(rowsMoved) : 0;
+    TLifeGuard alive(*this);
+    for (int i = 0; i <= count; ++i) {
+        const int row = active + i * step;
+        if (row < 0 || row >= FDataLink->GetRecordCount())
+            break;
+        FDataLink->SetActiveRecord(row);
+        FSelectedRows.SetCurrentRowSelected(true);
+    }
+    FDataLink->SetActiveRecord(active);
+    Invalidate();
+}
+
+void TCustomDBGrid::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
+    TLifeGuard alive(*this);
+    const bool pressed = std::exchange(FButtonPressed, false);
+    const TGridCoord down = std::exchange(FPressedCell, {});
+    const bool dragged = IsDragging();
+    if (pressed)
+        InvalidateCell(FocusCell().X, FocusCell().Y);
+    TCustomGrid::MouseUp(button, shift, x, y);
+    if (!alive || button != mbLeft || dragged || !IsDataActive())
+        return;
+    const TGridCoord cell = MouseCoord(x, y);
+    TColumn* column = ColumnOfCell(cell.X);
+    if (pressed) {
+        if (column && column->GetButtonStyle() == cbsEllipsis && ButtonRect().Contains({x, y}))
+            EditButtonClick();
+        return;
+    }
+    if (column && cell.Y >= TitleOffset() && cell.X == down.X && cell.Y == std::abs(down.Y))
+        CellClick(column);
+}
+
+void TCustomDBGrid::CellClick(TColumn* column) {
+    Fire(*this, OnCellClick, column);
+}
+
+void TCustomDBGrid::TitleClick(int column) {
+    if (TColumn* clicked = ColumnOfCell(column))
+        Fire(*this, OnTitleClick, clicked);
+}
+
+void TCustomDBGrid::ColumnResized(int column, int width) {
+    if (TColumn* resized = ColumnOfCell(column))
+        resized->SetWidth(width);
+}
+
+void TCustomDBGrid::ColumnDragged(int from, int to) {
+    TColumn* moved = ColumnOfCell(from);
+    if (!moved || !ColumnOfCell(to))
+        return;
+    TLifeGuard alive(*this);
+    SetEditorMode(false);
+    if (!alive)
+        return;
+    const TField* focused = GetSelectedField();
+    if (!FColumns->IsCustomized() && moved->GetField() && ColumnOfCell(to)->GetField())
+        moved->GetField()->SetIndex(ColumnOfCell(to)->GetField()->GetIndex()); // the columns follow the fields
+    else
+        moved->SetIndex(to - IndicatorOffset());
+    if (!alive)
+        return;
+    if (const TColumn* column = FColumns->FindField(focused))
+        FSelectedIndex = column->GetIndex();
+    LayoutChanged();
+    if (alive)
+        Fire(*this, OnColumnMoved, this, from + 1 - IndicatorOffset(), to + 1 - IndicatorOffset());
+}
+
+bool TCustomDBGrid::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) {
+    TLifeGuard alive(*this);
+    if (TCustomGrid::DoMouseWheel(shift, wheelDelta, mousePos) || !alive)
+        return true;
+    if (!IsDataActive())
+        return false;
+    if (shift.Contains(ssShift)) {
+        ScrollColumnsTo(Geometry().ScrollX - wheelDelta / 2);
+        return true;
+    }
+    if (GetListVisible()) {
+        StepList(wheelDelta < 0 ? 1 : -1);
+        return true;
+    }
+    // Turning the wheel must not end what is being entered.
+    const int lines = WheelLines(wheelDelta);
+    if (!FDataLink->GetEditing())
+        MoveRows(lines);
+    return true;
+}
+
+// The vertical bar tells where the active record is
+
+void TCustomDBGrid::UpdateScrollBar() {
+    TCustomGrid::UpdateScrollBar();
+    if (!HandleAllocated())
+        return;
+    TRowBar bar;
+    if (IsDataActive()) {
+        TDataSet& dataSet = *GetDataSet();
+        const bool inserting = dataSet.GetState() == dsInsert;
+        if (const int count = dataSet.GetRecordCount(); dataSet.IsSequenced() && count >= 0) {
+            if (inserting)
+                return; // a new record has no number; the bar stays where it was
+            bar = BarOfNumber(dataSet.GetRecNo(), count, Geometry().VisibleRows());
+        } else if (FDataLink->GetRecordCount() >= Geometry().VisibleRows()) {
+            bar = BarOfEnds(FDataLink->GetBof(), FDataLink->GetEof());
+        }
+    }
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_ALL;
+    SCROLLINFO present = info;
+    info.nMax = bar.Last;
+    info.nPage = static_cast<UINT>(bar.Page);
+    info.nPos = bar.Position;
+    if (GetScrollInfo(FHandle, SB_VERT, &present) && present.nMax == info.nMax && present.nPage == info.nPage &&
+        present.nPos == info.nPos)
+        return;
+    SetScrollInfo(FHandle, SB_VERT, &info, TRUE);
+}
+
+void TCustomDBGrid::VerticalScroll(int code) {
+    if (!IsDataActive())
+        return;
+    TLifeGuard alive(*this);
+    if (CanFocus() && !Focused())
+        SetFocus();
+    if (!alive || !IsDataActive())
+        return;
+    TDataSet& dataSet = *GetDataSet();
+    const int page = Geometry().VisibleRows();
+    switch (code) {
+    case SB_LINEUP:
+        MoveRows(-FDataLink->GetActiveRecord() - 1);
+        return;
+    case SB_LINEDOWN:
+        MoveRows(FDataLink->GetRecordCount() - FDataLink->GetActiveRecord());
+        return;
+    case SB_PAGEUP:
+    case SB_PAGEDOWN:
+        MoveRows(code == SB_PAGEUP ? -page : page);
+        return;
+    case SB_TOP:
+        dataSet.First();
+        return;
+    case SB_BOTTOM:
+        dataSet.Last();
+        return;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        break;
+    default:
+        return;
+    }
+    SCROLLINFO info{};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_TRACKPOS;
+    GetScrollInfo(FHandle, SB_VERT, &info);
+    if (const int count = dataSet.GetRecordCount(); dataSet.IsSequenced() && count >= 0) {
+        const int number = NumberOfBar(info.nTrackPos, count);
+        if (count > 0 && number != dataSet.GetRecNo())
+            dataSet.SetRecNo(number);
+        return;
+    }
+    if (code == SB_THUMBTRACK)
+        return;
+    switch (MoveOfBar(info.nTrackPos)) {
+    case TRowBarMove::First:
+        dataSet.First();
+        break;
+    case TRowBarMove::PageUp:
+        MoveRows(-page);
+        break;
+    case TRowBarMove::PageDown:
+        MoveRows(page);
+        break;
+    case TRowBarMove::Last:
+        dataSet.Last();
+        break;
+    case TRowBarMove::None:
+        break;
+    }
+    if (alive)
+        UpdateScrollBar(); // the thumb goes back to one of its places
+}
+
+} // namespace framework

@@ -1,0 +1,160 @@
+#include "framework/dbgrid/inplaceedit.h"
+
+#include "framework/dbgrid/grids.h"
+
+namespace framework {
+
+namespace {
+
+constexpr char16_t kLineFeed = 10; // Ctrl+Enter
+constexpr char16_t kReturn = 13;
+constexpr char16_t kEscape = 27;
+
+} // namespace
+
+const TClassInfo& TInplaceEdit::StaticClass() {
+    static const TClassInfo info = DescribeClass<TInplaceEdit>(u"TInplaceEdit", TCustomEdit::StaticClass());
+    return info;
+}
+
+TInplaceEdit::TInplaceEdit(TCustomGrid* grid) : TCustomEdit(grid), FGrid(grid) {
+    SetAutoSize(false);
+    SetAutoSelect(false);
+    SetBorderStyle(bsNone);
+    SetParentCtl3D(false);
+    SetCtl3D(false);
+    SetTabStop(false);
+    SetVisible(false);
+    SetParentColor(false);
+}
+
+void TInplaceEdit::Begin(const String& text) {
+    FBeginning = true;
+    const TAtScopeEnd done(*this, [this] { FBeginning = false; });
+    FEntered = false;
+    SetText(text);
+    if (HandleAllocated())
+        SendMessageW(FHandle, EM_EMPTYUNDOBUFFER, 0, 0);
+}
+
+void TInplaceEdit::SetMargins(int pixels) {
+    FMargins = pixels;
+    if (HandleAllocated())
+        SendMessageW(FHandle, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(pixels, pixels));
+}
+
+void TInplaceEdit::CreateWnd() {
+    FBeginning = true;
+    const TAtScopeEnd done(*this, [this] { FBeginning = false; });
+    TCustomEdit::CreateWnd();
+    SetMargins(FMargins);
+}
+
+void TInplaceEdit::Change() {
+    TLifeGuard alive(*this);
+    TCustomEdit::Change();
+    if (!alive || FBeginning)
+        return;
+    FEntered = true;
+    FGrid->EditorChanged();
+}
+
+void TInplaceEdit::WndProc(TMessage& message) {
+    switch (message.Msg) {
+    case WM_PASTE:
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+        // These change the text by a menu or by keys that the native edit knows.
+        if (!FGrid->CanEditModify())
+            return;
+        break;
+    default:
+        break;
+    }
+    TCustomEdit::WndProc(message);
+}
+
+void TInplaceEdit::Dispatch(TMessage& message) {
+    if (message.Msg == WM_GETDLGCODE || message.Msg == CM_WANTSPECIALKEY) {
+        // The grid knows which keys are its own.
+        TCustomEdit::Dispatch(message);
+        message.Result |= FGrid->Perform(message.Msg, message.WParam, message.LParam);
+        return;
+    }
+    TCustomEdit::Dispatch(message);
+}
+
+bool TInplaceEdit::IsForGrid(WORD key, TShiftState shift) const {
+    switch (key) {
+    case VK_UP:
+    case VK_DOWN:
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_TAB:
+    case VK_ESCAPE:
+    case VK_F4:
+        return true;
+    case VK_INSERT:
+        return shift.Empty();
+    case VK_DELETE:
+    case VK_HOME:
+    case VK_END:
+        return shift.Contains(ssCtrl) && !shift.Contains(ssShift);
+    default:
+        return false;
+    }
+}
+
+void TInplaceEdit::KeyDown(WORD& key, TShiftState shift) {
+    TLifeGuard alive(*this);
+    if (key == VK_F2) {
+        Deselect();
+        key = 0;
+        return;
+    }
+    if (IsForGrid(key, shift)) {
+        FGrid->KeyDown(key, shift);
+        key = 0;
+        return;
+    }
+    // Of the others the grid's own handlers hear as well.
+    if (!Fire(*FGrid, FGrid->OnKeyDown, FGrid, key, shift) || !alive)
+        return;
+    if ((key == VK_DELETE || key == VK_BACK) && !FGrid->CanEditModify() && alive)
+        key = 0;
+}
+
+void TInplaceEdit::KeyPress(char16_t& key) {
+    if (key == kReturn || key == kLineFeed || key == kEscape || key == u'\t') {
+        FGrid->KeyPress(key);
+        key = 0;
+        return;
+    }
+    TLifeGuard alive(*this);
+    if (!Fire(*FGrid, FGrid->OnKeyPress, FGrid, key) || !alive)
+        return;
+    if (key >= u' ' && !FGrid->CanEditAccept(key)) {
+        key = 0;
+        MessageBeep(0);
+        return;
+    }
+    if (key != 0 && (key >= u' ' || key == VK_BACK) && !FGrid->CanEditModify()) {
+        if (alive)
+            key = 0;
+        return;
+    }
+    if (alive)
+        TCustomEdit::KeyPress(key);
+}
+
+void TInplaceEdit::KeyUp(WORD& key, TShiftState shift) {
+    FGrid->KeyUp(key, shift);
+}
+
+bool TInplaceEdit::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) {
+    return FGrid->DoMouseWheel(shift, wheelDelta, mousePos);
+}
+
+} // namespace framework

@@ -1,0 +1,47 @@
+#pragma once
+
+// The field that lies on a cell while it is being edited. Keys that move through the grid go on to it.
+
+#include "framework/windows/edit.h"
+
+namespace framework {
+
+class TCustomGrid;
+
+class TInplaceEdit : public TCustomEdit {
+    FRAMEWORK_CLASS(TInplaceEdit)
+
+public:
+    explicit TInplaceEdit(TCustomGrid* grid);
+
+    /// What the cell's value is while nothing has been entered; nobody is told.
+    void Begin(const String& text);
+    /// Whether a person has entered something since then.
+    bool GetEntered() const { return FEntered; }
+    void SetEntered(bool value) { FEntered = value; }
+    /// With the caret at the end, as when a person goes on with what is there.
+    void Deselect() { SetSelStart(INT_MAX); }
+    /// Pixels around the text, as the cell has them.
+    void SetMargins(int pixels);
+
+    void WndProc(TMessage& message) override;
+
+protected:
+    void Change() override;
+    void CreateWnd() override;
+    void Dispatch(TMessage& message) override;
+    void KeyDown(WORD& key, TShiftState shift) override;
+    void KeyPress(char16_t& key) override;
+    void KeyUp(WORD& key, TShiftState shift) override;
+    bool DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) override;
+
+private:
+    bool IsForGrid(WORD key, TShiftState shift) const;
+
+    TCustomGrid* FGrid;
+    int FMargins = 0;
+    bool FEntered = false;
+    bool FBeginning = false;
+};
+
+} // namespace framework

@@ -1,0 +1,30 @@
+#pragma once
+
+// The list of a column's choices: it opens below the cell that is being edited, which keeps the focus.
+
+#include "framework/windows/listbox.h"
+
+namespace framework {
+
+class TCustomDBGrid;
+
+class TPickListWindow : public TCustomListBox {
+    FRAMEWORK_CLASS(TPickListWindow)
+
+public:
+    explicit TPickListWindow(TCustomDBGrid* grid);
+
+    /// Opens below `cell`, a place on the screen, or above it where there is more room.
+    void Open(const TRect& cell, int rows);
+    /// Marks the item that is so many further, within the list.
+    void Step(int distance);
+
+protected:
+    void CreateParams(TCreateParams& params) override;
+    void Dispatch(TMessage& message) override;
+
+private:
+    TCustomDBGrid* FGrid;
+};
+
+} // namespace framework
