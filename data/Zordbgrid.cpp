@@ -48,7 +48,7 @@ bool TZORDBGrid::ConfirmDelete(bool selectedOnes) {
         return TDBGrid::ConfirmDelete(selectedOnes);
     const String question =
         selectedOnes ? u"Usun\u0105\u0107 wszystkie zaznaczone rekordy?" : u"Usun\u0105\u0107 rekord?";
-    return TheApplication().MessageDialog(question, TheApplication().GetTitle(), MB_YESNO | MB_ICONQUESTION) == IDYES;
+    return TheApplication().MessageDialog(question, TheApplication().GetTitle(), MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
 }
 
 void Zordbgrid::Register() {

@@ -253,10 +253,8 @@ void TCustomDBGrid::DataChanged() {
         return;
     TLifeGuard alive(*this);
     // What was entered has been stored or given up, unless the record is still being edited.
-    const bool inserting = FDataLink->GetEditing() && GetDataSet()->GetState() == dsInsert;
-    if (!FDataLink->GetEditing() || inserting != FWasInsert)
+    if (!FDataLink->GetEditing())
         HideEditor();
-    FWasInsert = inserting;
     if (!alive)
         return;
     UpdateRows();

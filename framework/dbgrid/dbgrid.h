@@ -147,6 +147,8 @@ public:
     /// Paints a cell as the grid would, with the canvas's font and brush as they are: for handlers of OnDrawColumnCell.
     void DefaultDrawColumnCell(const TRect& rect, int dataCol, TColumn* column, TGridDrawState state);
     void DefaultDrawDataCell(const TRect& rect, TField* field, TGridDrawState state);
+    /// Paints a title as the grid would, for programs that paint theirs: null paints one without a caption.
+    void DefaultDrawTitle(const TRect& rect, TColumn* column, TGridDrawState state);
     /// Pixels, the line below included.
     int GetDefaultRowHeight() const { return FRowHeight; }
     /// The place of a cell of a column in the client area, by the row on the screen from 0, titles aside.
@@ -243,7 +245,6 @@ private:
     // Painting
     TLooks& Looks();
     void DrawIndicator(int row, const TRect& rect);
-    void DrawTitle(TColumn* column, const TRect& rect, TGridDrawState state);
     void DrawFixedBackground(const TRect& rect, TGridDrawState state, const TColumn* column);
     void DrawDataCell(TColumn* column, int row, const TRect& rect, TGridDrawState state);
     void WriteText(const TRect& rect, const String& text, TAlignment alignment);
@@ -303,7 +304,7 @@ private:
     bool FReadOnly = false;
     bool FDefaultDrawing = true;
     bool FButtonPressed = false;
-    bool FWasInsert = false;
+    bool FAppended = false; // the record that is being inserted stands behind the last one
 };
 
 /// The rows that data grids publish, for their own tables.

@@ -182,26 +182,23 @@ void TCustomDBGrid::SelectWhileMoving(bool select, const std::function<void()>& 
 void TCustomDBGrid::NextRow(bool select) {
     SelectWhileMoving(select, [this, select] {
         TLifeGuard alive(*this);
-        TDataSet& dataSet = *GetDataSet();
-        const bool untouched = IsUntouchedInsert();
-        if (untouched) {
-            if (dataSet.GetEof())
-                return;
-            dataSet.Cancel();
-        } else {
-            FDataLink->MoveBy(1);
+        if (IsUntouchedInsert()) {
+            if (!FAppended) // one behind the last record is enough
+                GetDataSet()->Cancel();
+            return;
         }
-        if (alive && !select && !untouched && FDataLink->GetEof() && CanChangeRecords() && !FDataLink->GetEditing())
-            GetDataSet()->Append();
+        FDataLink->MoveBy(1);
+        if (!alive || select || !FDataLink->GetEof() || !CanChangeRecords() || FDataLink->GetEditing())
+            return;
+        FAppended = true;
+        GetDataSet()->Append();
     });
 }
 
 void TCustomDBGrid::PriorRow(bool select) {
     SelectWhileMoving(select, [this] {
-        TDataSet& dataSet = *GetDataSet();
-        const bool untouched = IsUntouchedInsert();
-        if (untouched && dataSet.GetEof())
-            dataSet.Cancel();
+        if (IsUntouchedInsert() && FAppended)
+            GetDataSet()->Cancel(); // which leads to the last record
         else
             FDataLink->MoveBy(-1);
     });
@@ -212,12 +209,13 @@ void TCustomDBGrid::InsertRecord() {
         return;
     TLifeGuard alive(*this);
     FSelectedRows.Clear();
+    FAppended = false;
     GetDataSet()->Insert();
 }
 
 bool TCustomDBGrid::ConfirmDelete(bool selectedOnes) {
     const String question = selectedOnes ? u"Delete all selected records?" : u"Delete record?";
-    return TheApplication().MessageDialog(question, TheApplication().GetTitle(), MB_YESNO | MB_ICONQUESTION) == IDYES;
+    return TheApplication().MessageDialog(question, TheApplication().GetTitle(), MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
 }
 
 void TCustomDBGrid::DeleteRecord() {

@@ -96,7 +96,7 @@ TGridDrawState TCustomDBGrid::StateOf(TGridCoord cell) const {
 void TCustomDBGrid::DrawCell(int column, int row, const TRect& rect, TGridDrawState state) {
     TColumn* shown = ColumnOfCell(column);
     if (row < TitleOffset()) {
-        DrawTitle(shown, rect, state);
+        DefaultDrawTitle(rect, shown, state);
         return;
     }
     if (!IsDataActive())
@@ -118,8 +118,11 @@ void TCustomDBGrid::DrawFixedBackground(const TRect& rect, TGridDrawState state,
     if (FDrawingStyle == gdsThemed && !ownColor) {
         const int look = pressed ? HIS_PRESSED : hot ? HIS_HOT : HIS_NORMAL;
         const HTHEME theme = Looks().Header.Get();
-        if (theme && SUCCEEDED(DrawThemeBackground(theme, canvas.GetHandle(), HP_HEADERITEM, look, &area, nullptr)))
+        if (theme && SUCCEEDED(DrawThemeBackground(theme, canvas.GetHandle(), HP_HEADERITEM, look, &area, nullptr))) {
+            canvas.GetBrush()->SetColor(clBtnFace); // some themes leave the lower edge open
+            canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom});
             return;
+        }
     }
     if (FDrawingStyle == gdsGradient && !ownColor && !pressed) {
         GradientFillCanvas(&canvas, FGradientStartColor, FGradientEndColor, rect, gdVertical);
@@ -134,7 +137,7 @@ void TCustomDBGrid::DrawFixedBackground(const TRect& rect, TGridDrawState state,
     DrawEdge(canvas.GetHandle(), &area, pressed ? BDR_SUNKENOUTER : BDR_RAISEDINNER, BF_RECT);
 }
 
-void TCustomDBGrid::DrawTitle(TColumn* column, const TRect& rect, TGridDrawState state) {
+void TCustomDBGrid::DefaultDrawTitle(const TRect& rect, TColumn* column, TGridDrawState state) {
     DrawFixedBackground(rect, state, column);
     if (!column)
         return;

@@ -5,6 +5,7 @@
 
 #include "framework/graphics/bitmaps.h"
 #include "tests/support/input.h"
+#include "tests/support/memoryrows.h"
 #include "zor.h"
 
 #include <gtest/gtest.h>
@@ -150,6 +151,8 @@ TEST(Docs, TellWhatEachComponentPublishes) {
 }
 
 TEST(Docs, ShowFormsThatLoad) {
+    // What an example opens are customers, whatever it asks for.
+    SetRecordsetOpener([](TRecordsetQuery&) { return std::make_shared<TClientRecordset>(MakeCustomers(12)); });
     for (const TClassInfo* info : Components()) {
         const std::string name = Utf8Encode(info->Name());
         SCOPED_TRACE(name);
@@ -171,6 +174,7 @@ TEST(Docs, ShowFormsThatLoad) {
         EXPECT_TRUE(std::filesystem::exists(picture));
         EXPECT_NE(page.find("](../pictures/" + name + ".png)"), std::string::npos);
     }
+    SetRecordsetOpener(nullptr);
 }
 
 /// Every link to a file of the tree leads somewhere.
