@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <limits>
+#include <stdexcept>
 #include <string_view>
 
 #if defined(__SSE2__) || defined(_M_X64)
@@ -35,7 +37,7 @@ void Encode(char16_t unit, std::string& bytes) {
 
 void EncodeFolded(StringView text, const TTextFolder& folder, std::string& bytes) {
     for (const char16_t unit : text)
-        folder.FoldUnit(unit, [&bytes](char16_t folded) { Encode(folded, bytes); });
+        folder.FoldUnit(InOneLine(unit), [&bytes](char16_t folded) { Encode(folded, bytes); });
 }
 
 int UnitCount(std::string_view bytes) {
@@ -95,7 +97,9 @@ void TChoiceIndex::Assign(const TStrings& items, const TTextFolding& folding) {
     const int count = items.GetCount();
     Prepare(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        FStarts.push_back(FBytes.size());
+        if (FBytes.size() > std::numeric_limits<std::uint32_t>::max())
+            throw std::length_error("too much text to search");
+        FStarts.push_back(static_cast<std::uint32_t>(FBytes.size()));
         EncodeFolded(items.Get(i), FFolder, FBytes);
         FBytes += kBoundary;
     }

@@ -5,8 +5,8 @@
 
 #include "foundation/Textfolding_rules.h"
 #include "framework/system/stringlist.h"
+#include "lists/Choicememory_rules.h"
 
-#include <optional>
 #include <vector>
 
 namespace ZOR {
@@ -33,8 +33,8 @@ inline TMatchPlace PlaceOf(TBehavior behavior) {
     return behavior == beNewWyszukajPoczatek ? TMatchPlace::Beginning : TMatchPlace::Anywhere;
 }
 
-/// The texts of a list prepared for searching: folded once and for all, one behind the other, so that a key press
-/// neither converts nor allocates anything for each item.
+/// The texts of a list as they show, in one line each, prepared for searching: folded once and for all, one behind the
+/// other, so that a key press neither converts nor allocates anything for each item.
 class TChoiceIndex {
 public:
     struct TMatch {
@@ -44,7 +44,7 @@ public:
 
     explicit TChoiceIndex(const TTextFolding& folding = {}) : FFolder(folding) { Prepare(0); }
 
-    /// Takes the texts of a list, in its order.
+    /// Takes the texts of a list, in its order. std::length_error when they need 4 GiB.
     void Assign(const TStrings& items, const TTextFolding& folding);
     /// The same where that has not been done yet for this version of the list and this folding.
     void Update(const TStrings& items, unsigned version, const TTextFolding& folding);
@@ -63,8 +63,8 @@ private:
     // Each unit of the folded texts in one to three bytes, a byte that is none of them before, between and behind the
     // texts. A search is then one for bytes in memory, and a text at the beginning is one behind such a byte.
     std::string FBytes;
-    std::vector<std::size_t> FStarts; // of each text
-    std::optional<unsigned> FVersion; // of the list, where that is known
+    std::vector<std::uint32_t> FStarts; // of each text
+    std::optional<unsigned> FVersion;   // of the list, where that is known
 };
 
 /// The characters of a text that match: the first place where `search` stands in it, both folded. Where folding makes

@@ -3,8 +3,7 @@
 #include "foundation/Zorpackage.h"
 #include "framework/system/strings.h"
 #include "framework/windows/clipboard.h"
-#include "framework/windows/controlstrings.h"
-#include "lists/Zorcombobox_list.h"
+#include "framework/windows/inputmethod.h"
 
 namespace ZOR {
 
@@ -64,8 +63,7 @@ int TZORComboBox::FindItemIndex() const {
 // The search
 
 const TChoiceIndex& TZORComboBox::Index() {
-    const auto& items = static_cast<const TControlStrings&>(*GetItems());
-    FIndex.Update(items, items.GetVersion(), ComboSearchFolding);
+    FIndex.Update(ItemStrings(), ItemStrings().GetVersion(), ComboSearchFolding);
     return FIndex;
 }
 
@@ -114,7 +112,7 @@ void TZORComboBox::SearchFor(StringView text) {
 
 void TZORComboBox::ShowFound(const TSearchStep& step) {
     TLifeGuard alive(*this);
-    const TShown before{GetText(), GetItemIndex()};
+    const TShownChoice before = Shown();
     if (!GetDroppedDown() && !IsInsertingSign()) // where the popup of letters is, the list would cover it
         SetDroppedDown(true);
     if (!alive || step.Item >= GetItems()->GetCount())
@@ -143,8 +141,7 @@ void TZORComboBox::CopyText() {
 }
 
 void TZORComboBox::PasteText() {
-    if (const std::optional<String> text = ClipboardText(GetHandle()))
-        SearchFor(Trim(OneLine(*text)));
+    SearchFor(ClipboardLine(GetHandle()));
 }
 
 void TZORComboBox::EscapePressed() {
@@ -153,12 +150,15 @@ void TZORComboBox::EscapePressed() {
     FBuffer.clear();
     FUntold = false;
     const String text = GetText();
-    SetItemIndex(FBefore.Item);
-    if (FBefore.Item < 0 || GetText() != FBefore.Text)
-        SetText(FBefore.Text); // its item may stand elsewhere by now
+    const std::optional<TShownChoice> before = FMemory.TakeBefore();
+    if (!before)
+        return;
+    SetItemIndex(before->Item);
+    if (before->Item < 0 || GetText() != before->Text)
+        SetText(before->Text); // its item is gone
     SelectAll();
     TLifeGuard alive(*this);
-    if (text != FBefore.Text)
+    if (text != before->Text)
         Change();
     if (alive)
         TellItem();
@@ -200,7 +200,7 @@ bool TZORComboBox::HandleEditCommand(const TMessage& message) {
 }
 
 void TZORComboBox::EditWndProc(TMessage& message) {
-    if (ChoosesFromList() && HandleEditCommand(message))
+    if (ChoosesFromList() && (HandleEditCommand(message) || ComposeApart(GetEditHandle(), message)))
         return;
     TLifeGuard alive(*this);
     if (message.Msg == WM_LBUTTONDOWN)
@@ -297,7 +297,7 @@ void TZORComboBox::Native(TMessage& message, void (TZORComboBox::*handle)(TMessa
     FNews = &news;
     TLifeGuard alive(*this);
     if (FPublishedStyle == csSimple)
-        FTold.reset(); // its list is always open
+        FMemory.Note({}); // in its list, which is always open, the mouse has made items current before it says so
     else if (!GetDroppedDown())
         NoteTold();
     {
@@ -316,26 +316,24 @@ void TZORComboBox::Select() {
         FNews->Chosen = true;
         return;
     }
-    FTold.reset(); // not by key or mouse, and nobody has looked before
+    FMemory.Note({}); // not by key or mouse, and nobody has looked before
     TellChoice();
 }
 
 /// The list is closed: what shows now was told of, or is the program's. In the list the mouse makes items current that
 /// nobody has chosen.
 void TZORComboBox::NoteTold() {
-    FTold = TTold{GetText(), FUntold && FTold ? FTold->Item : ChosenItem()};
-}
-
-TZORComboBox::TChosen TZORComboBox::ChosenItem() const {
-    const int item = GetItemIndex();
-    return {item, item >= 0 ? GetItems()->Get(item) : String()};
+    if (FUntold)
+        FMemory.NoteText(GetText());
+    else
+        FMemory.Note(Shown());
 }
 
 void TZORComboBox::TellChoice() {
     FUntold = false;
     TLifeGuard alive(*this);
     Click();
-    if (alive && !(FTold && FTold->Text == GetText()))
+    if (alive && FMemory.TextIsNews(GetText()))
         Change();
     if (alive)
         TellItem();
@@ -343,20 +341,18 @@ void TZORComboBox::TellChoice() {
 
 /// Tells of the item where it is not the one told of last.
 void TZORComboBox::TellItem() {
-    const TChosen now = ChosenItem();
-    const std::optional<TTold> before = std::exchange(FTold, TTold{GetText(), now});
-    if (now.Index >= 0 && !(before && before->Item == now))
+    if (FMemory.ItemIsNews(GetItemIndex()))
         Fire(*this, OnSelect, this);
 }
 
 void TZORComboBox::Change() {
-    if (FTold)
-        FTold->Text = GetText();
+    FMemory.NoteText(GetText());
     TZORScreenKeyboard::Change();
 }
 
 void TZORComboBox::DropDown() {
-    FBefore = {GetText(), GetItemIndex()};
+    FMemory.End();
+    FMemory.Begin(Shown());
     NoteTold();
     FEscaping = false;
     TLifeGuard alive(*this);
@@ -367,10 +363,7 @@ void TZORComboBox::DropDown() {
 
 /// Makes the list as wide as its items need; the native one is never narrower than the field.
 void TZORComboBox::WidenList() {
-    const bool scrolls = GetItems()->GetCount() > GetDropDownCount();
-    const int beside = 2 * (ChoiceRowMargin + ChoiceListBorder) + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0);
-    const int width = WidestText(*GetItems(), *GetFont()) + beside;
-    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width));
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(FListWidth.For(ItemStrings(), *GetFont(), GetDropDownCount())));
 }
 
 void TZORComboBox::CloseUp() {
@@ -404,6 +397,28 @@ void TZORComboBox::DoExit() {
         TellItem(); // found by letters of the popup, without a list to close
     if (alive)
         TZORScreenKeyboard::DoExit();
+}
+
+// The items
+
+void TZORComboBox::ItemInserted(int index, const String& text) {
+    FMemory.ItemInserted(index, text);
+    TZORScreenKeyboard::ItemInserted(index, text);
+}
+
+void TZORComboBox::ItemDeleted(int index) {
+    FMemory.ItemDeleted(index);
+    TZORScreenKeyboard::ItemDeleted(index);
+}
+
+void TZORComboBox::ItemsCleared() {
+    FMemory.ItemsCleared();
+    TZORScreenKeyboard::ItemsCleared();
+}
+
+void TZORComboBox::ItemsReplaced() {
+    FMemory.ItemsReplaced(*GetItems());
+    TZORScreenKeyboard::ItemsReplaced();
 }
 
 void Zorcombobox::Register() {

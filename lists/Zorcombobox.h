@@ -7,6 +7,7 @@
 
 #include "controls/Zorscreenkeyboard.h"
 #include "foundation/Zorframedcombo.h"
+#include "lists/Zorcombobox_list.h"
 #include "lists/Zorcombobox_rules.h"
 
 namespace ZOR {
@@ -59,6 +60,10 @@ protected:
     void DropDown() override;
     void CloseUp() override;
     void DoExit() override;
+    void ItemInserted(int index, const String& text) override;
+    void ItemDeleted(int index) override;
+    void ItemsCleared() override;
+    void ItemsReplaced() override;
 
     /// Esc was pressed. Where it closes the list, the text and the item from before it opened come back.
     virtual void EscapePressed();
@@ -68,22 +73,6 @@ private:
     struct TNews {
         bool Chosen = false;
         bool Closed = false;
-    };
-    struct TShown {
-        String Text;
-        int Item = -1;
-    };
-
-    /// An item as it was: its index may be another's by now.
-    struct TChosen {
-        int Index = -1;
-        String Text;
-
-        bool operator==(const TChosen&) const = default;
-    };
-    struct TTold {
-        String Text; // in the edit part
-        TChosen Item;
     };
 
     bool ChoosesFromList() const { return FPublishedStyle == csDropDownList; }
@@ -102,17 +91,18 @@ private:
     void NativeList(TMessage& message) { TZORScreenKeyboard::ListWndProc(message); }
     void NativeCombo(TMessage& message) { TZORScreenKeyboard::WndProc(message); }
     void WidenList();
-    TChosen ChosenItem() const;
+    const TControlStrings& ItemStrings() const { return static_cast<const TControlStrings&>(*GetItems()); }
+    TShownChoice Shown() const { return {GetText(), GetItemIndex()}; }
     void NoteTold();
     void TellChoice();
     void TellItem();
     void TellClosed();
 
     TChoiceIndex FIndex;
+    TChoiceListWidth FListWidth;
     String FBuffer;
-    TShown FBefore;             // when the list opened
-    std::optional<TTold> FTold; // what the events have told of last, or what the program has set
-    TNews* FNews = nullptr;     // while the native window acts on a key or the mouse
+    TChoiceMemory FMemory;  // Esc goes back to when the list opened
+    TNews* FNews = nullptr; // while the native window acts on a key or the mouse
     TBehavior FBehavior = beStandard;
     TComboBoxStyle FPublishedStyle = csDropDown;
     int FKeyFlag = 0;

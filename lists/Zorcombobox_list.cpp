@@ -4,9 +4,12 @@
 #include "framework/graphics/handles.h"
 #include "framework/graphics/textmetrics.h"
 #include "framework/system/strings.h"
+#include "framework/windows/accessibleobject.h"
 #include "framework/windows/application.h"
+#include "framework/windows/clipboard.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace ZOR {
 
@@ -26,8 +29,7 @@ int TextWidth(HDC dc, StringView text) {
     return static_cast<int>(size.cx);
 }
 
-} // namespace
-
+/// The width in pixels of the text that needs most, in one line.
 int WidestText(const TStrings& items, const TFont& font) {
     const TWindowDC dc(nullptr);
     const TSelectedObject selected(dc, font.GetHandle());
@@ -35,14 +37,98 @@ int WidestText(const TStrings& items, const TFont& font) {
     String widest;
     int sum = 0;
     for (int i = 0; i < items.GetCount(); ++i) {
-        String text = items.Get(i);
+        String text = OneLine(items.Get(i));
         const int width = widths.Of(text);
         if (width <= sum)
             continue;
         sum = width;
         widest = std::move(text);
     }
-    return std::max(sum, TextWidth(dc, OneLine(widest)));
+    return std::max(sum, TextWidth(dc, widest));
+}
+
+/// Tells screen readers of the rows, which the window itself knows nothing of.
+class TAccessibleRows final : public TNumberedObject {
+public:
+    using TNumberedObject::TNumberedObject;
+
+    HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
+        const int row = RowOf(child);
+        if (row < 0)
+            return System().get_accName(child, name);
+        try {
+            return GiveText(List()->RowText(row), name);
+        } catch (...) { // no exception may cross into the other program
+            return E_OUTOFMEMORY;
+        }
+    }
+    HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override {
+        *role = Number(RowOf(child) < 0 ? ROLE_SYSTEM_LIST : ROLE_SYSTEM_LISTITEM);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
+        const int row = RowOf(child);
+        if (row < 0)
+            return System().get_accState(child, state);
+        *state = Number(STATE_SYSTEM_SELECTABLE | (row == List()->GetRow() ? STATE_SYSTEM_SELECTED : 0) |
+                        (PlaceOf(row).IsEmpty() ? STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE : 0));
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
+        *children = {};
+        if (const TChoiceListBox* list = List(); list && list->GetRow() >= 0)
+            *children = Number(list->GetRow() + 1);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE accLocation(long* left, long* top, long* width, long* height, VARIANT child) override {
+        const int row = RowOf(child);
+        return row < 0 ? System().accLocation(left, top, width, height, child)
+                       : GivePlace(PlaceOf(row), left, top, width, height);
+    }
+    HRESULT STDMETHODCALLTYPE accHitTest(long left, long top, VARIANT* child) override {
+        TChoiceListBox* list = List();
+        const int row = list ? list->RowAt(list->ScreenToClient({static_cast<int>(left), static_cast<int>(top)})) : -1;
+        if (row < 0)
+            return System().accHitTest(left, top, child);
+        *child = Number(row + 1);
+        return S_OK;
+    }
+
+protected:
+    LONG Count() const override { return List() ? List()->GetRowCount() : 0; }
+
+private:
+    TChoiceListBox* List() const { return As<TChoiceListBox>(FindControl(Window())); }
+    /// -1 for the list itself, and for what there is not.
+    int RowOf(VARIANT child) const {
+        return child.vt == VT_I4 && child.lVal > 0 && child.lVal <= Count() ? static_cast<int>(child.lVal) - 1 : -1;
+    }
+    /// Empty for a row that is scrolled away.
+    TRect PlaceOf(int row) const {
+        const RECT whole = ToWin(List()->ItemRect(row));
+        const RECT client = ToWin(List()->GetClientRect());
+        RECT shown{};
+        IntersectRect(&shown, &whole, &client);
+        return FromWin(shown);
+    }
+};
+
+} // namespace
+
+int TChoiceListWidth::For(const TControlStrings& items, const TFont& font, int dropDownCount) {
+    const LOGFONTW described = font.GetLogFont();
+    if (FVersion != items.GetVersion() || std::memcmp(&FFont, &described, sizeof(FFont)) != 0) {
+        FWidest = WidestText(items, font);
+        FVersion = items.GetVersion();
+        FFont = described;
+    }
+    const bool scrolls = items.GetCount() > ShownRows(items.GetCount(), dropDownCount);
+    return FWidest + 2 * (ChoiceRowMargin + ChoiceListBorder) + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0);
+}
+
+String ClipboardLine(HWND window) {
+    const std::optional<String> text = ClipboardText(window);
+    return text ? Trim(OneLine(*text)) : String();
 }
 
 // The rows
@@ -82,14 +168,27 @@ void TChoiceListBox::CNDrawItem(TMessage& message) {
                     [this](int index, TRect rect, TOwnerDrawState state) { DrawItem(index, rect, state); });
 }
 
-void TChoiceListBox::SetRowCount(int value) {
-    FRowCount = value;
+void TChoiceListBox::SetRows(const TStrings* texts) {
+    FTexts = texts;
+    FRowCount = texts->GetCount();
     FRow = -1;
     if (!HandleAllocated())
         return;
-    Send(LB_SETCOUNT, static_cast<WPARAM>(value));
+    Send(LB_SETCOUNT, static_cast<WPARAM>(FRowCount));
     Send(LB_SETCURSEL, static_cast<WPARAM>(-1));
     Invalidate();
+}
+
+String TChoiceListBox::RowText(int row) const {
+    return FTexts && row >= 0 && row < FTexts->GetCount() ? OneLine(FTexts->Get(row)) : String();
+}
+
+void TChoiceListBox::Dispatch(TMessage& message) {
+    const auto make = [](HWND window, IAccessible* system) -> TAccessibleObject* {
+        return new TAccessibleRows(window, system);
+    };
+    if (message.Msg != WM_GETOBJECT || !AnswerWithObject(FHandle, message, make))
+        TListBox::Dispatch(message);
 }
 
 int TChoiceListBox::GetRow() const {
@@ -150,8 +249,9 @@ int Tform_list::Scaled(int pixels) const {
     return MulDiv(pixels, TheScreen().GetPixelsPerInch(TargetWindow()), 96);
 }
 
-void Tform_list::SetItems(const TStrings* items, int dropDownCount) {
-    FItems = items;
+void Tform_list::SetItems(const TControlStrings& items, TChoiceListWidth& width, int dropDownCount) {
+    FItems = &items;
+    FNeededWidth = &width;
     FDropDownCount = dropDownCount;
 }
 
@@ -173,13 +273,12 @@ void Tform_list::Prepare() {
     }
     FRowHeight = TTextMeasure(*FNormalFont).LineHeight() + Scaled(kRowPadding);
     list_box->SetItemHeight(FRowHeight + 1);
-    const int count = FItems ? FItems->GetCount() : 0;
-    if (list_box->GetRowCount() != count)
-        list_box->SetRowCount(count);
+    if (!FItems)
+        return;
+    if (list_box->GetRowCount() != FItems->GetCount())
+        list_box->SetRows(FItems);
     // In the font of what matches, should all of it match.
-    FWidth = (FItems ? WidestText(*FItems, *FMatchFont) : 0) + 2 * (ChoiceRowMargin + ChoiceListBorder);
-    if (count > ShownRows(count, FDropDownCount))
-        FWidth += GetSystemMetrics(SM_CXVSCROLL);
+    FWidth = FNeededWidth->For(*FItems, *FMatchFont, FDropDownCount);
 }
 
 TRect Tform_list::PlaceFor(const TRect& target, const TRect& workArea) const {
@@ -216,8 +315,7 @@ void Tform_list::list_boxDrawItem(TWinControl*, int index, TRect rect, TOwnerDra
         const RECT row = ToWin(rect);
         FillRect(dc, &row, brush.Get());
     }
-    if (FItems && index < FItems->GetCount())
-        DrawRow(dc, rect, OneLine(FItems->Get(index)));
+    DrawRow(dc, rect, list_box->RowText(index));
 }
 
 void Tform_list::DrawRow(HDC dc, const TRect& rect, StringView text) const {

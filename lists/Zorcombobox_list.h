@@ -5,13 +5,27 @@
 // so that opening costs no more than finding the widest of them.
 
 #include "foundation/Zorpopup.h"
+#include "framework/windows/controlstrings.h"
 #include "framework/windows/listbox.h"
 #include "lists/Zorcombobox_list_rules.h"
 
 namespace ZOR {
 
-/// The width in pixels of the text that needs most, in one line. 100,000 texts take some milliseconds.
-int WidestText(const TStrings& items, const TFont& font);
+/// How wide a list has to be for its items. 100,000 of them take some milliseconds, so the answer is kept until they or
+/// the font are others.
+class TChoiceListWidth {
+public:
+    /// Pixels, with the border and, where not all items show at once, the scroll bar.
+    int For(const TControlStrings& items, const TFont& font, int dropDownCount);
+
+private:
+    LOGFONTW FFont{};      // all zero: nothing is known yet
+    unsigned FVersion = 0; // of the items
+    int FWidest = 0;       // of their texts
+};
+
+/// The text of the clipboard as a choice field takes it: in one line, without blanks around; empty where there is none.
+String ClipboardLine(HWND window);
 
 /// The rows of the list. They stay in the field; the window knows their number alone. All are of one height, since
 /// each shows one line, so that the window need not measure them one by one.
@@ -22,8 +36,10 @@ public:
     explicit TChoiceListBox(TComponent* owner);
 
     int GetRowCount() const { return FRowCount; }
-    /// None is highlighted then.
-    void SetRowCount(int value);
+    /// As many rows as there are texts now. They have to stay while rows show; none is highlighted then.
+    void SetRows(const TStrings* texts);
+    /// In one line; empty where the texts have become fewer than the rows.
+    String RowText(int row) const;
     /// The highlighted row, -1 for none (LB_GETCURSEL).
     int GetRow() const;
     void SetRow(int value);
@@ -31,6 +47,7 @@ public:
     int RowAt(TPoint point) const;
 
 protected:
+    void Dispatch(TMessage& message) override;
     void CreateParams(TCreateParams& params) override;
     void CreateWnd() override;
     void KeepWindowState() override;
@@ -38,6 +55,7 @@ protected:
 
 private:
     std::shared_ptr<TCanvas> FRowCanvas;
+    const TStrings* FTexts = nullptr;
     int FRowCount = 0;
     int FRow = -1; // while there is no window
 };
@@ -70,8 +88,9 @@ public:
     /// field says so.
     void SetSearchText(const String& value, const TTextFolding& folding);
 
-    /// The items to show, which have to stay while the list is open, and how many rows show at most.
-    void SetItems(const TStrings* items, int dropDownCount);
+    /// The items to show and the width that they need, which both have to stay while the list is open, and how many
+    /// rows show at most.
+    void SetItems(const TControlStrings& items, TChoiceListWidth& width, int dropDownCount);
     /// Brings the list in line with its items, and to its size and place.
     void Fit();
     /// Highlights a row and scrolls it into view; with `atTop` to the top, where others follow it.
@@ -88,7 +107,8 @@ private:
     void FormClose(TObject* sender, TCloseAction& action);
     int Scaled(int pixels) const;
 
-    const TStrings* FItems = nullptr;
+    const TControlStrings* FItems = nullptr;
+    TChoiceListWidth* FNeededWidth = nullptr;
     std::unique_ptr<TFont> FNormalFont;
     std::unique_ptr<TFont> FMatchFont;
     TTextFolder FFolder{TTextFolding{}};

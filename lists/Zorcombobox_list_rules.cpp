@@ -28,13 +28,6 @@ int StepRows(int current, int count, int step) {
     return count <= 0 ? -1 : std::clamp(std::max(current, 0) + step, 0, count - 1);
 }
 
-String OneLine(StringView text) {
-    String line(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char16_t unit) { return unit < u' ' || unit == 0x7F; }, u' ');
-    return line;
-}
-
 bool ReadsRightToLeft(StringView text) {
     for (const char16_t unit : text) {
         if ((unit >= 0x0590 && unit <= 0x08FF) || (unit >= 0xFB1D && unit <= 0xFDFF) ||

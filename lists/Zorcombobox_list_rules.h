@@ -26,9 +26,6 @@ int StepRow(int current, int count, int step);
 /// The same by several rows at once, as far as there are rows.
 int StepRows(int current, int count, int step);
 
-/// A text as one line: what breaks lines, and other control characters, become blanks, so that positions stay.
-String OneLine(StringView text);
-
 /// True for texts that are read from right to left: the first letter that has a direction decides.
 bool ReadsRightToLeft(StringView text);
 

@@ -2,7 +2,7 @@
 
 #include "foundation/Zorpackage.h"
 #include "framework/system/strings.h"
-#include "framework/windows/clipboard.h"
+#include "framework/windows/inputmethod.h"
 
 #include <algorithm>
 
@@ -23,9 +23,6 @@ bool IsEditing(UINT message) {
     case WM_CLEAR:
     case WM_UNDO:
     case EM_UNDO:
-    case WM_IME_CHAR:
-    case WM_IME_COMPOSITION:
-    case WM_IME_ENDCOMPOSITION:
     case WM_CONTEXTMENU:
         return true;
     default:
@@ -127,53 +124,50 @@ void TZORComboBoxnew::Clear() {
 }
 
 void TZORComboBoxnew::ShowItems(bool shown) {
-    if (shown)
+    if (shown) {
+        DropLostText();
         ItemsEdited();
+    }
 }
 
-void TZORComboBoxnew::ItemInserted(int index, const String&) {
-    const auto follow = [index](int& item) { item += item >= index ? 1 : 0; };
+void TZORComboBoxnew::ItemInserted(int index, const String& text) {
     if (!IsLoading())
-        follow(FItemIndex);
-    follow(FToldItem);
-    if (FBefore)
-        follow(FBefore->Item);
+        FShown.ItemInserted(index, text);
+    FMemory.ItemInserted(index, text);
     ItemsEdited();
 }
 
 void TZORComboBoxnew::ItemDeleted(int index) {
-    const auto follow = [index](int& item) {
-        if (item == index)
-            item = -1;
-        else if (item > index)
-            --item;
-    };
-    const bool chosen = FItemIndex == index;
-    follow(FItemIndex);
-    follow(FToldItem);
-    if (FBefore)
-        follow(FBefore->Item);
-    if (chosen && ChoosesFromList())
-        ShowText({});
+    FItemLost = FItemLost || FShown.Item == index;
+    FShown.ItemDeleted(index);
+    FMemory.ItemDeleted(index);
+    DropLostText();
     ItemsEdited();
 }
 
 void TZORComboBoxnew::ItemsCleared() {
-    const bool chosen = std::exchange(FItemIndex, -1) >= 0;
-    FToldItem = -1;
-    if (FBefore)
-        FBefore->Item = -1;
-    if (chosen && ChoosesFromList())
-        ShowText({});
+    FItemLost = FItemLost || FShown.Item >= 0;
+    FShown.ItemsCleared();
+    FMemory.ItemsCleared();
+    DropLostText();
     ItemsEdited();
 }
 
 void TZORComboBoxnew::ItemsReplaced() {
-    FItemIndex = -1; // until it is told where the chosen one has gone
-    FToldItem = -1;
-    if (FBefore)
-        FBefore->Item = FBefore->Text.empty() ? -1 : FItems->IndexOf(FBefore->Text);
+    FShown.ItemsReplaced(*FItems);
+    FMemory.ItemsReplaced(*FItems);
     ItemsEdited();
+}
+
+/// Where only items can be chosen, the text of one that has gone goes too; it may come back while items are filled in
+/// anew.
+void TZORComboBoxnew::DropLostText() {
+    if (FItems->IsUpdating() || !std::exchange(FItemLost, false))
+        return;
+    if (ChoosesFromList() && FShown.Item < 0) {
+        ShowText({});
+        FMemory.NoteText({});
+    }
 }
 
 /// Brings the open list in line, once for however many changes a handler makes.
@@ -187,11 +181,11 @@ void TZORComboBoxnew::ItemsEdited() {
 void TZORComboBoxnew::Loaded() {
     TZORArrowField::Loaded();
     // A text form names the item before it has listed the items.
-    if (FItemIndex >= 0)
-        SetItemIndex(FItemIndex);
+    if (FShown.Item >= 0)
+        SetItemIndex(FShown.Item);
     else
         FollowText();
-    FToldItem = FItemIndex;
+    FMemory.Note(FShown);
 }
 
 // The choice
@@ -204,51 +198,50 @@ void TZORComboBoxnew::ShowText(const String& text) {
     SetText(text);
 }
 
+void TZORComboBoxnew::Show(const TShownChoice& choice) {
+    FShown.Item = choice.Item;
+    ShowText(choice.Text);
+}
+
 void TZORComboBoxnew::Choose(int item) {
-    FItemIndex = item;
-    ShowText(item >= 0 ? OneLine(FItems->Get(item)) : String());
+    Show({item >= 0 ? OneLine(FItems->Get(item)) : String(), item});
 }
 
 void TZORComboBoxnew::SetItemIndex(int value) {
     if (IsLoading()) {
-        FItemIndex = value; // the items may follow
+        FShown.Item = value; // the items may follow
         return;
     }
-    FBefore.reset();
     Choose(value >= 0 && value < FItems->GetCount() ? value : -1);
-    FToldItem = FItemIndex;
+    FMemory.Set(FShown);
     ShowMatch();
 }
 
 /// The item whose text stands in the field, letter case aside; the present one where several have it.
 void TZORComboBoxnew::FollowText() {
-    const String text = GetText();
-    if (FItemIndex >= 0 && FItemIndex < FItems->GetCount() && AnsiSameText(OneLine(FItems->Get(FItemIndex)), text))
+    const auto isShown = [this](int item) { return AnsiSameText(OneLine(FItems->Get(item)), FShown.Text); };
+    if (FShown.Item >= 0 && FShown.Item < FItems->GetCount() && isShown(FShown.Item))
         return;
-    FItemIndex = -1;
+    FShown.Item = -1;
+    if (FShown.Text.empty())
+        return;
     const TChoiceIndex& index = Index();
-    for (int from = 0;;) {
-        const int item = index.Find(text, TMatchPlace::Whole, from).Item;
-        if (item < 0)
-            return;
-        if (AnsiSameText(FItems->Get(item), text)) {
-            FItemIndex = item;
-            return;
-        }
-        from = item + 1; // folded they are the same, yet accents differ
-    }
+    int item = index.Find(FShown.Text, TMatchPlace::Whole).Item;
+    while (item >= 0 && !isShown(item)) // folded they are the same, yet accents differ
+        item = index.Find(FShown.Text, TMatchPlace::Whole, item + 1).Item;
+    FShown.Item = item;
 }
 
 int TZORComboBoxnew::get_id_sel() const {
-    if (FItemIndex < 0 || FItemIndex >= FItems->GetCount())
+    if (FShown.Item < 0 || FShown.Item >= FItems->GetCount())
         return -1;
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(FItems->GetItemObject(FItemIndex)));
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(FItems->GetItemObject(FShown.Item)));
 }
 
-/// Tells of what the person has brought about since the field showed this.
-void TZORComboBoxnew::Tell(const TShown& before) {
+/// Tells of what the person has brought about.
+void TZORComboBoxnew::Tell() {
     TLifeGuard alive(*this);
-    if (GetText() != before.Text)
+    if (FMemory.TextIsNews(FShown.Text))
         TZORArrowField::Change();
     if (alive)
         TellChoice();
@@ -256,26 +249,22 @@ void TZORComboBoxnew::Tell(const TShown& before) {
 
 /// Tells of the item where it is not the one told of last: one that was typed in full is a choice only now.
 void TZORComboBoxnew::TellChoice() {
-    if (FItemIndex < 0 || FItemIndex == FToldItem)
-        return;
-    FToldItem = FItemIndex;
-    Fire(*this, OnSelect, this);
+    if (FMemory.ItemIsNews(FShown.Item))
+        Fire(*this, OnSelect, this);
 }
 
 /// The field is done with: a text that is no item's gives way to the choice told of last where only items can be
 /// chosen, and to what was there before where none was.
 void TZORComboBoxnew::Settle() {
-    const TShown before{GetText(), FItemIndex};
-    if (ChoosesFromList() && FItemIndex < 0 && !before.Text.empty() && (FToldItem >= 0 || FBefore)) {
-        if (FToldItem >= 0) {
-            Choose(FToldItem);
-        } else {
-            FItemIndex = FBefore->Item;
-            ShowText(FBefore->Text);
-        }
-        FBefore.reset();
+    const int told = FMemory.Told().Item;
+    if (ChoosesFromList() && FShown.Item < 0 && !FShown.Text.empty() && (told >= 0 || FMemory.Before())) {
+        if (told >= 0)
+            Choose(told);
+        else
+            Show(*FMemory.Before());
+        FMemory.End();
     }
-    Tell(before);
+    Tell();
 }
 
 // The search
@@ -366,11 +355,12 @@ void TZORComboBoxnew::InsertText(const String& inserted) {
 }
 
 void TZORComboBoxnew::Paste() {
-    if (const std::optional<String> given = ClipboardText(GetHandle()))
-        InsertText(Trim(OneLine(*given)));
+    if (const String given = ClipboardLine(GetHandle()); !given.empty())
+        InsertText(given);
 }
 
 void TZORComboBoxnew::Change() {
+    FShown.Text = GetText();
     if (FQuietly)
         return;
     if (FByPerson)
@@ -381,12 +371,14 @@ void TZORComboBoxnew::Change() {
 
 /// The program has made the text another.
 void TZORComboBoxnew::TextSet() {
-    FBefore.reset();
-    if (const String text = GetText(); OneLine(text) != text)
-        ShowText(Trim(OneLine(text))); // lines that were added one by one
+    if (OneLine(FShown.Text) != FShown.Text)
+        ShowText(Trim(OneLine(FShown.Text))); // lines that were added one by one
     FollowText();
-    if (!IsInsertingSign()) // which is the person's doing
-        FToldItem = FItemIndex;
+    FMemory.End();
+    if (IsInsertingSign()) // which is the person's doing
+        FMemory.NoteText(FShown.Text);
+    else
+        FMemory.Note(FShown);
     ShowMatch();
 }
 
@@ -399,6 +391,7 @@ void TZORComboBoxnew::TextTyped() {
     if (!alive)
         return;
     ShowMatch();
+    FMemory.NoteText(FShown.Text);
     TZORArrowField::Change();
 }
 
@@ -412,9 +405,13 @@ void TZORComboBoxnew::OpenForSearch() {
 void TZORComboBoxnew::ShowMatch() {
     if (!GetDroppedDown() || FListStale)
         return;
-    const String text = GetText();
-    GetPopup()->SetSearchText(text, MarkFolding());
-    GetPopup()->ShowRow(FItemIndex >= 0 ? FItemIndex : findItemPos(text), true);
+    GetPopup()->SetSearchText(FShown.Text, MarkFolding());
+    GetPopup()->ShowRow(RowToShow(), true);
+}
+
+/// The chosen item, or the first that matches; -1 for none.
+int TZORComboBoxnew::RowToShow() {
+    return FShown.Item >= 0 ? FShown.Item : findItemPos(FShown.Text);
 }
 
 void TZORComboBoxnew::CMTextChanged(TMessage& message) {
@@ -471,10 +468,9 @@ void TZORComboBoxnew::dropdown_pop() {
     list.list_box->OnMouseUp = [this](TObject* sender, TMouseButton button, TShiftState shift, int x, int y) {
         cust_MouseUp(sender, button, shift, x, y);
     };
-    list.SetItems(FItems.get(), FDropDownCount);
+    list.SetItems(*FItems, FListWidth, FDropDownCount);
     FListStale = false;
-    if (!FBefore)
-        FBefore = TShown{GetText(), FItemIndex};
+    FMemory.Begin(FShown);
     POINT pointer{};
     GetCursorPos(&pointer);
     FPointer = FromWin(pointer); // a list that opens under the mouse does not follow it before it moves
@@ -486,9 +482,8 @@ void TZORComboBoxnew::dropdown_pop() {
 
 void TZORComboBoxnew::FormActivateZ() {
     GetPopup()->list_box->SetRow(-1);
-    const bool chosen = FItemIndex >= 0;
-    GetPopup()->SetSearchText(chosen ? String() : GetText(), MarkFolding());
-    GetPopup()->ShowRow(chosen ? FItemIndex : findItemPos(GetText()), false);
+    GetPopup()->SetSearchText(FShown.Item >= 0 ? String() : FShown.Text, MarkFolding());
+    GetPopup()->ShowRow(RowToShow(), false);
     InvalidateArrow();
 }
 
@@ -546,9 +541,9 @@ void TZORComboBoxnew::fit_popup() {
         dropdown_close();
         return;
     }
-    GetPopup()->SetItems(FItems.get(), FDropDownCount);
+    GetPopup()->SetItems(*FItems, FListWidth, FDropDownCount);
     GetPopup()->Fit();
-    GetPopup()->ShowRow(FItemIndex >= 0 ? FItemIndex : findItemPos(GetText()), false);
+    GetPopup()->ShowRow(RowToShow(), false);
 }
 
 TRect TZORComboBoxnew::get_x_y() const {
@@ -602,20 +597,21 @@ void TZORComboBoxnew::Dispatch(TMessage& message) {
             fit_popup();
         return;
     default:
+        if (ComposeApart(FHandle, message))
+            return; // what is composed will be typed
         break;
     }
     if (!IsEditing(message.Msg)) {
         TZORArrowField::Dispatch(message);
         return;
     }
-    if (!FBefore)
-        FBefore = TShown{GetText(), FItemIndex};
+    FMemory.Begin(FShown);
     const TAtScopeEnd restored(*this, [this, outer = std::exchange(FByPerson, true)] { FByPerson = outer; });
     TZORArrowField::Dispatch(message);
 }
 
 void TZORComboBoxnew::DoEnter() {
-    FBefore.reset();
+    FMemory.End();
     if (!BeingClicked())
         SelectAll();
     TZORArrowField::DoEnter();
@@ -628,8 +624,7 @@ void TZORComboBoxnew::DoExit() {
     CloseAnd([this] { Settle(); });
     if (!alive)
         return;
-    FBefore.reset();
-    FToldItem = FItemIndex;
+    FMemory.Set(FShown);
     TZORArrowField::DoExit();
 }
 

@@ -51,7 +51,7 @@ public:
     bool GetCaseSensitive() const { return FCaseSensitive; }
     void SetCaseSensitive(bool value) { FCaseSensitive = value; }
     /// The item chosen, or typed letter by letter; -1 for none. An index that no item has counts as -1.
-    int GetItemIndex() const { return FItemIndex; }
+    int GetItemIndex() const { return FShown.Item; }
     void SetItemIndex(int value);
     bool GetSorted() const;
     void SetSorted(bool value);
@@ -138,17 +138,13 @@ private:
     template <class TOwner>
     friend class framework::TItemStrings;
 
-    struct TShown {
-        String Text;
-        int Item = -1;
-    };
-
     // The items, as TChoiceStrings tells of them
     void ShowItems(bool shown);
     void ItemInserted(int index, const String& text);
     void ItemDeleted(int index);
     void ItemsCleared();
     void ItemsReplaced();
+    void DropLostText();
     void ItemsEdited();
 
     TTextFolding Folding() const;
@@ -156,6 +152,7 @@ private:
     const TChoiceIndex& Index();
     bool ChoosesFromList() const { return FStyle == csDropDownList; }
     void ShowText(const String& text);
+    void Show(const TShownChoice& choice);
     void Choose(int item);
     void FollowText();
     void NormalizeText(TMessage& message);
@@ -167,6 +164,7 @@ private:
     void TextSet();
     void OpenForSearch();
     void ShowMatch();
+    int RowToShow();
     void Step(int step);
     void StepTo(int row);
     void CloseAnd(const std::function<void()>& rest);
@@ -174,7 +172,7 @@ private:
     void Restore();
     void Settle();
     void TellClosedAfter(const std::function<void()>& first);
-    void Tell(const TShown& before);
+    void Tell();
     void TellChoice();
     bool BringListInLine();
     bool HandleOwnKey(WORD key, TShiftState shift);
@@ -185,10 +183,10 @@ private:
     std::unique_ptr<Tform_dropdown_loader> FLoader; // from the first use on
     TTimer FCloseTimer{nullptr};
     TTimer FAccTimer{nullptr};
-    std::optional<TShown> FBefore; // what Esc brings back
-    TPoint FPointer;               // where the mouse was over the list last, on the screen
-    int FItemIndex = -1;
-    int FToldItem = -1; // the item that OnSelect has told of, or that the program has set
+    TChoiceListWidth FListWidth;
+    TShownChoice FShown;   // now
+    TChoiceMemory FMemory; // Esc goes back to when the person entered the field, or chose last
+    TPoint FPointer;       // where the mouse was over the list last, on the screen
     int FDropDownCount = 10;
     TBehavior FBehavior = beStandard;
     TComboBoxStyle FStyle = csDropDown;
@@ -203,6 +201,7 @@ private:
     bool FQuietly = false;     // what changes the text now is not to be told of
     bool FHoldCloseUp = false; // the closing of the list is told of later
     bool FClosing = false;     // the field closes its list itself
+    bool FItemLost = false;    // the item that showed has gone since the items began to change
     bool FListStale = false;   // the items have changed since the open list was brought in line
     bool FSignRefused = false; // the letter of the popup of extra letters did not go in
 };

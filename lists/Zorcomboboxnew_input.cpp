@@ -15,7 +15,7 @@ constexpr int kWheelRows = 3; // that the wheel scrolls the open list at a notch
 // The choice by the person
 
 void TZORComboBoxnew::Step(int step) {
-    const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FItemIndex;
+    const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FShown.Item;
     const bool byOne = step == 1 || step == -1;
     StepTo(byOne ? StepRow(current, GetItems()->GetCount(), step) : StepRows(current, GetItems()->GetCount(), step));
 }
@@ -23,9 +23,7 @@ void TZORComboBoxnew::Step(int step) {
 void TZORComboBoxnew::StepTo(int row) {
     if (row < 0 || row >= GetItems()->GetCount() || GetReadOnly())
         return;
-    const TShown before{GetText(), FItemIndex};
-    if (!FBefore)
-        FBefore = before;
+    FMemory.Begin(FShown);
     Choose(row);
     if (GetDroppedDown()) {
         GetPopup()->ShowRow(row, false);
@@ -35,7 +33,7 @@ void TZORComboBoxnew::StepTo(int row) {
         SelectAll();
     else
         SetSelStart(GetTextLen());
-    Tell(before);
+    Tell();
 }
 
 /// Closes the list, then does the rest, and tells of the closing last.
@@ -62,28 +60,25 @@ void TZORComboBoxnew::TakeRow(int row) {
             TellChoice();
             return;
         }
-        const TShown before{GetText(), FItemIndex};
-        FBefore.reset();
+        FMemory.End();
         Choose(row);
         SelectAll();
-        Tell(before);
+        Tell();
     });
 }
 
 /// Brings back the text and the item from before the list opened or something was typed.
 void TZORComboBoxnew::Restore() {
     CloseAnd([this] {
-        if (!FBefore)
+        const std::optional<TShownChoice> before = FMemory.TakeBefore();
+        if (!before)
             return;
-        const TShown back = *std::exchange(FBefore, std::nullopt);
-        const TShown before{GetText(), FItemIndex};
-        FItemIndex = back.Item;
-        ShowText(back.Text);
+        Show(*before);
         FollowText(); // the items may be others by now
-        if (FItemIndex < 0)
-            FToldItem = -1;
+        if (FShown.Item < 0)
+            FMemory.NoteItem(-1);
         SelectAll();
-        Tell(before);
+        Tell();
     });
 }
 
@@ -130,9 +125,9 @@ void TZORComboBoxnew::cust_acc_OnTimer(TObject*) {
         cust_KeyUp(FHeldKey);
         return;
     }
-    const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FItemIndex;
+    const int current = GetDroppedDown() ? GetPopup()->list_box->GetRow() : FShown.Item;
     const int next = StepRow(current, GetItems()->GetCount(), FHeldKey == VK_UP ? -1 : 1);
-    if (next != FItemIndex)
+    if (next != FShown.Item)
         StepTo(next);
 }
 
@@ -205,7 +200,7 @@ void TZORComboBoxnew::cust_KeyUp(WORD key) {
 
 /// Keys that the form would have otherwise. True: dealt with.
 bool TZORComboBoxnew::HandlePopupKey(TMessage& message) {
-    const bool typed = FBefore && FBefore->Text != GetText();
+    const bool typed = FMemory.Before() && FMemory.Before()->Text != FShown.Text;
     switch (message.WParam) {
     case VK_ESCAPE:
         if (!GetDroppedDown() && !typed)
@@ -237,7 +232,7 @@ bool TZORComboBoxnew::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mou
         TChoiceListBox& list = *GetPopup()->list_box;
         list.SetTopIndex(std::max(list.GetTopIndex() - notches * kWheelRows, 0));
     } else if (notches != 0) {
-        StepTo(FItemIndex < 0 ? 0 : StepRows(FItemIndex, GetItems()->GetCount(), -notches));
+        StepTo(FShown.Item < 0 ? 0 : StepRows(FShown.Item, GetItems()->GetCount(), -notches));
     }
     return true;
 }

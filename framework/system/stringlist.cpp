@@ -6,7 +6,7 @@
 #include "framework/system/updates.h"
 
 #include <algorithm>
-#include <iterator>
+#include <limits>
 #include <numeric>
 
 namespace framework {
@@ -415,27 +415,61 @@ void TStringList::CheckUnsorted() const {
 
 String TStringList::Get(int index) const {
     CheckIndex(index);
-    return FItems[static_cast<std::size_t>(index)].Text;
+    return String(TextOf(ItemAt(index)));
 }
 
 void TStringList::Put(int index, const String& text) {
     CheckUnsorted();
     CheckIndex(index);
     Changing();
-    FItems[static_cast<std::size_t>(index)].Text = text;
+    TItem& item = ItemAt(index);
+    FUsed -= item.Length;
+    if (text.size() <= item.Length) {
+        item.Length = static_cast<std::uint32_t>(text.size());
+        std::ranges::copy(text, FTexts.begin() + item.Start);
+    } else {
+        const TItem longer = MakeItem(text, item.Object);
+        item = longer;
+    }
+    FUsed += item.Length;
+    DropUnusedTexts();
     Changed();
 }
 
 TObject* TStringList::GetItemObject(int index) const {
     CheckIndex(index);
-    return FItems[static_cast<std::size_t>(index)].Object;
+    return ItemAt(index).Object;
 }
 
 void TStringList::PutObject(int index, TObject* object) {
     CheckIndex(index);
     Changing();
-    FItems[static_cast<std::size_t>(index)].Object = object;
+    ItemAt(index).Object = object;
     Changed();
+}
+
+/// An item that is not in the list yet; its text is in FTexts, unused until then.
+TStringList::TItem TStringList::MakeItem(const String& text, TObject* object) {
+    const std::size_t start = FTexts.size();
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - start)
+        throw EListError(u"The list cannot take more text");
+    FTexts += text;
+    return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(text.size()), object};
+}
+
+/// Moves the texts together once most of FTexts belongs to lines that have gone.
+void TStringList::DropUnusedTexts() {
+    constexpr std::size_t kWorthwhile = 1024; // units
+    if (FTexts.size() - FUsed < std::max(FUsed, kWorthwhile))
+        return;
+    String texts;
+    texts.reserve(FUsed);
+    for (TItem& item : FItems) {
+        const StringView text = TextOf(item);
+        item.Start = static_cast<std::uint32_t>(texts.size());
+        texts += text;
+    }
+    FTexts = std::move(texts);
 }
 
 int TStringList::AddObject(const String& text, TObject* object) {
@@ -460,7 +494,7 @@ void TStringList::AddStrings(const TStrings& strings) {
     std::vector<TItem> items;
     const int count = strings.GetCount();
     for (int i = 0; i < count; ++i)
-        items.push_back({strings.Get(i), strings.GetItemObject(i)});
+        items.push_back(MakeItem(strings.Get(i), strings.GetItemObject(i)));
     AddSorted(std::move(items));
 }
 
@@ -471,35 +505,34 @@ void TStringList::SetLines(const std::vector<String>& lines) {
     }
     std::vector<TItem> items;
     for (const String& line : lines)
-        items.push_back({line, nullptr});
-    items = Fresh(std::move(items), false);
-    WithinUpdate(*this, [&] {
-        Clear();
-        FItems = std::move(items);
-    });
+        items.push_back(MakeItem(line, nullptr));
+    ReplaceItems(Fresh(std::move(items), false));
 }
 
 /// Sorted, and without those that may not come in; `beside` those that are there, or in their place.
 std::vector<TStringList::TItem> TStringList::Fresh(std::vector<TItem> items, bool beside) const {
     std::ranges::stable_sort(items, SortOrder());
     std::vector<TItem> fresh;
-    for (TItem& item : items) {
+    for (const TItem& item : items) {
         int index = 0;
-        const bool isThere = (beside && Find(item.Text, index)) || (!fresh.empty() && !SortOrder()(fresh.back(), item));
+        const bool isThere =
+            (beside && Find(TextOf(item), index)) || (!fresh.empty() && !SortOrder()(fresh.back(), item));
         if (!isThere || TakesDuplicate())
-            fresh.push_back(std::move(item));
+            fresh.push_back(item);
     }
     return fresh;
 }
 
 /// One by one, each would move half of those that are there.
 void TStringList::AddSorted(std::vector<TItem> items) {
-    std::vector<TItem> fresh = Fresh(std::move(items), true);
+    const std::vector<TItem> fresh = Fresh(std::move(items), true);
     if (fresh.empty())
         return;
     Changing();
     const auto middle = static_cast<std::ptrdiff_t>(FItems.size());
-    FItems.insert(FItems.end(), std::move_iterator(fresh.begin()), std::move_iterator(fresh.end()));
+    FItems.insert(FItems.end(), fresh.begin(), fresh.end());
+    for (const TItem& item : fresh)
+        FUsed += item.Length;
     std::inplace_merge(FItems.begin(), FItems.begin() + middle, FItems.end(), SortOrder());
     Changed();
 }
@@ -517,27 +550,37 @@ void TStringList::InsertObject(int index, const String& text, TObject* object) {
 
 void TStringList::InsertItem(int index, const String& text, TObject* object) {
     Changing();
-    FItems.insert(FItems.begin() + index, TItem{text, object});
+    FItems.insert(FItems.begin() + index, MakeItem(text, object));
+    FUsed += text.size();
     Changed();
 }
 
 void TStringList::Delete(int index) {
     CheckIndex(index);
     Changing();
-    TObject* object = FItems[static_cast<std::size_t>(index)].Object;
+    const TItem item = ItemAt(index);
     FItems.erase(FItems.begin() + index);
+    FUsed -= item.Length;
+    DropUnusedTexts();
     if (OwnsObjects)
-        delete object;
+        delete item.Object;
     Changed();
 }
 
 void TStringList::Clear() {
-    if (FItems.empty())
-        return;
+    if (!FItems.empty())
+        ReplaceItems({});
+}
+
+void TStringList::ReplaceItems(std::vector<TItem> items) {
     Changing();
-    const std::vector<TItem> items = std::exchange(FItems, {});
+    const std::vector<TItem> gone = std::exchange(FItems, std::move(items));
+    FUsed = 0;
+    for (const TItem& item : FItems)
+        FUsed += item.Length;
+    DropUnusedTexts();
     if (OwnsObjects) {
-        for (const TItem& item : items)
+        for (const TItem& item : gone)
             delete item.Object;
     }
     Changed();
@@ -548,7 +591,7 @@ void TStringList::Exchange(int first, int second) {
     CheckIndex(first);
     CheckIndex(second);
     Changing();
-    std::swap(FItems[static_cast<std::size_t>(first)], FItems[static_cast<std::size_t>(second)]);
+    std::swap(ItemAt(first), ItemAt(second));
     Changed();
 }
 
@@ -573,7 +616,7 @@ int TStringList::CompareStrings(StringView left, StringView right) const {
 
 int TStringList::PlaceOf(StringView text) const {
     const auto place =
-        std::ranges::partition_point(FItems, [&](const TItem& item) { return CompareStrings(item.Text, text) < 0; });
+        std::ranges::partition_point(FItems, [&](const TItem& item) { return CompareStrings(TextOf(item), text) < 0; });
     return static_cast<int>(place - FItems.begin());
 }
 
@@ -581,7 +624,7 @@ bool TStringList::Find(StringView text, int& index) const {
     if (!FSorted)
         throw EListError(u"Operation not allowed on unsorted list");
     index = PlaceOf(text);
-    return index < GetCount() && CompareStrings(FItems[static_cast<std::size_t>(index)].Text, text) == 0;
+    return index < GetCount() && CompareStrings(TextOf(ItemAt(index)), text) == 0;
 }
 
 int TStringList::IndexOf(StringView text) const {
@@ -590,7 +633,7 @@ int TStringList::IndexOf(StringView text) const {
         return Find(text, index) ? index : -1;
     }
     const auto found =
-        std::ranges::find_if(FItems, [&](const TItem& item) { return CompareStrings(item.Text, text) == 0; });
+        std::ranges::find_if(FItems, [&](const TItem& item) { return CompareStrings(TextOf(item), text) == 0; });
     return found == FItems.end() ? -1 : static_cast<int>(found - FItems.begin());
 }
 
@@ -635,7 +678,7 @@ void TStringList::CustomSort(const std::function<int(const TStringList& list, in
     std::vector<TItem> sorted;
     sorted.reserve(FItems.size());
     for (const int index : order)
-        sorted.push_back(std::move(FItems[static_cast<std::size_t>(index)]));
+        sorted.push_back(ItemAt(index));
     FItems = std::move(sorted);
     Changed();
 }

@@ -181,23 +181,35 @@ protected:
     virtual void Changing();
 
 private:
+    /// Where in FTexts the text of a line stands. A list of many short texts so takes a fraction of the memory, and one
+    /// allocation in place of one for each.
     struct TItem {
-        String Text;
+        std::uint32_t Start = 0;
+        std::uint32_t Length = 0;
         TObject* Object = nullptr;
     };
 
     void CheckUnsorted() const;
+    TItem& ItemAt(int index) { return FItems[static_cast<std::size_t>(index)]; }
+    const TItem& ItemAt(int index) const { return FItems[static_cast<std::size_t>(index)]; }
+    StringView TextOf(const TItem& item) const { return StringView(FTexts).substr(item.Start, item.Length); }
     auto SortOrder() const {
-        return [this](const TItem& left, const TItem& right) { return CompareStrings(left.Text, right.Text) < 0; };
+        return
+            [this](const TItem& left, const TItem& right) { return CompareStrings(TextOf(left), TextOf(right)) < 0; };
     }
     bool TakesDuplicate() const;
+    TItem MakeItem(const String& text, TObject* object);
+    void DropUnusedTexts();
     std::vector<TItem> Fresh(std::vector<TItem> items, bool beside) const;
     void AddSorted(std::vector<TItem> items);
+    void ReplaceItems(std::vector<TItem> items);
     void SortItems();
     int PlaceOf(StringView text) const;
     void InsertItem(int index, const String& text, TObject* object);
 
     std::vector<TItem> FItems;
+    String FTexts;         // of all lines, and of some that have gone
+    std::size_t FUsed = 0; // units of FTexts that belong to lines
     bool FSorted = false;
     bool FCaseSensitive = false;
 };

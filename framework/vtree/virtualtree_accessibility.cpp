@@ -12,17 +12,10 @@ namespace framework {
 
 namespace {
 
-VARIANT Number(LONG value) {
-    VARIANT result{};
-    result.vt = VT_I4;
-    result.lVal = value;
-    return result;
-}
-
 /// The numbers of several children, as get_accSelection hands them over.
 class TChildNumbers final : public IEnumVARIANT {
 public:
-    explicit TChildNumbers(std::vector<LONG> numbers, std::size_t next = 0)
+    explicit TChildNumbers(std::vector<VARIANT> numbers, std::size_t next = 0)
         : FNumbers(std::move(numbers)), FNext(next) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -45,7 +38,7 @@ public:
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* children, ULONG* fetched) override {
         ULONG given = 0;
         for (; given < count && FNext < FNumbers.size(); ++given)
-            children[given] = Number(FNumbers[FNext++]);
+            children[given] = FNumbers[FNext++];
         if (fetched)
             *fetched = given;
         return given == count ? S_OK : S_FALSE;
@@ -67,26 +60,17 @@ public:
 private:
     ~TChildNumbers() = default;
 
-    std::vector<LONG> FNumbers;
+    std::vector<VARIANT> FNumbers;
     std::size_t FNext;
     LONG FReferences = 1;
 };
 
 } // namespace
 
-class TTreeAccessible final : public TAccessibleObject {
+class TTreeAccessible final : public TNumberedObject {
 public:
-    using TAccessibleObject::TAccessibleObject;
+    using TNumberedObject::TNumberedObject;
 
-    HRESULT STDMETHODCALLTYPE get_accChildCount(long* count) override {
-        const TBaseVirtualTree* tree = Tree();
-        *count = tree ? Columns(*tree) + tree->GetVisibleCount() : 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE get_accChild(VARIANT, IDispatch** object) override {
-        *object = nullptr; // all of them are told of by this object
-        return S_FALSE;
-    }
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
         return Say(child, name, [](TBaseVirtualTree& tree, const TPart& part) {
             if (part.Column)
@@ -158,14 +142,14 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* children) override {
         const TBaseVirtualTree* tree = Tree();
-        std::vector<LONG> numbers;
+        std::vector<VARIANT> numbers;
         for (TVirtualNode* node = tree ? tree->GetFirstSelected() : nullptr; node; node = tree->GetNextSelected(node)) {
             if (const int row = tree->RowOf(node); row >= 0)
-                numbers.push_back(Columns(*tree) + row + 1);
+                numbers.push_back(Number(Columns(*tree) + row + 1));
         }
         *children = {};
         if (numbers.size() == 1) {
-            *children = Number(numbers.front());
+            *children = numbers.front();
         } else if (!numbers.empty()) {
             children->vt = VT_UNKNOWN;
             children->punkVal = new TChildNumbers(std::move(numbers));
@@ -186,12 +170,7 @@ public:
                 return System().accLocation(left, top, width, height, child);
             const TRect place =
                 part.Node ? tree.GetDisplayRect(part.Node, NoColumn) : tree.HeaderCellRect(part.Column->GetIndex());
-            const TPoint corner = tree.ClientToScreen({place.Left, place.Top});
-            *left = corner.X;
-            *top = corner.Y;
-            *width = place.Width();
-            *height = place.Height();
-            return place.IsEmpty() ? S_FALSE : S_OK;
+            return GivePlace(place, left, top, width, height);
         });
     }
     HRESULT STDMETHODCALLTYPE accHitTest(long left, long top, VARIANT* child) override {
@@ -209,30 +188,6 @@ public:
         *child = Number(Columns(*tree) + tree->RowOf(node) + 1);
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE accNavigate(long direction, VARIANT start, VARIANT* end) override {
-        const TBaseVirtualTree* tree = Tree();
-        if (!tree || start.vt != VT_I4)
-            return System().accNavigate(direction, start, end);
-        const LONG first = Columns(*tree);
-        const LONG last = first + tree->GetVisibleCount();
-        LONG to = 0;
-        if (start.lVal == CHILDID_SELF && direction == NAVDIR_FIRSTCHILD)
-            to = 1;
-        else if (start.lVal == CHILDID_SELF && direction == NAVDIR_LASTCHILD)
-            to = last;
-        else if (start.lVal == CHILDID_SELF)
-            return System().accNavigate(direction, start, end);
-        else if (direction == NAVDIR_NEXT || direction == NAVDIR_DOWN)
-            to = start.lVal + 1;
-        else if (direction == NAVDIR_PREVIOUS || direction == NAVDIR_UP)
-            to = start.lVal - 1;
-        *end = {};
-        if (to < 1 || to > last)
-            return S_FALSE;
-        *end = Number(to);
-        return S_OK;
-    }
-
     static LONG Columns(const TBaseVirtualTree& tree) {
         if (!tree.GetHeader()->IsVisible())
             return 0;
@@ -242,11 +197,9 @@ public:
     }
 
 protected:
-    HRESULT QueryOther(REFIID id, void** object) override {
-        if (!IsEqualIID(id, __uuidof(IEnumVARIANT)))
-            return TAccessibleObject::QueryOther(id, object);
-        *object = nullptr; // the system would list windows; without it the children are asked for by number
-        return E_NOINTERFACE;
+    LONG Count() const override {
+        const TBaseVirtualTree* tree = Tree();
+        return tree ? Columns(*tree) + tree->GetVisibleCount() : 0;
     }
 
 private:

@@ -115,6 +115,69 @@ private:
     LONG FReferences = 1;
 };
 
+/// For a window whose parts have no windows. They are numbered from 1, and this object tells of each of them.
+class TNumberedObject : public TAccessibleObject {
+public:
+    using TAccessibleObject::TAccessibleObject;
+
+    HRESULT STDMETHODCALLTYPE get_accChildCount(long* count) override {
+        *count = Count();
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE get_accChild(VARIANT, IDispatch** object) override {
+        *object = nullptr; // all of them are told of by this object
+        return S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE accNavigate(long direction, VARIANT start, VARIANT* end) override {
+        if (start.vt != VT_I4)
+            return System().accNavigate(direction, start, end);
+        const LONG last = Count();
+        LONG to = 0;
+        if (start.lVal == CHILDID_SELF && direction == NAVDIR_FIRSTCHILD)
+            to = 1;
+        else if (start.lVal == CHILDID_SELF && direction == NAVDIR_LASTCHILD)
+            to = last;
+        else if (start.lVal == CHILDID_SELF)
+            return System().accNavigate(direction, start, end);
+        else if (direction == NAVDIR_NEXT || direction == NAVDIR_DOWN)
+            to = start.lVal + 1;
+        else if (direction == NAVDIR_PREVIOUS || direction == NAVDIR_UP)
+            to = start.lVal - 1;
+        *end = {};
+        if (to < 1 || to > last)
+            return S_FALSE;
+        *end = Number(to);
+        return S_OK;
+    }
+
+protected:
+    HRESULT QueryOther(REFIID id, void** object) override {
+        if (!IsEqualIID(id, __uuidof(IEnumVARIANT)))
+            return TAccessibleObject::QueryOther(id, object);
+        *object = nullptr; // the system would list windows; without it the children are asked for by number
+        return E_NOINTERFACE;
+    }
+
+    /// How many parts there are; 0 when the window is gone.
+    virtual LONG Count() const = 0;
+    static VARIANT Number(LONG value) {
+        VARIANT result{};
+        result.vt = VT_I4;
+        result.lVal = value;
+        return result;
+    }
+    /// Gives a place of the window's client area as a place on the screen; S_FALSE for an empty one.
+    HRESULT GivePlace(const TRect& place, long* left, long* top, long* width, long* height) const {
+        POINT corner{place.Left, place.Top};
+        ClientToScreen(Window(), &corner);
+        *left = corner.x;
+        *top = corner.y;
+        *width = place.Width();
+        *height = place.Height();
+        return place.IsEmpty() ? S_FALSE : S_OK;
+    }
+};
+
 /// A text as COM hands it over; S_FALSE for an empty one.
 HRESULT GiveText(const String& text, BSTR* answer);
 

@@ -18,6 +18,7 @@ constexpr ULONGLONG kTypingPause = 1000; // milliseconds after which a typed let
 
 class TComboBoxStrings : public TItemStrings<TCustomComboBox> {
 public:
+    using TItemStrings::IsUpdating;
     using TItemStrings::TItemStrings;
 };
 
@@ -135,7 +136,7 @@ void TCustomComboBox::FillWindow() {
     Send(WM_SETREDRAW, FALSE);
     Send(CB_RESETCONTENT);
     for (int i = 0; i < GetCount(); ++i)
-        ItemInserted(i, FItems->Get(i));
+        InsertIntoWindow(i, FItems->Get(i));
     Send(WM_SETREDRAW, TRUE);
     Invalidate();
 }
@@ -157,11 +158,13 @@ void TCustomComboBox::Loaded() {
 // Items
 
 void TCustomComboBox::ShowItems(bool shown) {
-    if (!GetListHandle())
-        return;
-    Send(WM_SETREDRAW, shown);
-    if (shown)
-        Invalidate();
+    if (GetListHandle()) {
+        Send(WM_SETREDRAW, shown);
+        if (shown)
+            Invalidate();
+    }
+    if (shown && HasEditPart() && !IsLoading())
+        FollowText(); // items that were filled in anew
 }
 
 int TCustomComboBox::GetCount() const {
@@ -173,10 +176,15 @@ TStrings* TCustomComboBox::GetItems() const {
 }
 
 void TCustomComboBox::ItemInserted(int index, const String& text) {
-    if (!HandleAllocated()) {
+    if (HandleAllocated())
+        InsertIntoWindow(index, text);
+    else
         FItemIndex += FItemIndex >= index && !IsLoading() ? 1 : 0;
-        return;
-    }
+    if (!FItems->IsUpdating() && HasEditPart() && !IsLoading() && GetItemIndex() < 0 && AnsiSameText(text, GetText()))
+        FollowText();
+}
+
+void TCustomComboBox::InsertIntoWindow(int index, const String& text) {
     const LRESULT place = Send(CB_INSERTSTRING, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(WideChars(text)));
     if (place < 0)
         throw EOutOfResources(u"The list cannot take more items");

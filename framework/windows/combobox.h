@@ -20,16 +20,13 @@ enum TComboBoxStyle {
 const TEnumInfo& DescribeEnum(TComboBoxStyle);
 
 /// What combo boxes have in common below the choice itself: the two parts, their text and selection.
-class TCustomCombo : public TWinControl {
+class TCustomCombo : public TTextControl {
     FRAMEWORK_CLASS(TCustomCombo)
 
 public:
     FRAMEWORK_PROPERTY(int, DropDownCount, GetDropDownCount, SetDropDownCount);
     FRAMEWORK_PROPERTY(bool, DroppedDown, GetDroppedDown, SetDroppedDown);
     FRAMEWORK_PROPERTY(int, MaxLength, GetMaxLength, SetMaxLength);
-    FRAMEWORK_PROPERTY(int, SelStart, GetSelStart, SetSelStart);
-    FRAMEWORK_PROPERTY(int, SelLength, GetSelLength, SetSelLength);
-    FRAMEWORK_PROPERTY(String, SelText, GetSelText, SetSelText);
 
     /// The person changed the text. Text that the program sets is not announced.
     TNotifyEvent OnChange;
@@ -49,30 +46,16 @@ public:
     /// The number of UTF-16 units a person can enter; 0 or less means no limit.
     int GetMaxLength() const { return FMaxLength; }
     void SetMaxLength(int value);
-    /// The selection of the edit part, in UTF-16 units from 0. Without an edit part nothing is ever selected.
-    int GetSelStart() const { return GetSelection().Start; }
-    void SetSelStart(int value) { SetSelection({value, value}); }
-    int GetSelLength() const;
-    void SetSelLength(int value);
-    String GetSelText() const;
-    /// Replaces the selection as typing would.
-    void SetSelText(const String& value);
-    void SelectAll() { SetSelection({0, INT_MAX}); }
 
     bool Focused() const override;
     void Invalidate() override;
     void WndProc(TMessage& message) override;
 
 protected:
-    struct TSelection {
-        int Start = 0;
-        int End = 0;
-    };
-
     void CreateWnd() override;
     void DestroyHandle() override;
     void ForgetWindow() override;
-    void KeepWindowState() override;
+    HWND TextWindow() const override { return FEdit.Window; }
     void CMRecreateWnd(TMessage& message) override;
     void Dispatch(TMessage& message) override;
     void DefaultHandler(TMessage& message) override;
@@ -93,8 +76,6 @@ protected:
     /// Null without a window, and in styles that have no edit part.
     HWND GetEditHandle() const { return FEdit.Window; }
     HWND GetListHandle() const { return FList.Window; }
-    TSelection GetSelection() const;
-    void SetSelection(TSelection value);
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     /// What the last Change told of, or the program set: an equal text is no change.
     void NoteText() { FReportedText = GetText(); }
@@ -131,7 +112,6 @@ private:
     TPart FList;
     TRouted* FRouted = nullptr;
     String FReportedText;
-    TSelection FSelection; // while there is no window
     int FDropDownCount = 8;
     int FMaxLength = 0;
     bool FSettingText = false;
@@ -206,16 +186,18 @@ protected:
     virtual void MeasureItem(int index, int& height);
     virtual void CNDrawItem(TMessage& message);
     bool HasEditPart() const { return FStyle == csDropDown || FStyle == csSimple; }
+    // The items have become others, as TItemStrings tells of them.
+    virtual void ItemInserted(int index, const String& text);
+    virtual void ItemDeleted(int index);
+    virtual void ItemsCleared();
+    virtual void ItemsReplaced();
 
 private:
     template <class TOwner>
     friend class TItemStrings;
 
     void ShowItems(bool shown);
-    void ItemInserted(int index, const String& text);
-    void ItemDeleted(int index);
-    void ItemsCleared();
-    void ItemsReplaced();
+    void InsertIntoWindow(int index, const String& text);
     void FillWindow();
     void WMSetText(TMessage& message);
     void FollowText();

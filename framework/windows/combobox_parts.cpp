@@ -57,7 +57,7 @@ const TClassInfo& TCustomCombo::StaticClass() {
     return info;
 }
 
-TCustomCombo::TCustomCombo(TComponent* owner) : TWinControl(owner) {
+TCustomCombo::TCustomCombo(TComponent* owner) : TTextControl(owner) {
     // The native one captures the mouse by itself and tells when its choice changed.
     FControlStyle >> csCaptureMouse >> csClickEvents;
     SetParentColor(false);
@@ -127,11 +127,6 @@ void TCustomCombo::ForgetWindow() {
     Detach(FEdit);
     Detach(FList);
     TWinControl::ForgetWindow();
-}
-
-void TCustomCombo::KeepWindowState() {
-    FSelection = GetSelection();
-    TWinControl::KeepWindowState();
 }
 
 bool TCustomCombo::OwnsWindow(HWND window) const {
@@ -400,64 +395,6 @@ void TCustomCombo::SetMaxLength(int value) {
     FMaxLength = value;
     if (HandleAllocated())
         Send(CB_LIMITTEXT, static_cast<WPARAM>(value));
-}
-
-// Selection. The edit part is asked itself: CB_GETEDITSEL answers with 16 bits.
-
-TCustomCombo::TSelection TCustomCombo::GetSelection() const {
-    if (!HandleAllocated())
-        return FSelection;
-    DWORD start = 0;
-    DWORD end = 0;
-    if (FEdit.Window)
-        SendMessageW(FEdit.Window, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    return {static_cast<int>(start), static_cast<int>(end)};
-}
-
-void TCustomCombo::SetSelection(TSelection value) {
-    const int length = GetTextLen();
-    value.Start = std::clamp(value.Start, 0, length);
-    value.End = std::clamp(value.End, value.Start, length);
-    if (!HandleAllocated()) {
-        FSelection = value;
-    } else if (FEdit.Window) {
-        SendMessageW(FEdit.Window, EM_SETSEL, static_cast<WPARAM>(value.Start), value.End);
-        SendMessageW(FEdit.Window, EM_SCROLLCARET, 0, 0);
-    }
-}
-
-int TCustomCombo::GetSelLength() const {
-    const TSelection selection = GetSelection();
-    return selection.End - selection.Start;
-}
-
-void TCustomCombo::SetSelLength(int value) {
-    const int start = GetSelStart();
-    SetSelection({start, start + std::clamp(value, 0, INT_MAX - start)});
-}
-
-String TCustomCombo::GetSelText() const {
-    const TSelection selection = GetSelection();
-    const String text = GetText();
-    const auto start = std::min(static_cast<std::size_t>(selection.Start), text.size());
-    return text.substr(start, static_cast<std::size_t>(selection.End - selection.Start));
-}
-
-void TCustomCombo::SetSelText(const String& value) {
-    if (FEdit.Window) {
-        SendMessageW(FEdit.Window, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(WideChars(value)));
-        return;
-    }
-    if (HandleAllocated())
-        return; // no text can be typed here
-    const TSelection selection = FSelection;
-    String text = GetText();
-    text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
-                 value);
-    TLifeGuard alive(*this);
-    SetText(text);
-    if (alive)
-        SetSelStart(selection.Start + static_cast<int>(value.size()));
 }
 
 } // namespace framework

@@ -113,7 +113,7 @@ const TClassInfo& TEdit::StaticClass() {
     return info;
 }
 
-TCustomEdit::TCustomEdit(TComponent* owner) : TWinControl(owner) {
+TCustomEdit::TCustomEdit(TComponent* owner) : TTextControl(owner) {
     FControlStyle >> csCaptureMouse; // the native control captures by itself while text is being selected
     SetBounds(0, 0, kInitialWidth, kInitialHeight);
     SetParentColor(false);
@@ -145,19 +145,19 @@ void TCustomEdit::CreateParams(TCreateParams& params) {
 }
 
 void TCustomEdit::CreateWnd() {
+    const TSelection selection = GetSelection();
     TWinControl::CreateWnd();
     if (FPasswordChar)
         SendMessageW(FHandle, EM_SETPASSWORDCHAR, FPasswordChar, 0);
     DoSetMaxLength(std::max(FMaxLength, 0));
-    SetSelection(FSelection);
+    SetSelection(selection);
     SendMessageW(FHandle, EM_SETMODIFY, FModified, 0);
     FReportedText = GetText();
 }
 
 void TCustomEdit::KeepWindowState() {
-    FSelection = GetSelection();
     FModified = GetModified();
-    TWinControl::KeepWindowState();
+    TTextControl::KeepWindowState();
 }
 
 bool TCustomEdit::IsMultiLine() const {
@@ -262,69 +262,7 @@ void TCustomEdit::AdjustSize() {
         SetBounds(GetLeft(), GetTop(), GetWidth(), GetFittingHeight());
 }
 
-// Selection
-
-TCustomEdit::TSelection TCustomEdit::GetSelection() const {
-    if (!HandleAllocated())
-        return FSelection;
-    DWORD start = 0;
-    DWORD end = 0;
-    SendMessageW(FHandle, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    return {static_cast<int>(start), static_cast<int>(end)};
-}
-
-void TCustomEdit::SetSelection(TSelection value) {
-    // A window takes -1 as "everything" and clips the rest; without one the text is clipped here in the same way.
-    const int length = static_cast<int>(GetText().size());
-    value.Start = std::clamp(value.Start, 0, length);
-    value.End = std::clamp(value.End, value.Start, length);
-    if (!HandleAllocated()) {
-        FSelection = value;
-        return;
-    }
-    SendMessageW(FHandle, EM_SETSEL, static_cast<WPARAM>(value.Start), value.End);
-    SendMessageW(FHandle, EM_SCROLLCARET, 0, 0);
-}
-
-void TCustomEdit::SetSelStart(int value) {
-    SetSelection({value, value});
-}
-
-int TCustomEdit::GetSelLength() const {
-    const TSelection selection = GetSelection();
-    return selection.End - selection.Start;
-}
-
-void TCustomEdit::SetSelLength(int value) {
-    const int start = GetSelStart();
-    SetSelection({start, start + std::clamp(value, 0, INT_MAX - start)});
-}
-
-String TCustomEdit::GetSelText() const {
-    const TSelection selection = GetSelection();
-    const String text = GetText();
-    const auto start = std::min(static_cast<std::size_t>(selection.Start), text.size());
-    return text.substr(start, static_cast<std::size_t>(selection.End - selection.Start));
-}
-
-void TCustomEdit::SetSelText(const String& value) {
-    if (HandleAllocated()) {
-        SendMessageW(FHandle, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(WideChars(value)));
-        return;
-    }
-    const TSelection selection = FSelection;
-    String text = GetText();
-    text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
-                 value);
-    TLifeGuard alive(*this);
-    SetText(text);
-    if (alive)
-        SetSelStart(selection.Start + static_cast<int>(value.size()));
-}
-
-void TCustomEdit::SelectAll() {
-    SetSelection({0, INT_MAX});
-}
+// Commands
 
 void TCustomEdit::ClearSelection() {
     SendMessageW(GetHandle(), WM_CLEAR, 0, 0);
@@ -394,7 +332,7 @@ void TCustomEdit::DefaultHandler(TMessage& message) {
 
 void TCustomEdit::WMSetText(TMessage& message) {
     if (!HandleAllocated()) {
-        FSelection = {};
+        SetSelection({});
         FModified = false;
     }
     if (FCharCase == ecNormal || !message.LParam) {

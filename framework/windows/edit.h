@@ -3,14 +3,14 @@
 // Single-line text entry over the native EDIT window. The base class carries everything that other text fields build
 // on: selection, limits, and one change event for each change, whoever made it.
 
-#include "framework/windows/wincontrol.h"
+#include "framework/windows/textcontrol.h"
 
 namespace framework {
 
 enum TEditCharCase { ecNormal, ecUpperCase, ecLowerCase };
 const TEnumInfo& DescribeEnum(TEditCharCase);
 
-class TCustomEdit : public TWinControl {
+class TCustomEdit : public TTextControl {
     FRAMEWORK_CLASS(TCustomEdit)
 
 public:
@@ -24,9 +24,6 @@ public:
     FRAMEWORK_PROPERTY(bool, NumbersOnly, GetNumbersOnly, SetNumbersOnly);
     FRAMEWORK_PROPERTY(char16_t, PasswordChar, GetPasswordChar, SetPasswordChar);
     FRAMEWORK_PROPERTY(bool, ReadOnly, GetReadOnly, SetReadOnly);
-    FRAMEWORK_PROPERTY(int, SelStart, GetSelStart, SetSelStart);
-    FRAMEWORK_PROPERTY(int, SelLength, GetSelLength, SetSelLength);
-    FRAMEWORK_PROPERTY(String, SelText, GetSelText, SetSelText);
 
     /// The text changed, by the user or by the program: once for each change.
     TNotifyEvent OnChange;
@@ -63,16 +60,6 @@ public:
     /// With AutoSize and a border, the height that fits one line of the font.
     void AdjustSize() override;
 
-    /// Selection in UTF-16 units, from 0. Positions beyond the text are moved to its end.
-    int GetSelStart() const { return GetSelection().Start; }
-    /// Puts the caret there, with nothing selected.
-    void SetSelStart(int value);
-    int GetSelLength() const;
-    void SetSelLength(int value);
-    virtual String GetSelText() const;
-    /// Replaces the selection; the caret follows the new text. The user can undo it (EM_REPLACESEL).
-    void SetSelText(const String& value);
-
     virtual void Clear() { SetText({}); }
     void ClearSelection();
     void CopyToClipboard();
@@ -81,14 +68,8 @@ public:
     void Undo();
     void ClearUndo();
     bool CanUndo() const;
-    void SelectAll();
 
 protected:
-    struct TSelection {
-        int Start = 0;
-        int End = 0;
-    };
-
     void CreateParams(TCreateParams& params) override;
     void CreateWnd() override;
     void KeepWindowState() override;
@@ -106,8 +87,6 @@ protected:
     /// The height in pixels that fits one line of the font within the border.
     virtual int GetFittingHeight() const;
     virtual void CNCommand(TMessage& message);
-    TSelection GetSelection() const;
-    void SetSelection(TSelection value);
     /// Whether the field is just being clicked, so that the click places the caret.
     bool BeingClicked() const { return FPressed; }
     /// True for descendants whose window has several lines.
@@ -116,8 +95,7 @@ protected:
 private:
     void WMSetText(TMessage& message);
 
-    String FReportedText;  // of a single-line window: what OnChange told last
-    TSelection FSelection; // while there is no window
+    String FReportedText; // of a single-line window: what OnChange told last
     int FMaxLength = 0;
     TAlignment FAlignment = taLeftJustify;
     TBorderStyle FBorderStyle = bsSingle;
