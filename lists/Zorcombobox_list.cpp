@@ -105,7 +105,7 @@ private:
     }
     /// Empty for a row that is scrolled away.
     TRect PlaceOf(int row) const {
-        const RECT whole = ToWin(List()->ItemRect(row));
+        const RECT whole = ToWin(List()->RowRect(row));
         const RECT client = ToWin(List()->GetClientRect());
         RECT shown{};
         IntersectRect(&shown, &whole, &client);
@@ -206,6 +206,13 @@ int TChoiceListBox::RowAt(TPoint point) const {
         return -1;
     const int row = GetTopIndex() + point.Y / std::max(GetItemHeight(), 1);
     return row < FRowCount ? row : -1;
+}
+
+TRect TChoiceListBox::RowRect(int row) const {
+    RECT place{};
+    if (HandleAllocated())
+        Send(LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    return FromWin(place);
 }
 
 // The popup

@@ -45,6 +45,8 @@ public:
     void SetRow(int value);
     /// The row at a point of the client area, -1 for none.
     int RowAt(TPoint point) const;
+    /// The place of a row in the client area, outside of it when scrolled away.
+    TRect RowRect(int row) const;
 
 protected:
     void Dispatch(TMessage& message) override;

@@ -29,7 +29,7 @@ void CheckFind(const TStrings& items, const TTextFolding& folding, StringView ty
     int beginning = -1;
     int whole = -1;
     for (int i = items.GetCount() - 1; i >= 0 && !part.empty(); --i) {
-        const String item = items.Get(i);
+        const String item = OneLine(items.Get(i));
         const String folded = folder.Fold(item);
         const std::size_t at = folded.find(part);
         const TTextRange range = MatchedCharacters(item, typed, folder);
@@ -65,7 +65,7 @@ void CheckTyping(const TStrings& items, TBehavior behavior, StringView typed) {
         if (step.Item < 0)
             continue;
         Demand(step.Item == found, "the item of the buffer", step.Buffer);
-        const String item = items.Get(step.Item);
+        const String item = OneLine(items.Get(step.Item));
         Demand(index.Folder().Fold(Copy(item, step.Matched.Start + 1, step.Matched.Length)) == step.Buffer,
                "the highlight is the buffer", item);
     }
@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // UTF-8 has no lone halves of surrogate pairs; a dollar sign makes some.
     for (String& line : lines)
         line = StringReplace(line, u"$$", u"\xD83D", TReplaceFlags() << rfReplaceAll);
-    typed = StringReplace(typed, u"$$", u"\xD83D", TReplaceFlags() << rfReplaceAll);
+    typed = OneLine(StringReplace(typed, u"$$", u"\xD83D", TReplaceFlags() << rfReplaceAll));
     TStringList items;
     items.SetLines(lines);
     const int bits = data[0] & 7;

@@ -5,7 +5,9 @@
 #include "framework/system/stringlist.h"
 #include "framework/system/strings.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <random>
 
 using namespace framework;
 using namespace std::string_literals;
@@ -263,6 +265,37 @@ TEST(StringList, FreesItsObjectsWithTheirLines) {
         EXPECT_EQ(list.IndexOfObject(list.GetItemObject(2)), 2);
     }
     EXPECT_EQ(alive, 0);
+}
+
+TEST(StringList, KeepsItsTextsThroughAnyChanges) {
+    const unsigned randomSeed = std::random_device()();
+    SCOPED_TRACE("randomSeed " + std::to_string(randomSeed));
+    std::mt19937 random(randomSeed);
+    const auto upTo = [&](std::size_t count) { return static_cast<int>(random() % count); };
+    TStringList list;
+    std::vector<String> expected;
+    for (int step = 0; step < 4000; ++step) {
+        const String text(random() % 60, static_cast<char16_t>(u'a' + upTo(26)));
+        const int kind = upTo(100);
+        if (kind == 0) {
+            list.Clear();
+            expected.clear();
+        } else if (kind < 50 || expected.size() < 3) {
+            const int place = upTo(expected.size() + 1);
+            list.Insert(place, text);
+            expected.insert(expected.begin() + place, text);
+        } else if (const int place = upTo(expected.size()); kind < 75) {
+            list.Put(place, text);
+            expected[static_cast<std::size_t>(place)] = text;
+        } else if (kind < 95) {
+            list.Delete(place);
+            expected.erase(expected.begin() + place);
+        } else {
+            list.Move(place, 0);
+            std::rotate(expected.begin(), expected.begin() + place, expected.begin() + place + 1);
+        }
+        ASSERT_EQ(list.GetLines(), expected) << step;
+    }
 }
 
 TEST(StringList, AnnouncesEachChangeOnce) {

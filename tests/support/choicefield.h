@@ -44,9 +44,8 @@ protected:
         return {(area.Left + area.Right) / 2 + 2, area.Bottom / 2 + 2};
     }
     TPoint PlaceOfRow(int row) const {
-        RECT place{};
-        SendMessageW(List().GetHandle(), LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-        return List().ClientToScreen({place.left + 20, (place.top + place.bottom) / 2});
+        const TRect place = List().RowRect(row);
+        return List().ClientToScreen({place.Left + 20, (place.Top + place.Bottom) / 2});
     }
 
     std::unique_ptr<TForm> Form = ShowForm();

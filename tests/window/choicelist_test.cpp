@@ -6,6 +6,8 @@
 #include "tests/support/choicefield.h"
 #include "tests/support/handlecount.h"
 
+#include <oleacc.h>
+
 using namespace framework;
 using namespace ZOR;
 using namespace testsupport;
@@ -132,6 +134,46 @@ TEST_F(ChoiceList, FollowsItsItems) {
     EXPECT_EQ(Field->Text, u"e\u0301");
     PressKey(VK_RETURN);
     EXPECT_EQ(Field->Text, u"e\u0301tage");
+}
+
+TEST_F(ChoiceList, TellsScreenReadersOfItsRows) {
+    Field->DropDownCount = 4;
+    Field->ItemIndex = 2;
+    Open();
+    IAccessible* rows = nullptr;
+    ASSERT_EQ(AccessibleObjectFromWindow(List().GetHandle(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                         reinterpret_cast<void**>(&rows)),
+              S_OK);
+    const auto number = [](LONG value) {
+        VARIANT child{};
+        child.vt = VT_I4;
+        child.lVal = value;
+        return child;
+    };
+    LONG count = 0;
+    rows->get_accChildCount(&count);
+    EXPECT_EQ(count, 6);
+    BSTR name = nullptr;
+    rows->get_accName(number(4), &name);
+    EXPECT_EQ(FromWide(name), u"Łódź");
+    SysFreeString(name);
+    VARIANT answer{};
+    rows->get_accRole(number(4), &answer);
+    EXPECT_EQ(answer.lVal, ROLE_SYSTEM_LISTITEM);
+    rows->get_accSelection(&answer);
+    EXPECT_EQ(answer.lVal, 3);
+    rows->get_accState(number(3), &answer);
+    EXPECT_EQ(answer.lVal, STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_SELECTED);
+    rows->get_accState(number(6), &answer);
+    EXPECT_TRUE(answer.lVal & STATE_SYSTEM_OFFSCREEN);
+    const TPoint point = PlaceOfRow(1);
+    rows->accHitTest(point.X, point.Y, &answer);
+    EXPECT_EQ(answer.lVal, 2);
+    EXPECT_EQ(rows->accNavigate(NAVDIR_NEXT, number(6), &answer), S_FALSE);
+    Field.reset();
+    rows->get_accChildCount(&count);
+    EXPECT_EQ(count, 0) << "it may outlive the list";
+    rows->Release();
 }
 
 TEST_F(ChoiceList, GoesWithItsFieldAndForm) {

@@ -7,6 +7,7 @@
 #include "framework/windows/button.h"
 #include "framework/windows/clipboard.h"
 #include "lists/Zorcombobox.h"
+#include "tests/support/composition.h"
 #include "tests/support/input.h"
 #include "tests/support/signs.h"
 
@@ -157,6 +158,18 @@ TEST_F(SearchCombo, BringsBackTextAndItemOnEsc) {
     EXPECT_EQ(Shown(), u"[Köln]");
     EXPECT_EQ(Box->ItemIndex, 3) << "where its item is now";
     EXPECT_EQ(Taken(), u"change select close ") << "the item told of was another";
+    PressKey(VK_F4);
+    PressKey(VK_UP);
+    Box->Items->Insert(0, u"Aš");
+    EXPECT_EQ(Taken(), u"drop change select ");
+    PressKey(VK_RETURN);
+    EXPECT_EQ(Taken(), u"close ") << "it was told of, wherever it stands now";
+    EXPECT_EQ(Box->ItemIndex, 3);
+    TStringList others;
+    others.SetLines({u"Köln", u"Mönchengladbach"});
+    Box->Items = &others;
+    EXPECT_EQ(Box->Text, u"Mönchengladbach");
+    EXPECT_EQ(Box->ItemIndex, 1) << "filled in anew";
     Box->Style = csSimple;
     Box->Text = u"Olomouc";
     PressKey(VK_ESCAPE);
@@ -230,6 +243,12 @@ TEST_F(SearchCombo, TakesALetterOfThePopupForAKey) {
     ClickSign(*Box->GetExtraSignsForm(), u'ž');
     EXPECT_EQ(Box->Text, u"ž");
     EXPECT_EQ(Taken(), u"change ");
+}
+
+TEST_F(SearchCombo, TakesWhatIsComposedForKeys) {
+    ComposeText(u"möx", [this] { EXPECT_EQ(Box->Text, u"") << "nothing is entered yet"; });
+    EXPECT_EQ(Shown(), u"[Mö]nchengladbach");
+    EXPECT_EQ(Taken(), u"drop change ");
 }
 
 TEST_F(SearchCombo, KeepsItsItemWhenTheMouseOnlyPassesOverOthers) {

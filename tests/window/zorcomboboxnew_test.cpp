@@ -7,6 +7,7 @@
 #include "framework/windows/button.h"
 #include "framework/windows/clipboard.h"
 #include "tests/support/choicefield.h"
+#include "tests/support/composition.h"
 #include "tests/support/signs.h"
 
 #include <gtest/gtest.h>
@@ -357,6 +358,54 @@ TEST_F(ChoiceField, KeepsTheItemThroughChangesOfTheItems) {
     Field->ItemIndex = 99;
     EXPECT_EQ(Field->ItemIndex, -1);
     EXPECT_EQ(Taken(), u"") << "the program's own doing is not announced";
+}
+
+TEST_F(ChoiceField, KeepsTheChoiceWhenItsItemsAreFilledInAnew) {
+    TStringList others;
+    others.SetLines({u"Aachen", u"łódź", u"Brno"});
+    for (const TComboBoxStyle style : {csDropDown, csDropDownList}) {
+        Field->Style = style;
+        Field->Items->SetTextStr(u"Brno\nŁódź\n");
+        Field->ItemIndex = 0;
+        PressKey(VK_DOWN);
+        EXPECT_EQ(Taken(), u"change select ");
+        Field->Items = &others;
+        EXPECT_EQ(Field->ItemIndex, 1);
+        EXPECT_EQ(Field->Text, u"Łódź");
+        PressKey(VK_F4);
+        PressKey(VK_RETURN);
+        EXPECT_EQ(Taken(), u"change close ") << "with its letters as they are now, and no other item";
+        Field->Items->Clear();
+        Field->AddItem(u"Łódź", nullptr);
+        EXPECT_EQ(Field->ItemIndex, style == csDropDown ? 0 : -1) << "gone where only items can be chosen";
+    }
+    Field->Items->SetTextStr(u"Olomouc\n");
+    EXPECT_EQ(Field->Text, u"");
+}
+
+TEST_F(ChoiceField, JudgesWhatIsComposedAsWhatIsTyped) {
+    ComposeText(u"kö", [this] {
+        EXPECT_EQ(Field->Text, u"") << "nothing is entered yet";
+        EXPECT_EQ(Taken(), u"");
+    });
+    EXPECT_EQ(Field->Text, u"k") << "no item has the other behind it";
+    EXPECT_EQ(Row(), 1);
+    EXPECT_EQ(Taken(), u"change ");
+}
+
+TEST_F(ChoiceField, TakesALongTextFromRightToLeft) {
+    const String name =
+        u"\u05D9\u05E8\u05D5\u05E9\u05DC\u05D9\u05DD \u05E9\u05DC \u05DE\u05E2\u05DC\u05D4 "
+        u"\u05D5\u05E9\u05DC \u05DE\u05D8\u05D4 \u05D5\u05DB\u05DC \u05E9\u05DB\u05D5\u05E0\u05D5\u05EA\u05D9\u05D4";
+    Field->BiDiMode = bdRightToLeft;
+    Field->Width = 60;
+    Field->AddItem(name, nullptr);
+    TypeText(name);
+    EXPECT_EQ(Field->Text, name) << "longer than there is room";
+    EXPECT_EQ(Field->ItemIndex, 6);
+    Field->Text = u"";
+    Field->ItemIndex = 6;
+    EXPECT_EQ(Field->Text, name);
 }
 
 TEST_F(ChoiceField, IsReadFromATextFormWithItsItem) {
