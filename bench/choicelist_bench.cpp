@@ -4,7 +4,7 @@
 //   - the search for a text that only the last item has, and for one that none has, against CB_FINDSTRING, which knows
 //     beginnings alone and no accents; the limit for ours is 0.6 ms,
 //   - a key typed into the field, with all that it shows, for both outcomes,
-//   - opening the list until it is painted, against the platform's; the limit is 50 ms,
+//   - opening the list until it is painted, for the first time and again, against the platform's; the limit is 50 ms,
 //   - the memory that the search takes beside the texts, whose limit is three times theirs, and that of all together.
 //
 // Prints medians; nothing is asserted. The file of names is looked for where the gallery keeps it, or given.
@@ -168,7 +168,10 @@ private:
     void Open() {
         FField.SetText({});
         FField.seek_n_destroy();
+        bool first = true; // since the items changed
         const auto ours = [&] {
+            if (first)
+                FField.GetItems()->Exchange(0, 1); // the widest is looked for again
             const double time = Milliseconds([&] {
                 FField.dropdown_pop();
                 Settle(FField.GetPopup()->GetHandle());
@@ -186,8 +189,11 @@ private:
             FField.SetFocus();
             return time;
         };
-        const TPair pair = MedianPair(ours, peer);
-        PrintLimit("opening the list, painted", pair.Ours, "ms", kOpenLimit, pair.Peer, "the platform's");
+        TPair pair = MedianPair(ours, peer);
+        PrintLimit("opening the list first, painted", pair.Ours, "ms", kOpenLimit, pair.Peer, "the platform's");
+        first = false;
+        pair = MedianPair(ours, peer);
+        PrintLimit("opening it again, painted", pair.Ours, "ms", kOpenLimit, pair.Peer, "the platform's");
 
         TChoiceIndex index;
         index.Assign(*FField.GetItems(), {false, true, false, TFoldedCase::Upper});

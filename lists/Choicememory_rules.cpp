@@ -33,13 +33,24 @@ void TShownChoice::ItemsReplaced(const TStrings& items) {
 }
 
 void TChoiceMemory::Set(const TShownChoice& shown) {
-    FTold = shown;
+    Note(shown);
     FBefore.reset();
+}
+
+void TChoiceMemory::Note(const TShownChoice& shown) {
+    FToldText = shown.Text;
+    FTold = shown;
 }
 
 void TChoiceMemory::Begin(const TShownChoice& shown) {
     if (!FBefore)
         FBefore = shown;
+}
+
+bool TChoiceMemory::ItemIsNews(const TShownChoice& shown) {
+    if (shown.Item < 0)
+        return false;
+    return std::exchange(FTold, shown).Item != shown.Item;
 }
 
 void TChoiceMemory::ItemInserted(int index, StringView text) {

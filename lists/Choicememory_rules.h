@@ -36,9 +36,10 @@ public:
     /// What the program has set: there is no news in it, and nothing to come back to.
     void Set(const TShownChoice& shown);
     /// What shows is known to the program.
-    void Note(const TShownChoice& shown) { FTold = shown; }
-    void NoteText(const String& text) { FTold.Text = text; }
-    void NoteItem(int item) { FTold.Item = item; }
+    void Note(const TShownChoice& shown);
+    void NoteText(const String& text) { FToldText = text; }
+    void ForgetItem() { FTold = {}; }
+    /// The choice that OnSelect has told of last, or that the program has set.
     const TShownChoice& Told() const { return FTold; }
 
     /// The person begins; Esc will bring back what shows now, or what showed when this began.
@@ -50,9 +51,9 @@ public:
     std::optional<TShownChoice> TakeBefore() { return std::exchange(FBefore, std::nullopt); }
 
     /// True where OnChange has to tell of the text; once.
-    bool TextIsNews(const String& text) { return std::exchange(FTold.Text, text) != text; }
+    bool TextIsNews(const String& text) { return std::exchange(FToldText, text) != text; }
     /// True where OnSelect has to tell of the item; once. No item is no news, and the one told of stays that.
-    bool ItemIsNews(int item) { return item >= 0 && std::exchange(FTold.Item, item) != item; }
+    bool ItemIsNews(const TShownChoice& shown);
 
     void ItemInserted(int index, StringView text);
     void ItemDeleted(int index);
@@ -67,6 +68,7 @@ private:
             change(*FBefore);
     }
 
+    String FToldText; // by OnChange: typing is told of before it is a choice
     TShownChoice FTold;
     std::optional<TShownChoice> FBefore;
 };

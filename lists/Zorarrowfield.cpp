@@ -33,8 +33,8 @@ TZORArrowField::~TZORArrowField() {
 
 void TZORArrowField::CreateParams(TCreateParams& params) {
     TZORScreenKeyboard::CreateParams(params);
-    // A window of several lines scrolls sideways only where its text is flush left. Otherwise a text that is longer than
-    // the field goes on in a next line, and the one with the caret shows.
+    // A window of several lines scrolls sideways only where its text is flush left. Otherwise a text that is longer
+    // than the field goes on in a next line, and the one with the caret shows.
     if ((params.Style & (ES_RIGHT | ES_CENTER)) == 0)
         params.Style &= ~static_cast<DWORD>(ES_AUTOVSCROLL);
 }

@@ -304,10 +304,16 @@ void TZORComboBox::Native(TMessage& message, void (TZORComboBox::*handle)(TMessa
         const TAtScopeEnd ended(*this, [this] { FNews = nullptr; });
         (this->*handle)(message);
     }
-    if (alive && news.Chosen)
-        TellChoice();
-    if (alive && news.Closed)
-        TellClosed();
+    const auto chosen = [&] {
+        if (news.Chosen)
+            TellChoice();
+    };
+    const auto closed = [&] {
+        if (news.Closed)
+            TellClosed();
+    };
+    if (alive)
+        TellInOrder(*this, chosen, closed);
 }
 
 void TZORComboBox::Select() {
@@ -341,7 +347,7 @@ void TZORComboBox::TellChoice() {
 
 /// Tells of the item where it is not the one told of last.
 void TZORComboBox::TellItem() {
-    if (FMemory.ItemIsNews(GetItemIndex()))
+    if (FMemory.ItemIsNews(Shown()))
         Fire(*this, OnSelect, this);
 }
 

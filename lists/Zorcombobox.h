@@ -4,6 +4,9 @@
 // characters that are typed narrow the search down, the first item that contains them (or begins with them) shows with
 // the part that matches selected, and a key that would lead nowhere is refused. Umlauts are found by plain vowels. In
 // the other styles it is the platform's combo box in a requirement frame.
+//
+// Text, item and list are the native window's here, unlike in TZORComboBoxnew, so that what is typed collects in a
+// buffer beside the text.
 
 #include "controls/Zorscreenkeyboard.h"
 #include "foundation/Zorframedcombo.h"

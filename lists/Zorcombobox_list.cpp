@@ -126,6 +126,19 @@ int TChoiceListWidth::For(const TControlStrings& items, const TFont& font, int d
     return FWidest + 2 * (ChoiceRowMargin + ChoiceListBorder) + (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
+void TellInOrder(TControl& field, const std::function<void()>& chosen, const std::function<void()>& closed) {
+    TLifeGuard alive(field);
+    try {
+        chosen();
+    } catch (...) {
+        if (alive)
+            closed();
+        throw;
+    }
+    if (alive)
+        closed();
+}
+
 String ClipboardLine(HWND window) {
     const std::optional<String> text = ClipboardText(window);
     return text ? Trim(OneLine(*text)) : String();

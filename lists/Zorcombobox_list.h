@@ -24,6 +24,10 @@ private:
     int FWidest = 0;       // of their texts
 };
 
+/// Tells first what the person has chosen and then that the list has closed, also where a handler of the former throws.
+/// The field may end in either.
+void TellInOrder(TControl& field, const std::function<void()>& chosen, const std::function<void()>& closed);
+
 /// The text of the clipboard as a choice field takes it: in one line, without blanks around; empty where there is none.
 String ClipboardLine(HWND window);
 

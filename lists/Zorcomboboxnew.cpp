@@ -249,7 +249,7 @@ void TZORComboBoxnew::Tell() {
 
 /// Tells of the item where it is not the one told of last: one that was typed in full is a choice only now.
 void TZORComboBoxnew::TellChoice() {
-    if (FMemory.ItemIsNews(FShown.Item))
+    if (FMemory.ItemIsNews(FShown))
         Fire(*this, OnSelect, this);
 }
 
@@ -509,18 +509,8 @@ void TZORComboBoxnew::form_deactivate(TObject*) {
     });
 }
 
-/// Does what comes first and then tells that the list has closed, also where a handler of the first has thrown.
 void TZORComboBoxnew::TellClosedAfter(const std::function<void()>& first) {
-    TLifeGuard alive(*this);
-    try {
-        first();
-    } catch (...) {
-        if (alive)
-            Fire(*this, OnCloseUp, this);
-        throw;
-    }
-    if (alive)
-        Fire(*this, OnCloseUp, this);
+    TellInOrder(*this, first, [this] { Fire(*this, OnCloseUp, this); });
 }
 
 void TZORComboBoxnew::cust_OnTimer(TObject*) {

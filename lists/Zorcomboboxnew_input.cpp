@@ -76,7 +76,7 @@ void TZORComboBoxnew::Restore() {
         Show(*before);
         FollowText(); // the items may be others by now
         if (FShown.Item < 0)
-            FMemory.NoteItem(-1);
+            FMemory.ForgetItem();
         SelectAll();
         Tell();
     });

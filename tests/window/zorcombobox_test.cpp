@@ -286,6 +286,16 @@ TEST_F(SearchCombo, SurvivesHandlersThatChangeOrEndIt) {
     TypeText(u"t");
     EXPECT_EQ(Box->Text, u"two");
     EXPECT_EQ(Box->ItemIndex, 2);
+    Application->OnException = [](TObject*, const std::exception&) {};
+    Box->OnChange = [](TObject*) { throw Exception(u"no"); };
+    PressKey(VK_RETURN);
+    Taken();
+    PressKey(VK_F4);
+    PressMouse(PlaceOfRow(1));
+    ReleaseMouse();
+    EXPECT_TRUE(WaitFor([&] { return !IsOpen(); }));
+    EXPECT_EQ(Taken(), u"drop close ") << "told all the same";
+    Application->OnException = nullptr;
     Box->OnChange = nullptr;
     Box->OnSelect = [this](TObject*) { Box.reset(); };
     PressKey(VK_DOWN);

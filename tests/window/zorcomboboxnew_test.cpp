@@ -381,6 +381,12 @@ TEST_F(ChoiceField, KeepsTheChoiceWhenItsItemsAreFilledInAnew) {
     }
     Field->Items->SetTextStr(u"Olomouc\n");
     EXPECT_EQ(Field->Text, u"");
+    Field->OnChange = [&](TObject*) { Field->Items = &others; };
+    TypeText(u"o");
+    TypeText(u"brno");
+    Taken();
+    PressKey(VK_RETURN);
+    EXPECT_EQ(Taken(), u"select close ") << "filled in while it was typed";
 }
 
 TEST_F(ChoiceField, JudgesWhatIsComposedAsWhatIsTyped) {
