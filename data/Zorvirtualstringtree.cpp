@@ -102,6 +102,8 @@ const TClassInfo& TZORVirtualStringTree::StaticClass() {
 
 TZORVirtualStringTree::TZORVirtualStringTree(TComponent* owner)
     : TZORFramed(owner), FItems(&UserSortKey), FSearchEdit(new TSearchEdit(this)) {
+    FSearchEdit->SetName(u"SearchEdit");
+    FSearchEdit->SetText({}); // which is the name at first
     FSearchEdit->SetFont(GetFont());
     FSearchEdit->SetVisible(false);
     FSearchEdit->OnChange = [this](TObject* sender) { SearchEditChange(sender); };

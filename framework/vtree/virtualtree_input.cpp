@@ -28,6 +28,7 @@ bool TBaseVirtualTree::HandleHeaderMouse(TMessage& message) {
     switch (message.Msg) {
     case WM_NCMOUSEMOVE:
         TrackNonClientLeave();
+        SetHotNode(nullptr);
         HintMouseOver(this);
         if (alive)
             FHeader->MouseMove({}, ScreenToClient(PointFromLParam(message.LParam)));

@@ -74,6 +74,7 @@ object CheckListPage: TCheckListPage
     Top = 60
     Width = 412
     Height = 204
+    Colors.HotColor = clHighlight
     Header.AutoSizeIndex = -1
     Header.Columns = <
       item
