@@ -37,7 +37,8 @@ int WidestText(const TStrings& items, const TFont& font) {
     String widest;
     int sum = 0;
     for (int i = 0; i < items.GetCount(); ++i) {
-        String text = OneLine(items.Get(i));
+        String text = items.Get(i);
+        std::ranges::transform(text, text.begin(), InOneLine); // in place: OneLine would allocate for each item
         const int width = widths.Of(text);
         if (width <= sum)
             continue;

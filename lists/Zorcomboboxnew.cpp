@@ -290,7 +290,7 @@ void TZORComboBoxnew::MakeSmartItems() {
 }
 
 int TZORComboBoxnew::findItemPos(const String& text) {
-    return Index().Find(text, PlaceOf(FBehavior)).Item;
+    return text.empty() ? -1 : Index().Find(text, PlaceOf(FBehavior)).Item; // nothing is prepared for an empty one
 }
 
 bool TZORComboBoxnew::key_allowed(char16_t key) {
