@@ -110,6 +110,7 @@ protected:
     void InternalSetToRecord(TRecordBuffer buffer) override;
     void InternalGotoBookmark(const TBookmark& bookmark) override;
     TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) override;
+    TRecordBuffer ReadInPassing(const TBookmark& bookmark) override;
     TRecordBuffer AllocRecordBuffer() override;
     void FreeRecordBuffer(TRecordBuffer buffer) override;
     void InternalInitRecord(TRecordBuffer buffer) override;

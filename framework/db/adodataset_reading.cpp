@@ -198,6 +198,17 @@ bool TCustomADODataSet::BookmarkValid(const TBookmark& bookmark) {
     }
 }
 
+TRecordBuffer TCustomADODataSet::ReadInPassing(const TBookmark& bookmark) {
+    try {
+        FRecordset->SetBookmark(bookmark.Value().ToVariant());
+    } catch (const EDatabaseError&) {
+        return nullptr;
+    }
+    TRecordBuffer buffer = LookupBuffer();
+    FillRecordBuffer(buffer, recordNumberNotTaken);
+    return buffer;
+}
+
 // Searching.
 
 /// The values that a search wants in certain columns.

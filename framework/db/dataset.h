@@ -161,6 +161,28 @@ public:
     virtual int CompareBookmarks(const TBookmark& left, const TBookmark& right);
     void FreeBookmark(TBookmark& bookmark) { bookmark = {}; }
 
+    /// Has fields read another record than the active one. Nothing moves, nobody is told, and what is being edited stays
+    /// so: for those who show many records, such as grids while they paint.
+    class TPassingReader {
+    public:
+        explicit TPassingReader(TDataSet& dataSet) : FDataSet(dataSet), FAlive(dataSet) {}
+        TPassingReader(const TPassingReader&) = delete;
+        TPassingReader& operator=(const TPassingReader&) = delete;
+        ~TPassingReader() { Leave(); }
+
+        /// False where there is no such record, or another one is being calculated or filtered; then fields read the
+        /// active one.
+        bool GoTo(const TBookmark& bookmark);
+        /// Fields read the active record again. Whoever reads in passing does it as soon as the dataset tells of
+        /// anything.
+        void Leave();
+
+    private:
+        TDataSet& FDataSet;
+        TLifeGuard FAlive;
+        TRecordBuffer FBuffer = nullptr;
+    };
+
     // Searching: names parted by semicolons, a value or a list of values.
 
     /// Goes to the first record with these values; false, and nothing happens, when there is none.
@@ -216,6 +238,8 @@ protected:
     virtual TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) = 0;
     virtual TRecordBuffer AllocRecordBuffer() = 0;
     virtual void FreeRecordBuffer(TRecordBuffer buffer) = 0;
+    /// Moves the cursor to a record and reads it into a buffer that is none of the window's; null when it is gone.
+    virtual TRecordBuffer ReadInPassing(const TBookmark&) { return nullptr; }
     /// Makes the buffer a new record.
     virtual void InternalInitRecord(TRecordBuffer buffer) = 0;
     virtual void ClearCalcFields(TRecordBuffer buffer) = 0;

@@ -304,6 +304,33 @@ bool TDataSet::ReadAtCursor(bool exact) {
     return false;
 }
 
+// Reading in passing. The cursor is left where it was needed last; the window takes it back when it needs it.
+
+bool TDataSet::TPassingReader::GoTo(const TBookmark& bookmark) {
+    Leave();
+    if (!FAlive || bookmark.IsEmpty() || FDataSet.FTemporaryBuffer)
+        return false;
+    const TDataSetState state = FDataSet.FState;
+    if (state != dsBrowse && state != dsEdit && state != dsInsert)
+        return false;
+    TRecordBuffer buffer = nullptr;
+    FDataSet.CursorPosChanged();
+    FDataSet.Operation([&] { buffer = FDataSet.ReadInPassing(bookmark); });
+    if (!FAlive || FDataSet.FState != state)
+        return false; // a handler has calculated more than fields
+    FDataSet.FTemporaryBuffer = FBuffer = buffer;
+    return buffer != nullptr;
+}
+
+void TDataSet::TPassingReader::Leave() {
+    TRecordBuffer buffer = std::exchange(FBuffer, nullptr);
+    if (!FAlive || !buffer)
+        return;
+    FDataSet.CursorPosChanged();
+    if (FDataSet.FTemporaryBuffer == buffer)
+        FDataSet.FTemporaryBuffer = nullptr;
+}
+
 // Bookmarks.
 
 TBookmark TDataSet::GetBookmark() {

@@ -129,6 +129,8 @@ public:
     /// As a person reads it, and as he edits it; empty for Null.
     String GetDisplayText() { return FormattedText(true); }
     String GetEditText() { return FormattedText(false); }
+    /// Another value as a person would read it here, OnGetText aside: a total as the values above it. Empty for Null.
+    String DisplayTextOf(const TFieldValue& value) const { return value.IsNull() ? String() : TextOf(value, true); }
     void SetEditText(const String& value);
 
     // Conversions. Null reads as 0, False and the empty text; what cannot be converted raises EDatabaseError with the

@@ -136,7 +136,7 @@ int TCustomVirtualStringTree::DoGetNodeWidth(TVirtualNode* node, TColumnIndex co
     return TTextMeasure(*GetFont()).Extent(StringView(text).substr(0, kMost)).Width;
 }
 
-TColor TCustomVirtualStringTree::TextColor(const TVTPaintInfo& info) const {
+TColor TBaseVirtualTree::TextColor(const TVTPaintInfo& info) const {
     if (!GetEnabled() || info.Node->Has(vsDisabled))
         return clGrayText;
     if (info.Selected && !HasPaint(toUseBlendedSelection))
@@ -171,13 +171,8 @@ void TCustomVirtualStringTree::DoPaintNode(TVTPaintInfo& info) {
     DrawCellText(dc, text, info, !otherFont);
 }
 
-void TCustomVirtualStringTree::CMFontChanged(TMessage& message) {
-    FWidths.reset();
-    TBaseVirtualTree::CMFontChanged(message);
-}
-
 /// Whether a text in the tree's font takes at most this width, as far as that can be known without measuring it.
-bool TCustomVirtualStringTree::FitsSurely(const String& text, int width) {
+bool TBaseVirtualTree::FitsSurely(const String& text, int width) {
     constexpr int kDoubt = 4;          // pixels by which letters may reach over their places
     constexpr std::size_t kMost = 200; // characters; longer ones are no matter
     if (text.size() > kMost || !TSummedWidths::IsPlain(text))
@@ -189,12 +184,11 @@ bool TCustomVirtualStringTree::FitsSurely(const String& text, int width) {
     return FWidths->Of(text) <= width - kDoubt;
 }
 
-/// One line, cut off with an ellipsis when it does not fit.
-void TCustomVirtualStringTree::DrawCellText(HDC dc, const String& text, const TVTPaintInfo& info, bool ownFont) {
+bool TBaseVirtualTree::DrawCellText(HDC dc, const String& text, const TVTPaintInfo& info, bool ownFont) {
     const RECT room = ToWin(info.ContentRect.Inflated(-GetTextMargin(), 0));
     const int width = room.right - room.left;
     if (width <= 0)
-        return;
+        return text.empty();
     // A text of any length costs what shows of it: hardly a letter is narrower than a quarter of a pixel.
     const auto length = static_cast<int>(std::min<std::size_t>(text.size(), static_cast<std::size_t>(width) * 4 + 64));
     int fitting = length;
@@ -209,7 +203,7 @@ void TCustomVirtualStringTree::DrawCellText(HDC dc, const String& text, const TV
         flags |= info.Alignment == taRightJustify ? DT_RIGHT : info.Alignment == taCenter ? DT_CENTER : DT_LEFT;
         flags |= UseRightToLeftReading() ? DT_RTLREADING : 0u;
         DrawTextW(dc, WideChars(text), length, &cut, flags);
-        return;
+        return false;
     }
     int left = room.left;
     if (info.Alignment == taRightJustify)
@@ -221,6 +215,7 @@ void TCustomVirtualStringTree::DrawCellText(HDC dc, const String& text, const TV
     UINT flags = size.cy > room.bottom - room.top ? ETO_CLIPPED : 0u;
     flags |= UseRightToLeftReading() ? ETO_RTLREADING : 0u;
     ExtTextOutW(dc, left, top, flags, &room, WideChars(text), static_cast<UINT>(length), nullptr);
+    return true;
 }
 
 // Drawing by the program

@@ -2,7 +2,6 @@
 
 // The two trees that programs use: one whose nodes are texts, one whose nodes the program paints.
 
-#include "framework/graphics/textmetrics.h"
 #include "framework/vtree/virtualtree.h"
 
 namespace framework {
@@ -42,18 +41,11 @@ protected:
     virtual void DoPaintText(TVirtualNode* node, TCanvas& canvas, TColumnIndex column, TVSTTextType textType);
     void DoPaintNode(TVTPaintInfo& info) override;
     int DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) override;
-    void CMFontChanged(TMessage& message) override;
 
 private:
-    TColor TextColor(const TVTPaintInfo& info) const;
-    bool FitsSurely(const String& text, int width);
-    void DrawCellText(HDC dc, const String& text, const TVTPaintInfo& info, bool ownFont);
-
     static constexpr StringView kDefaultText = u"Node";
 
     String FDefaultText{kDefaultText};
-    std::unique_ptr<TSummedWidths> FWidths; // in the tree's font, made when texts are first painted
-    int FLineHeight = 0;                    // of that font
 };
 
 class TVirtualStringTree : public TCustomVirtualStringTree {

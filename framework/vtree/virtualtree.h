@@ -7,6 +7,7 @@
 // A node is asked for by DoInitNode when it is first needed, its children by DoInitChildren. Whatever handlers do,
 // nodes deleted, the tree cleared or freed, the tree notices and goes on without them.
 
+#include "framework/graphics/textmetrics.h"
 #include "framework/vtree/nodestore_rules.h"
 #include "framework/vtree/treeheader.h"
 #include "framework/windows/scrollbox_rules.h"
@@ -502,6 +503,11 @@ protected:
     void PutFocus(TVirtualNode* node);
     /// Whether handlers paint into cells with the canvas, and may leave it in any state.
     bool HandlersPaint() const { return OnBeforeCellPaint || OnAfterCellPaint; }
+    /// Of a text in this cell.
+    TColor TextColor(const TVTPaintInfo& info) const;
+    /// One line in the font and colour of `dc`, cut off with an ellipsis where it does not fit; false when it was cut.
+    /// `ownFont`: the font is the tree's.
+    bool DrawCellText(HDC dc, const String& text, const TVTPaintInfo& info, bool ownFont);
     /// Whether the pointer lies on the node's row.
     bool IsHot(const TVirtualNode* node) const { return node == FHotNode.Get(); }
     /// Nodes came, went or changed their places.
@@ -609,6 +615,9 @@ private:
     TColor SelectionColor() const;
     bool SelectionShows() const;
 
+    // stringtree.cpp
+    bool FitsSurely(const String& text, int width);
+
     // virtualtree_accessibility.cpp
     bool AnswerAccessible(TMessage& message);
     void TellFocus();
@@ -631,7 +640,9 @@ private:
 
     int FScrollX = 0;
     std::int64_t FScrollY = 0;
-    int FPaintedWidth = 0; // of the widest row that was painted, for trees without columns
+    std::unique_ptr<TSummedWidths> FWidths; // in the tree's font, made when texts are first painted
+    int FLineHeight = 0;                    // of that font
+    int FPaintedWidth = 0;                  // of the widest row that was painted, for trees without columns
     TWheelSteps FWheel;
     TWheelSteps FSidewaysWheel;
 

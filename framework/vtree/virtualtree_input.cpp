@@ -154,6 +154,7 @@ void TBaseVirtualTree::Dispatch(TMessage& message) {
 }
 
 void TBaseVirtualTree::CMFontChanged(TMessage& message) {
+    FWidths.reset();
     TLifeGuard alive(*this);
     TCustomControl::CMFontChanged(message);
     if (!alive)
