@@ -14,6 +14,7 @@
 #include "controls/Zorscrollbox.h"
 #include "data/Zoradodataset.h"
 #include "data/Zordbgrid.h"
+#include "data/Zorvirtualdbgrid.h"
 #include "data/Zorvirtualstringtree.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"

@@ -194,12 +194,14 @@ TFieldValue TColumnTotal::Value(OleVariant& keeper) const {
         return TFieldValue::Float(static_cast<double>(AsFloat()));
     const String digits = Digits();
     TNumeric number;
-    if (TryParseNumeric(StringView(digits), number)) {
-        if (FKind == TKind::Integer)
-            return TFieldValue::Integer(number.Units);
-        if (TNumeric money; FKind == TKind::Money && number.TryRescale(Currency::decimals, money))
-            return TFieldValue::Money(Currency::FromUnits(money.Units));
-        return TFieldValue::Decimal(number);
+    if (FKind == TKind::Decimal) {
+        if (TryParseNumeric(StringView(digits), number))
+            return TFieldValue::Decimal(number);
+    } else {
+        String units = digits; // without a point for whole numbers, with four decimals for money
+        std::erase(units, u'.');
+        if (std::int64_t value = 0; TryStrToInt64(units, value))
+            return FKind == TKind::Money ? TFieldValue::Money(Currency::FromUnits(value)) : TFieldValue::Integer(value);
     }
     keeper = OleVariant(TFieldValue::Text(digits));
     return keeper.View();

@@ -12,6 +12,7 @@
 #include "controls/Zorscrollbox.h"
 #include "data/Zoradodataset.h"
 #include "data/Zordbgrid.h"
+#include "data/Zorvirtualdbgrid.h"
 #include "data/Zorvirtualstringtree.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
@@ -44,6 +45,7 @@ void RegisterPackage() {
     Zorscrollbox::Register();
     Zorspinedit::Register();
     Zorspinfloatedit::Register();
+    Zorvirtualdbgrid::Register();
     Zorvirtualstringtree::Register();
 }
 

@@ -480,6 +480,10 @@ protected:
     void CMEnabledChanged(TMessage& message) override;
     void CMMouseLeave(TMessage& message) override;
 
+    /// For constructors of descendants whose options or header have other defaults.
+    void UseOptions(std::unique_ptr<TVirtualTreeOptions> options) { FOptions = std::move(options); }
+    void UseHeader(std::unique_ptr<TVTHeader> header) { FHeader = std::move(header); }
+
     bool HasPaint(TVTPaintOption option) const { return FOptions->GetPaintOptions().Contains(option); }
     bool HasMisc(TVTMiscOption option) const { return FOptions->GetMiscOptions().Contains(option); }
     bool HasSelection(TVTSelectionOption option) const { return FOptions->GetSelectionOptions().Contains(option); }

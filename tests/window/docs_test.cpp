@@ -115,6 +115,21 @@ std::vector<std::string> Blocks(const std::string& page, const std::string& lang
     return blocks;
 }
 
+/// In place of the database that the example names.
+void FillOrders(ZOR::TZORVirtualDBGrid& grid) {
+    std::vector<TColumnInfo> columns = {MemoryColumn(u"id", adInteger), MemoryColumn(u"customer", adVarWChar, 40),
+                                        MemoryColumn(u"total", adNumeric, 0, 2), MemoryColumn(u"paid", adBoolean)};
+    TMemorySource::TRows rows;
+    for (const char16_t* city : {u"Brno", u"Dresden", u"Gda\u0144sk", u"Krak\u00F3w", u"Praha"}) {
+        const auto id = static_cast<std::int64_t>(rows.size() + 1);
+        rows.push_back({id, String(city), TNumeric{id * 133700 + 95, 2}, id % 2 == 0});
+    }
+    auto source = std::make_unique<TMemorySource>(std::move(columns), std::move(rows));
+    As<TADODataSet>(grid.DataSource->DataSet)->Recordset = std::make_shared<TClientRecordset>(std::move(source));
+    grid.OnFooterDraw = ZOR::DrawFooterTotals;
+    grid.Set_Selected(2);
+}
+
 void Photograph(TForm& form, const std::filesystem::path& path) {
     for (int i = 0; i < form.GetComponentCount(); ++i) {
         // Its items come from code alone.
@@ -125,6 +140,8 @@ void Photograph(TForm& form, const std::filesystem::path& path) {
             tree->SetCheckListBox();
             tree->SetInfoLabelVisible(true);
         }
+        if (auto* grid = As<ZOR::TZORVirtualDBGrid>(form.GetComponent(i)))
+            FillOrders(*grid);
     }
     ShowAndActivate(form);
     MoveMouse({form.Left + form.Width + 40, form.Top + form.Height + 40}); // away from what lights up below it

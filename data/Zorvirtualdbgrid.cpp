@@ -1,0 +1,474 @@
+// The virtual data grid: its life, its columns, selection and focus.
+
+#include "data/Zorvirtualdbgrid.h"
+
+#include "data/Zorvirtualdbgrid_parts.h"
+#include "foundation/Zorpackage.h"
+#include "framework/system/strings.h"
+#include "framework/system/updates.h"
+
+#include <algorithm>
+
+namespace ZOR {
+
+namespace {
+
+constexpr int kCheckColumnWidth = 25; // pixels
+
+constexpr TVTMiscOptions kMiscOptions = DefaultMiscOptions + TVTMiscOptions{toGridExtensions};
+constexpr TVTPaintOptions kPaintOptions =
+    DefaultPaintOptions - TVTPaintOptions{toShowTreeLines} +
+    TVTPaintOptions{toShowVertGridLines, toFullVertGridLines, toUseBlendedSelection};
+constexpr TVTSelectionOptions kSelectionOptions{toMultiSelect, toExtendedFocus, toFullRowSelect};
+constexpr TVTHeaderOptions kHeaderOptions = DefaultHeaderOptions + TVTHeaderOptions{hoVisible};
+
+/// What text forms leave out is what the grid begins with.
+class TVirtualDBGridOptions final : public TVirtualTreeOptions {
+    FRAMEWORK_CLASS(TVirtualDBGridOptions)
+
+public:
+    explicit TVirtualDBGridOptions(TBaseVirtualTree* tree) : TVirtualTreeOptions(tree) {
+        SetMiscOptions(kMiscOptions);
+        SetPaintOptions(kPaintOptions);
+        SetSelectionOptions(kSelectionOptions);
+    }
+};
+
+const TClassInfo& TVirtualDBGridOptions::StaticClass() {
+    using O = TVirtualTreeOptions;
+    static const TClassInfo info = DescribeClass<TVirtualDBGridOptions>(
+        u"TVirtualDBGridOptions", O::StaticClass(),
+        {Property<&O::GetMiscOptions, &O::SetMiscOptions>(u"MiscOptions", kMiscOptions),
+         Property<&O::GetPaintOptions, &O::SetPaintOptions>(u"PaintOptions", kPaintOptions),
+         Property<&O::GetSelectionOptions, &O::SetSelectionOptions>(u"SelectionOptions", kSelectionOptions)});
+    return info;
+}
+
+class TVirtualDBGridHeader final : public TVTHeader {
+    FRAMEWORK_CLASS(TVirtualDBGridHeader)
+
+public:
+    explicit TVirtualDBGridHeader(TBaseVirtualTree* tree) : TVTHeader(tree) { SetOptions(kHeaderOptions); }
+};
+
+const TClassInfo& TVirtualDBGridHeader::StaticClass() {
+    static const TClassInfo info = DescribeClass<TVirtualDBGridHeader>(
+        u"TVirtualDBGridHeader", TVTHeader::StaticClass(),
+        {Property<&TVTHeader::GetOptions, &TVTHeader::SetOptions>(u"Options", kHeaderOptions)});
+    return info;
+}
+
+} // namespace
+
+const TClassInfo& TZORVirtualDBGrid::StaticClass() {
+    using G = TZORVirtualDBGrid;
+    static const TClassInfo info = DescribeClass<G>(
+        u"TZORVirtualDBGrid", TVirtualDrawTree::StaticClass(),
+        {Event<&G::OnDrawTextNode>(u"OnDrawTextNode"), Event<&G::OnGetFooterText>(u"OnGetFooterText"),
+         Event<&G::AfterInitNode>(u"AfterInitNode"),
+         Property<&G::GetColumns, &G::SetColumns>(u"Columns").StoredWhen<&G::ColumnsStored>(),
+         Property<&G::GetDataSource, &G::SetDataSource>(u"DataSource"),
+         Property<&G::GetFixedColor, &G::SetFixedColor>(u"FixedColor", clBtnFace).Named(ColorIdentifiers()),
+         Property<&G::GetGradientEndColor, &G::SetGradientEndColor>(u"GradientEndColor", clBtnFace)
+             .Named(ColorIdentifiers()),
+         Property<&G::GetTitleFont, &G::SetTitleFont>(u"TitleFont").StoredWhen<&G::TitleFontStored>(),
+         Property<&G::GetIdColumnName, &G::SetIdColumnName>(u"id_column_name").StoredWhen<&G::IdColumnNameStored>(),
+         Property<&G::GetGuidColumnName, &G::SetGuidColumnName>(u"guid_column_name")
+             .StoredWhen<&G::GuidColumnNameStored>(),
+         Property<&G::Get_ColumnFocusLocked, &G::Set_ColumnFocusLocked>(u"ColumnFocusLocked", false),
+         Property<&G::GetCheckMode, &G::SetCheckMode>(u"CheckMode", false),
+         Property<&G::GetFooter, &G::SetFooter>(u"Footer"), Event<&G::OnFooterDraw>(u"OnFooterDraw")});
+    return info;
+}
+
+TZORVirtualDBGrid::TZORVirtualDBGrid(TComponent* owner)
+    : TVirtualDrawTree(owner), FDataLink(std::make_unique<TVirtualDBGridDataLink>(*this)),
+      FHolder(new TColumnHolder(*this)), FFooter(std::make_unique<TVTHeader>(this)) {
+    InitializeGrid();
+}
+
+TZORVirtualDBGrid::~TZORVirtualDBGrid() {
+    Destroying();
+    DestroyHandle();
+    FPainting.reset();
+    FDataLink.reset();
+    Clear(); // while the rows' memory is there
+    delete std::exchange(FHolder, nullptr);
+}
+
+void TZORVirtualDBGrid::InitializeGrid() {
+    UseOptions(std::make_unique<TVirtualDBGridOptions>(this));
+    UseHeader(std::make_unique<TVirtualDBGridHeader>(this));
+    OnDrawNode = TOwnDrawing{this};
+}
+
+void TZORVirtualDBGrid::Loaded() {
+    TLifeGuard alive(*this);
+    TVirtualDrawTree::Loaded();
+    if (!alive)
+        return;
+    FooterChanged();
+    if (GetColumns()->GetCount() > 0)
+        RefreshColumns();
+    BuildTree();
+}
+
+void TZORVirtualDBGrid::ChangeScale(int m, int d) {
+    if (m != d) {
+        FMirroring = true;
+        FHolder->ChangeScale(m, d);
+        FFooter->ChangeScale(m, d);
+        FMirroring = false;
+        FColumnsChanged = true;
+    }
+    TVirtualDrawTree::ChangeScale(m, d);
+}
+
+void TZORVirtualDBGrid::CMFontChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TVirtualDrawTree::CMFontChanged(message);
+    if (!alive || !FHolder)
+        return;
+    FHolder->SetFont(GetFont()); // by which columns that nobody has sized are measured
+    FFooter->ParentFontChanged();
+}
+
+void TZORVirtualDBGrid::SetFixedColor(TColor value) {
+    FHolder->SetFixedColor(value);
+    GetHeader()->SetBackground(value);
+    FFooter->SetBackground(value);
+}
+
+void TZORVirtualDBGrid::SetCheckMode(bool value) {
+    if (FCheckMode == value)
+        return;
+    FCheckMode = value;
+    if (value) {
+        // The boxes stand where those of a tree would have its buttons.
+        TVirtualTreeOptions& options = *GetTreeOptions();
+        options.SetMiscOptions(options.GetMiscOptions() + TVTMiscOptions{toCheckSupport});
+        options.SetPaintOptions(options.GetPaintOptions() - TVTPaintOptions{toShowRoot});
+        for (TVirtualNode* node = GetRootNode()->GetFirstChild(); node; node = node->GetNextSibling())
+            OfferBox(node);
+    }
+    if (IsLoading() || GetColumns()->GetCount() == 0)
+        return;
+    RemakeColumns();
+    RefreshColumns();
+}
+
+void TZORVirtualDBGrid::OfferBox(TVirtualNode* node) {
+    if (FCheckMode && node->GetCheckType() == ctNone)
+        SetCheckType(node, ctCheckBox);
+}
+
+// Columns
+
+TColumn* TZORVirtualDBGrid::Get_Column(const String& name) const {
+    for (int i = 0; i < GetColumns()->GetCount(); ++i) {
+        if (AnsiSameText(GetColumns()->GetColumn(i)->GetFieldName(), name))
+            return GetColumns()->GetColumn(i);
+    }
+    return nullptr;
+}
+
+int TZORVirtualDBGrid::GetColumnByX(int x) {
+    std::vector<TGridColumn> columns;
+    const TVirtualTreeColumns& shown = *GetHeader()->GetColumns();
+    for (int i = 0; i < shown.GetCount(); ++i) {
+        const TVirtualTreeColumn& column = *shown.GetColumn(i);
+        columns.push_back({column.GetLeft(), column.GetWidth(), column.IsVisible()});
+    }
+    GetOffsetX(); // the layout is up to date
+    return ColumnByX(columns, ContentX(x));
+}
+
+/// The hidden data grid has other columns, or the same ones look otherwise. They are taken over when the grid is
+/// painted next, once for however many changes.
+void TZORVirtualDBGrid::ColumnsChanged() {
+    if (IsDestroying() || !FHolder)
+        return;
+    std::erase_if(FTotals, [this](const auto& each) { return !TotalOf(each.first); });
+    if (FWalk)
+        PrepareWalk(*FWalk);
+    if (FMirroring)
+        return;
+    FColumnsChanged = true;
+    Invalidate();
+    InvalidateFooter();
+}
+
+void TZORVirtualDBGrid::FixCheckColumn(TVirtualTreeColumn& column) const {
+    if (!FCheckMode || column.GetIndex() != GetHeader()->GetMainColumn())
+        return;
+    column.SetMinWidth(kCheckColumnWidth);
+    column.SetMaxWidth(kCheckColumnWidth);
+    column.SetWidth(kCheckColumnWidth);
+}
+
+void TZORVirtualDBGrid::RemakeColumns() {
+    TVTHeader& header = *GetHeader();
+    const TColumnIndex mainColumn = header.GetMainColumn();
+    const TColumnIndex sortColumn = header.GetSortColumn();
+    const TColumnIndex autoSizeIndex = header.GetAutoSizeIndex();
+    const int count = GetColumns()->GetCount();
+    for (TVTHeader* each : {&header, FFooter.get()}) {
+        TVirtualTreeColumns& columns = *each->GetColumns();
+        WithinUpdate(columns, [&] {
+            columns.Clear();
+            while (columns.GetCount() < count)
+                columns.Add();
+        });
+        each->SetMainColumn(mainColumn);
+        for (int i = 0; i < count; ++i)
+            FixCheckColumn(*columns.GetColumn(i));
+    }
+    header.SetAutoSizeIndex(autoSizeIndex);
+    if (sortColumn < count)
+        header.SetSortColumn(sortColumn);
+    for (int i = 0; HasHeaderDraw() && i < count; ++i)
+        header.GetColumns()->GetColumn(i)->SetStyle(vsOwnerDraw);
+}
+
+/// Takes one column over; true when something in the header is otherwise than before. What a column has from its field
+/// stays while the dataset is closed.
+bool TZORVirtualDBGrid::MirrorColumn(int index, bool isNew) {
+    const TColumn& source = *GetColumns()->GetColumn(index);
+    TVirtualTreeColumn& shown = *GetHeader()->GetColumns()->GetColumn(index);
+    TVirtualTreeColumn& footer = *FFooter->GetColumns()->GetColumn(index);
+    const auto looks = [&] {
+        return std::tuple(shown.GetText(), shown.GetPosition(), shown.IsVisible(), shown.GetWidth(),
+                          shown.GetAlignment(), footer.GetPosition(), footer.IsVisible(), footer.GetWidth());
+    };
+    const auto before = looks();
+    const bool follows = isNew || source.GetField();
+    const bool centered = ShowsCheckMark(index) && !source.IsAlignmentStored();
+    if (follows || source.GetTitle()->IsCaptionStored())
+        shown.SetText(source.GetTitle()->GetCaption());
+    for (TVirtualTreeColumn* column : {&shown, &footer}) {
+        column->SetPosition(index);
+        const TVTColumnOptions visible{coVisible};
+        column->SetOptions(source.GetVisible() ? column->GetOptions() + visible : column->GetOptions() - visible);
+        if (follows || source.IsAlignmentStored())
+            column->SetAlignment(centered ? taCenter : source.GetAlignment());
+        if (follows || source.IsWidthStored())
+            column->SetWidth(source.GetWidth());
+    }
+    return looks() != before;
+}
+
+void TZORVirtualDBGrid::RefreshColumns() {
+    if (FMirroring)
+        return;
+    FMirroring = true;
+    const TAtScopeEnd done(*this, [this] { FMirroring = false; });
+    TLifeGuard alive(*this);
+    FColumnsChanged = false;
+    const int count = GetColumns()->GetCount();
+    const bool remakes = GetHeader()->GetColumns()->GetCount() != count || FFooter->GetColumns()->GetCount() != count;
+    if (remakes)
+        RemakeColumns();
+    bool changed = remakes;
+    for (int i = 0; alive && i < count; ++i)
+        changed = MirrorColumn(i, remakes) || changed; // a handler of OnColumnResize may do anything
+    if (!alive)
+        return;
+    if (TitleFontStored())
+        GetHeader()->SetFont(GetTitleFont());
+    ClearHintColumns();
+    if (!changed)
+        return;
+    UpdateHorizontalRange();
+    if (alive)
+        InvalidateFooter();
+}
+
+void TZORVirtualDBGrid::DoColumnResize(TColumnIndex column) {
+    TLifeGuard alive(*this);
+    TVirtualDrawTree::DoColumnResize(column);
+    const TVirtualTreeColumns& shown = *GetHeader()->GetColumns();
+    if (!alive || FMirroring || !shown.IsValidColumn(column) || column >= GetColumns()->GetCount())
+        return;
+    FMirroring = true;
+    const TAtScopeEnd done(*this, [this] { FMirroring = false; });
+    const int width = shown.GetColumn(column)->GetWidth();
+    GetColumns()->GetColumn(column)->SetWidth(width);
+    if (alive && FFooter->GetColumns()->IsValidColumn(column))
+        FFooter->GetColumns()->GetColumn(column)->SetWidth(width);
+    if (alive)
+        InvalidateFooter();
+}
+
+bool TZORVirtualDBGrid::DoHeaderDragging(TColumnIndex column) {
+    return MayDragColumn(FCheckMode, column, GetHeader()->GetMainColumn()) &&
+           TVirtualDrawTree::DoHeaderDragging(column);
+}
+
+void TZORVirtualDBGrid::DoHeaderDragged(TColumnIndex column, int oldPosition) {
+    TLifeGuard alive(*this);
+    TVirtualDrawTree::DoHeaderDragged(column, oldPosition);
+    TVTHeader& header = *GetHeader();
+    if (!alive || !header.GetColumns()->IsValidColumn(column) || column >= GetColumns()->GetCount())
+        return;
+    const int position = header.GetColumns()->GetColumn(column)->GetPosition();
+    if (position < 0 || position == oldPosition)
+        return;
+    if (!MayDropColumn(FCheckMode, column, position, header.GetMainColumn()))
+        return RefreshColumns();
+    // Columns change their indexes, and what goes by them moves along.
+    const auto moved = [&](TColumnIndex index) { return IndexAfterMove(index, column, position); };
+    const TColumnIndex sortColumn = moved(header.GetSortColumn());
+    const TColumnIndex focusedColumn = moved(GetFocusedColumn());
+    FFocusedColumn = moved(FFocusedColumn);
+    GetColumns()->GetColumn(column)->SetIndex(position);
+    RefreshColumns();
+    if (alive)
+        header.SetSortColumn(sortColumn);
+    if (alive)
+        SetFocusedColumn(focusedColumn);
+}
+
+// Selection
+
+void TZORVirtualDBGrid::Get_Selected(std::vector<TRowId>* selected) {
+    if (!selected)
+        return;
+    TVirtualNode* node = GetFirstSelected();
+    if (!node) {
+        node = GetRootNode()->GetFirstChild();
+        if (node)
+            selected->push_back(GetRowId(node));
+        return;
+    }
+    selected->reserve(selected->size() + static_cast<std::size_t>(GetSelectedCount()));
+    for (; node; node = GetNextSelected(node))
+        selected->push_back(GetRowId(node));
+}
+
+TVirtualNode* TZORVirtualDBGrid::Get_FirstSelectedNode() {
+    TVirtualNode* node = GetFirstSelected();
+    return node ? node : GetFirst();
+}
+
+void TZORVirtualDBGrid::ApplyFocusedColumn() {
+    if (FFocusedColumn != GetFocusedColumn())
+        SetFocusedColumn(FFocusedColumn);
+}
+
+/// Selects a node beside what is selected, and gives it the focus.
+void TZORVirtualDBGrid::ShowNode(TVirtualNode* node) {
+    if (!node)
+        return;
+    TLifeGuard alive(*this);
+    const TNodeRef still(Nodes(), node);
+    SetVisiblePath(node, true);
+    if (alive && still)
+        SetSelected(node, true);
+    if (alive && still)
+        SetFocusedNode(node);
+    if (alive && still)
+        ScrollIntoView(node, false);
+    if (alive)
+        ApplyFocusedColumn();
+}
+
+void TZORVirtualDBGrid::Set_Selected(int id) {
+    if (id > 0)
+        Set_Selected(FindNode([id](const TRowId& row) { return row.first == id; }));
+}
+
+void TZORVirtualDBGrid::Set_Selected(int id, const TGUID& guid) {
+    Set_Selected(FindNode([&](const TRowId& row) { return IsRow(row, {id, guid}); }));
+}
+
+void TZORVirtualDBGrid::Set_Selected(TVirtualNode* node) {
+    TLifeGuard alive(*this);
+    const TNodeRef still(Nodes(), node);
+    ClearSelection();
+    if (alive && still)
+        ShowNode(node);
+}
+
+void TZORVirtualDBGrid::Set_Selected(const std::vector<TRowId>& rows) {
+    const TRowIds wanted(rows);
+    TVirtualNode* first = FindNode([&](const TRowId& row) { return wanted.Contains(row); });
+    TLifeGuard alive(*this);
+    const TNodeRef still(Nodes(), first);
+    ClearSelection();
+    if (!alive || !still)
+        return;
+    if (HasSelection(toMultiSelect) && SelectRows(wanted, first->GetNextSibling())) {
+        Nodes().SetState(first, vsSelected, true);
+        Invalidate();
+        DoChange(nullptr);
+    }
+    if (alive && still)
+        ShowNode(first);
+}
+
+/// Selects what is wanted among a node and those behind it, without telling anybody; whether there was any.
+bool TZORVirtualDBGrid::SelectRows(const TRowIds& wanted, TVirtualNode* node) {
+    bool any = false;
+    for (; node; node = node->GetNextSibling()) {
+        if (!wanted.Contains(GetRowId(node)))
+            continue;
+        Nodes().SetState(node, vsSelected, true);
+        any = true;
+    }
+    return any;
+}
+
+// The focused column
+
+int TZORVirtualDBGrid::Get_FocusedColumn() {
+    if (FColumnFocusLocked)
+        return FFocusedColumn;
+    if (GetFocusedColumn() < 0)
+        SetFocusedColumn(FFocusedColumn);
+    else
+        FFocusedColumn = GetFocusedColumn();
+    return FFocusedColumn;
+}
+
+void TZORVirtualDBGrid::Set_FocusedColumn(int index) {
+    if (FColumnFocusLocked)
+        return;
+    FFocusedColumn = index;
+    SetFocusedColumn(index);
+}
+
+void TZORVirtualDBGrid::Set_ColumnFocusLocked(bool value) {
+    TLifeGuard alive(*this);
+    if (value)
+        Get_FocusedColumn(); // it is the present one that is locked
+    else
+        SetFocusedColumn(FFocusedColumn);
+    if (alive)
+        FColumnFocusLocked = value;
+}
+
+void TZORVirtualDBGrid::DoFocusChange(TVirtualNode* node, TColumnIndex column) {
+    if (FColumnFocusLocked && column != FFocusedColumn && GetHeader()->GetColumns()->IsValidColumn(FFocusedColumn))
+        return SetFocusedColumn(FFocusedColumn); // which tells of the change of the node
+    TVirtualDrawTree::DoFocusChange(node, column);
+}
+
+TField* TZORVirtualDBGrid::GetSelectedField() {
+    return FieldOf(Get_FocusedColumn());
+}
+
+void TZORVirtualDBGrid::SetSelectedField(TField* value) {
+    if (const TColumn* column = GetColumns()->FindField(value))
+        Set_FocusedColumn(column->GetIndex());
+}
+
+String TZORVirtualDBGrid::GetSelectedFieldName() {
+    const TField* field = GetSelectedField();
+    return field ? field->GetFieldName() : String();
+}
+
+void Zorvirtualdbgrid::Register() {
+    RegisterComponents(PalettePage, {&TZORVirtualDBGrid::StaticClass()});
+}
+
+} // namespace ZOR

@@ -1,0 +1,518 @@
+// The virtual data grid: its rows, from the records of the dataset, and what the cells say.
+
+#include "data/Zorvirtualdbgrid.h"
+#include "data/Zorvirtualdbgrid_parts.h"
+#include "framework/graphics/textmetrics.h"
+#include "framework/system/strings.h"
+
+#include <algorithm>
+#include <new>
+
+namespace ZOR {
+
+// The data
+
+TDataSource* TZORVirtualDBGrid::GetDataSource() const {
+    return FDataLink->GetDataSource();
+}
+
+void TZORVirtualDBGrid::SetDataSource(TDataSource* value) {
+    if (value == GetDataSource())
+        return;
+    TLifeGuard alive(*this);
+    FHolder->SetDataSource(value); // first, so that its columns know their fields when the rows are read
+    if (alive)
+        FDataLink->SetDataSource(value);
+}
+
+TDataSet* TZORVirtualDBGrid::GetDataSet() const {
+    return FDataLink ? FDataLink->GetDataSet() : nullptr;
+}
+
+std::shared_ptr<_Recordset> TZORVirtualDBGrid::Get_Recordset() const {
+    const auto* dataSet = As<TCustomADODataSet>(GetDataSet());
+    return dataSet ? dataSet->GetRecordset() : nullptr;
+}
+
+/// The dataset was opened or closed, or another one came.
+void TZORVirtualDBGrid::DataSetReplaced() {
+    EndPassing();
+    FWalk = nullptr;
+    for (TKeyField& key : FKeyFields)
+        key.Index = TKeyField::NotSought;
+    Invalidate();
+    InvalidateFooter();
+    BuildTree();
+}
+
+void TZORVirtualDBGrid::DataEvent(TDataEvent event) {
+    if (event == deCheckBrowseMode)
+        BuildTree();
+    else if (event == deUpdateState || event == deLayoutChange || RowsAreBehind())
+        Invalidate(); // texts are others, and rows that are behind are read when it comes to painting them
+}
+
+/// Whatever the dataset tells of, fields read its active record from then on.
+void TZORVirtualDBGrid::EndPassing() {
+    if (FPainting)
+        FPainting->Leave();
+}
+
+// Bringing the rows into line
+
+bool TZORVirtualDBGrid::IsReady() const {
+    return FDataLink && FDataLink->GetActive() && GetDataSet()->GetState() == dsBrowse &&
+           GetColumns()->GetCount() > 0 && !FReading && !IsLoading() && !IsDestroying();
+}
+
+bool TZORVirtualDBGrid::AreCounted(TDataSet& dataSet) const {
+    return static_cast<unsigned>(std::max(dataSet.GetRecordCount(), 0)) == GetRootNodeCount();
+}
+
+/// A column came that has a total to be summed up.
+bool TZORVirtualDBGrid::TotalsAreBehind() const {
+    for (int i = 0; i < GetColumns()->GetCount(); ++i) {
+        const TColumn& column = *GetColumns()->GetColumn(i);
+        const auto isThis = [&](const auto& read) {
+            return read.first == column.GetID() && read.second == column.GetFieldName();
+        };
+        if (std::none_of(FReadColumns.begin(), FReadColumns.end(), isThis) && FieldOf(i) &&
+            HasTotal(FieldOf(i)->GetDataType()))
+            return true;
+    }
+    return false;
+}
+
+/// The records were fetched again, so that the bookmarks of the rows lead nowhere: that of neither end is valid.
+bool TZORVirtualDBGrid::WereReadAnew(TDataSet& dataSet) const {
+    const auto isStale = [&](TVirtualNode* node) {
+        const TVirtualDBGridNode* data = node ? DataOf(node) : nullptr;
+        return data && data->Row && !data->Row->Bookmark.IsEmpty() && !dataSet.BookmarkValid(data->Row->Bookmark);
+    };
+    return isStale(GetRootNode()->GetFirstChild()) && isStale(GetRootNode()->GetLastChild());
+}
+
+bool TZORVirtualDBGrid::RowsAreBehind() {
+    if (!IsReady())
+        return false;
+    TDataSet& dataSet = *GetDataSet();
+    return FColumnsChanged || GetNodeDataSize() != VirtualDBGridNodeSize || !AreCounted(dataSet) ||
+           FReadFiltered != dataSet.GetFiltered() || TotalsAreBehind() || WereReadAnew(dataSet);
+}
+
+/// Before the grid is painted.
+void TZORVirtualDBGrid::CatchUp() {
+    if (RowsAreBehind())
+        BuildTree();
+    else if (FColumnsChanged && !IsLoading() && GetColumns()->GetCount() > 0)
+        RefreshColumns(); // as long as no data is there they show their titles
+}
+
+void TZORVirtualDBGrid::BuildTree() {
+    if (!FDataLink || !FDataLink->GetActive() || IsDestroying())
+        return;
+    TLifeGuard alive(*this);
+    if (GetNodeDataSize() != VirtualDBGridNodeSize)
+        SetNodeDataSize(VirtualDBGridNodeSize);
+    if (alive && GetColumns()->GetCount() > 0)
+        RefreshColumns();
+    if (alive)
+        RefreshRows();
+}
+
+void TZORVirtualDBGrid::RefreshRows() {
+    if (!IsReady())
+        return;
+    TDataSet& dataSet = *GetDataSet();
+    if (!AreCounted(dataSet) || FReadFiltered != dataSet.GetFiltered() || TotalsAreBehind())
+        return Reload();
+    TLifeGuard alive(*this);
+    if (WereReadAnew(dataSet) && !ReadBookmarks(dataSet) && alive)
+        Reload();
+}
+
+void TZORVirtualDBGrid::Reload() {
+    if (!IsReady())
+        return;
+    const auto keyOf = [this](TVirtualNode* node) { return node ? GetRowId(node) : TRowId(); };
+    std::vector<TRowId> selected;
+    if (GetSelectedCount() > 0)
+        Get_Selected(&selected);
+    std::erase(selected, TRowId()); // rows without a key are not found again
+    const TRowId focused = keyOf(GetFocusedNode());
+    const std::int64_t offset = HandleAllocated() ? GetOffsetY() : 0;
+    TLifeGuard alive(*this);
+    ReadRows(*GetDataSet());
+    if (!alive)
+        return;
+    if (!selected.empty() && SelectRows(TRowIds(selected), GetRootNode()->GetFirstChild()))
+        DoChange(nullptr);
+    if (!alive || focused == TRowId())
+        return;
+    if (TVirtualNode* node = FindNode([&](const TRowId& row) { return IsRow(row, focused); })) {
+        SetFocusedNode(node);
+        if (alive && HandleAllocated())
+            SetOffsetY(offset);
+    }
+}
+
+// Reading records
+
+/// Makes the nodes anew. Each of them takes the record on which the dataset stands and moves it on, see DoInitNode.
+void TZORVirtualDBGrid::ReadRows(TDataSet& dataSet) {
+    FReading = true;
+    const TAtScopeEnd done(*this, [this] { FReading = false; });
+    TLifeGuard alive(*this);
+    TLifeGuard there(dataSet);
+    FTotals.clear();
+    FReadColumns.clear();
+    for (int i = 0; i < GetColumns()->GetCount(); ++i)
+        FReadColumns.emplace_back(GetColumns()->GetColumn(i)->GetID(), GetColumns()->GetColumn(i)->GetFieldName());
+    FReadFiltered = dataSet.GetFiltered();
+    if (GetNodeDataSize() != VirtualDBGridNodeSize)
+        SetNodeDataSize(VirtualDBGridNodeSize);
+    if (alive)
+        SetRootNodeCount(0);
+    if (!alive || !there || !FDataLink->GetActive() || GetDataSet() != &dataSet)
+        return;
+    SetRootNodeCount(static_cast<unsigned>(std::max(dataSet.GetRecordCount(), 0)));
+    WalkRecords(dataSet, [&] {
+        ValidateNode(nullptr, true);
+        if (alive && FWalk && FWalk->DataSet->GetEof())
+            HideRowsFrom(static_cast<unsigned>(FWalk->Number)); // a filter lets fewer records through
+    });
+    if (alive)
+        InvalidateFooter();
+}
+
+/// Gives each row the record at its place; false, and rows are half done, when one of them has another key.
+bool TZORVirtualDBGrid::ReadBookmarks(TDataSet& dataSet) {
+    FReading = true;
+    const TAtScopeEnd done(*this, [this] { FReading = false; });
+    TLifeGuard alive(*this);
+    bool same = true;
+    WalkRecords(dataSet, [&] {
+        TVirtualNode* node = GetRootNode()->GetFirstChild();
+        for (; same && node && FWalk && !dataSet.GetEof(); node = node->GetNextSibling()) {
+            TVirtualDBGridNode* data = DataOf(node);
+            same = data && data->Row && ReadKey(dataSet) == GetRowId(node);
+            if (!same)
+                break;
+            data->Row->Bookmark = dataSet.GetBookmark();
+            dataSet.Next();
+            if (!alive)
+                return;
+        }
+    });
+    if (alive)
+        Invalidate();
+    return same;
+}
+
+/// Runs `body` with the dataset on its first record and controls disabled, and then goes back to where it was.
+template <class TBody>
+void TZORVirtualDBGrid::WalkRecords(TDataSet& dataSet, TBody&& body) {
+    TLifeGuard alive(*this);
+    TLifeGuard there(dataSet);
+    const auto enable = [&] {
+        if (there)
+            dataSet.EnableControls();
+    };
+    dataSet.DisableControls();
+    try {
+        const TBookmark place = dataSet.GetBookmark();
+        dataSet.First();
+        if (alive && there && FDataLink->GetActive()) {
+            TWalk walk{As<TCustomADODataSet>(&dataSet), {}, 0};
+            FWalk = walk.DataSet && walk.DataSet->GetRecordset() ? &walk : nullptr;
+            const TAtScopeEnd done(*this, [this] { FWalk = nullptr; });
+            PrepareWalk(walk);
+            body();
+        }
+        if (there && dataSet.GetActive()) {
+            if (dataSet.BookmarkValid(place))
+                dataSet.GotoBookmark(place);
+            else
+                dataSet.First();
+        }
+    } catch (...) {
+        enable();
+        throw;
+    }
+    enable();
+}
+
+void TZORVirtualDBGrid::PrepareWalk(TWalk& walk) {
+    walk.Totals.clear();
+    for (int i = 0; i < GetColumns()->GetCount(); ++i) {
+        TField* field = FieldOf(i);
+        if (!field || !HasTotal(field->GetDataType()))
+            continue;
+        TColumn* column = GetColumns()->GetColumn(i);
+        TTotal& total = FTotals[column];
+        total.ColumnID = column->GetID();
+        walk.Totals.emplace_back(field, &total.Sum);
+    }
+}
+
+TField* TZORVirtualDBGrid::KeyField(TDataSet& dataSet, TKeyField& key) const {
+    if (key.Index == TKeyField::NotSought) {
+        const TField* field = key.Name.empty() ? nullptr : dataSet.FindField(key.Name);
+        key.Index = field ? field->GetIndex() : TKeyField::Absent;
+    }
+    return key.Index >= 0 && key.Index < dataSet.GetFieldCount() ? dataSet.GetFields()[key.Index] : nullptr;
+}
+
+namespace {
+
+int NumberOf(const TField& field) {
+    const TFieldValue value = field.GetData();
+    if (value.IsNull())
+        return 0;
+    try {
+        const std::int64_t number = value.Kind() == TFieldValue::TKind::Integer ? value.Whole() : field.GetAsLargeInt();
+        return number >= INT32_MIN && number <= INT32_MAX ? static_cast<int>(number) : 0;
+    } catch (const EDatabaseError&) {
+        return 0; // a text that is no number
+    }
+}
+
+TGUID GuidOf(const TField& field) {
+    const TFieldValue value = field.GetData();
+    TGUID guid;
+    if (value.Kind() == TFieldValue::TKind::Guid)
+        guid = value.GuidValue();
+    else if (value.Kind() == TFieldValue::TKind::Text)
+        TryStringToGUID(value.Units(), guid);
+    return guid;
+}
+
+} // namespace
+
+TRowId TZORVirtualDBGrid::ReadKey(TDataSet& dataSet) {
+    TRowId key;
+    if (const TField* field = KeyField(dataSet, FKeyFields[0]))
+        key.first = NumberOf(*field);
+    if (const TField* field = KeyField(dataSet, FKeyFields[1]))
+        key.second = GuidOf(*field);
+    return key;
+}
+
+/// Takes the record on which the dataset stands; false when there is none for this row.
+bool TZORVirtualDBGrid::ReadRecord(TVirtualDBGridNode& data) {
+    TCustomADODataSet& dataSet = *FWalk->DataSet;
+    if (!dataSet.GetRecordset() || !AreCounted(dataSet) || dataSet.GetEof())
+        return false;
+    data.Row->Bookmark = dataSet.GetBookmark();
+    data.Row->Number = ++FWalk->Number;
+    for (const auto& [field, total] : FWalk->Totals)
+        total->Add(field->GetData());
+    const TRowId key = ReadKey(dataSet);
+    data.id = key.first;
+    data.guid = key.second;
+    return true;
+}
+
+void TZORVirtualDBGrid::DoInitNode(TVirtualNode* parent, TVirtualNode* node, TVirtualNodeInitStates& initialStates) {
+    TLifeGuard alive(*this);
+    const TNodeRef still(Nodes(), node);
+    TVirtualDrawTree::DoInitNode(parent, node, initialStates);
+    TVirtualDBGridNode* data = alive && still ? DataOf(node) : nullptr;
+    if (!data)
+        return;
+    MakeRow(*data);
+    OfferBox(node);
+    // Records are read in one go alone: at any other time the dataset stands somewhere else.
+    if (!FWalk || parent || !data->Row->Bookmark.IsEmpty() || !ReadRecord(*data))
+        return;
+    if (Fire(*this, AfterInitNode, this, parent, node, initialStates) && FWalk)
+        FWalk->DataSet->Next();
+}
+
+void TZORVirtualDBGrid::HideRowsFrom(unsigned index) {
+    if (index >= GetRootNodeCount())
+        return;
+    TVirtualNode* node = TNodeStore::Child(GetRootNode(), index);
+    for (; node; node = node->GetNextSibling())
+        Nodes().SetState(node, vsVisible, false);
+    StructureChanged();
+}
+
+// What rows keep
+
+TVirtualDBGridNode* TZORVirtualDBGrid::DataOf(TVirtualNode* node) const {
+    return node && GetNodeDataSize() >= VirtualDBGridNodeSize ? GetNodeData<TVirtualDBGridNode>(node) : nullptr;
+}
+
+void TZORVirtualDBGrid::MakeRow(TVirtualDBGridNode& data) {
+    if (data.Row)
+        return;
+    const TNodePool::TCell cell = FRowPool.Allocate();
+    data.Row = new (cell.Memory) TVirtualDBGridRow;
+    data.Row->PoolPart = cell.Chunk;
+}
+
+void TZORVirtualDBGrid::DoFreeNode(TVirtualNode* node) {
+    TVirtualDBGridNode* data = DataOf(node);
+    TVirtualDBGridRow* row = data && node->Has(vsInitialized) ? data->Row : nullptr;
+    if (row) {
+        data->Row = nullptr;
+        const std::uint32_t part = row->PoolPart;
+        row->~TVirtualDBGridRow();
+        FRowPool.Free(row, part);
+    }
+    if (FPainting && FPainting->Node == node)
+        FPainting->Leave();
+    TVirtualDrawTree::DoFreeNode(node);
+}
+
+TRowId TZORVirtualDBGrid::GetRowId(TVirtualNode* node) const {
+    const TVirtualDBGridNode* data = DataOf(node);
+    return data ? TRowId(data->id, data->guid) : TRowId();
+}
+
+TBookmark TZORVirtualDBGrid::GetRowBookmark(TVirtualNode* node) const {
+    const TVirtualDBGridNode* data = DataOf(node);
+    return data && data->Row ? data->Row->Bookmark : TBookmark();
+}
+
+// Texts
+
+TField* TZORVirtualDBGrid::FieldOf(int column) const {
+    return column >= 0 && column < GetColumns()->GetCount() ? GetColumns()->GetColumn(column)->GetField() : nullptr;
+}
+
+String TZORVirtualDBGrid::CaptionOf(TField* field) {
+    if (!field)
+        return {};
+    if (field->GetDataType() == ftBoolean && !field->GetIsNull())
+        return field->GetAsBoolean() ? u"#B1" : u"#B0";
+    return field->GetDisplayText();
+}
+
+/// The reader may stand on the record already. Empty when there is none.
+String TZORVirtualDBGrid::CaptionInPassing(TDataSet::TPassingReader& reader, TVirtualNode* node, int column) const {
+    return reader.GoTo(GetRowBookmark(node)) ? CaptionOf(FieldOf(column)) : String();
+}
+
+String TZORVirtualDBGrid::CaptionWhilePainting(TVirtualNode* node, int column) {
+    const std::shared_ptr<TPainting> painting = FPainting; // fields are calculated by handlers
+    if (GetDataSet() != painting->DataSet || !FDataLink->GetActive())
+        return {};
+    if (painting->Node != node) {
+        TLifeGuard alive(*this);
+        painting->Found = painting->Reader.GoTo(GetRowBookmark(node));
+        if (!alive)
+            return {};
+        painting->Node = node;
+    }
+    return painting->Found ? CaptionOf(FieldOf(column)) : String();
+}
+
+String TZORVirtualDBGrid::Get_NodeCaption(TVirtualNode* node, int column) {
+    if (FPainting && node)
+        return CaptionWhilePainting(node, column);
+    TDataSet* dataSet = GetDataSet();
+    const TBookmark bookmark = GetRowBookmark(node);
+    if (!dataSet || !FDataLink->GetActive() || !dataSet->BookmarkValid(bookmark))
+        return {};
+    if (dataSet->GetState() != dsBrowse) {
+        TDataSet::TPassingReader reader(*dataSet); // what is being edited is not posted for the sake of a text
+        return CaptionInPassing(reader, node, column);
+    }
+    if (dataSet->GetBookmark() == bookmark)
+        return CaptionOf(FieldOf(column));
+    TLifeGuard alive(*this);
+    TLifeGuard there(*dataSet);
+    String text;
+    dataSet->DisableControls();
+    try {
+        dataSet->GotoBookmark(bookmark);
+        if (alive && there && FDataLink->GetActive())
+            text = CaptionOf(FieldOf(column));
+    } catch (const EDatabaseError&) { // NOLINT(bugprone-empty-catch): a filter keeps the record out
+    } catch (...) {
+        if (there)
+            dataSet->EnableControls();
+        throw;
+    }
+    if (there)
+        dataSet->EnableControls();
+    return text;
+}
+
+String TZORVirtualDBGrid::NodeText(TVirtualNode* node, TColumnIndex column) {
+    TDataSet* dataSet = GetDataSet();
+    if (!dataSet || !FDataLink->GetActive())
+        return {};
+    const std::shared_ptr<TPainting> painting = FPainting;
+    if (painting)
+        painting->Leave(); // only one can read in passing
+    TDataSet::TPassingReader reader(*dataSet);
+    TLifeGuard alive(*this);
+    if (!reader.GoTo(GetRowBookmark(node)) || !alive)
+        return {};
+    TField* field = FieldOf(column);
+    return field ? field->GetDisplayText() : String();
+}
+
+int TZORVirtualDBGrid::DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) {
+    if (OnGetNodeWidth)
+        return TVirtualDrawTree::DoGetNodeWidth(node, column);
+    if (ShowsCheckMark(column))
+        return TCheckPainter(IsThemed()).Size().Width;
+    const String text = NodeText(node, column).substr(0, 10000); // what is longer is wider than any screen
+    return TTextMeasure(*FontOf(column)).Extent(text).Width;
+}
+
+String TZORVirtualDBGrid::DoGetNodeHint(TVirtualNode* node, TColumnIndex column) {
+    TLifeGuard alive(*this);
+    const TNodeRef still(Nodes(), node);
+    const String hint = TVirtualDrawTree::DoGetNodeHint(node, column);
+    if (!alive || !still || !hint.empty() || !IsHintColumn(column))
+        return hint;
+    const int room = GetHeader()->GetColumns()->GetColumn(column)->GetWidth() - 2 * (GetMargin() + GetTextMargin());
+    const bool isCut = DoGetNodeWidth(node, column) > room;
+    return alive && still && isCut ? NodeText(node, column) : String();
+}
+
+bool TZORVirtualDBGrid::IsHintColumn(int column) const {
+    return std::find(FHintColumns.begin(), FHintColumns.end(), column) != FHintColumns.end();
+}
+
+// Totals
+
+const TZORVirtualDBGrid::TTotal* TZORVirtualDBGrid::TotalOf(TColumn* column) const {
+    const auto found = FTotals.find(column);
+    if (found == FTotals.end())
+        return nullptr;
+    for (int i = 0; i < GetColumns()->GetCount(); ++i) {
+        if (GetColumns()->GetColumn(i) == column)
+            return column->GetID() == found->second.ColumnID ? &found->second : nullptr;
+    }
+    return nullptr;
+}
+
+Variant TZORVirtualDBGrid::GetColumnTotal(TColumn* column) const {
+    const TTotal* total = TotalOf(column);
+    return total ? total->Sum.AsVariant() : Null();
+}
+
+String TZORVirtualDBGrid::GetPlainTotal(TColumn* column) const {
+    const TTotal* total = TotalOf(column);
+    return total ? total->Sum.AsText() : String();
+}
+
+String TZORVirtualDBGrid::FormatColumnTotal(TColumn* column) const {
+    const TTotal* total = TotalOf(column);
+    if (!total)
+        return {};
+    const TField* field = column->GetField();
+    OleVariant keeper;
+    const TFieldValue value = total->Sum.Value(keeper);
+    // How many are true is a number, and so is what is too long for one.
+    const bool isPlain = !field || field->GetDataType() == ftBoolean || value.Kind() == TFieldValue::TKind::Text;
+    return isPlain ? total->Sum.AsText() : field->DisplayTextOf(value);
+}
+
+} // namespace ZOR
