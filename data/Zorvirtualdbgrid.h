@@ -204,7 +204,7 @@ public:
     void ComputeFooterLayout(const TVirtualTreeColumn& column, HDC dc, const TRect& cell, TRect& text) const;
     /// Draws what the column's footer says, a total as the column's field shows its values, in line with the texts
     /// above and with a line behind it.
-    void DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn& column, const TRect& cell) const;
+    void DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn& column, const TRect& cell);
     /// For handlers of OnFooterDraw, while they are called.
     const TFooterPaintInfo& GetFooterPaintInfo() const { return FFooterPaintInfo; }
 
@@ -302,7 +302,7 @@ private:
     bool DrawsItself() const;
     bool UsesContentRect(const TVTPaintInfo& info) const;
     TFont* FontOf(int column) const;
-    void DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc);
+    void DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool ownFont);
     void DrawCheckMark(const TVTPaintInfo& info, HDC dc, bool checked) const;
     bool ShowsCheckMark(int column) const;
     bool PrepareFooterTexts();

@@ -106,12 +106,12 @@ void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintIn
         return;
     }
     if (!direct || font == GetFont())
-        return DrawCaption(info, text, dc);
+        return DrawCaption(info, text, dc, direct);
     const TSelectedObject selected(dc, font->GetHandle());
-    DrawCaption(info, text, dc);
+    DrawCaption(info, text, dc, false);
 }
 
-void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc) {
+void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool ownFont) {
     if (text.empty())
         return;
     if ((text == kTrueText || text == kFalseText) && ShowsCheckMark(info.Column))
@@ -123,9 +123,9 @@ void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text
     if (std::any_of(text.begin(), text.end(), isControl)) {
         String line = text;
         std::replace_if(line.begin(), line.end(), isControl, u' ');
-        fits = DrawCellText(dc, line, info);
+        fits = DrawCellText(dc, line, info, ownFont);
     } else {
-        fits = DrawCellText(dc, text, info);
+        fits = DrawCellText(dc, text, info, ownFont);
     }
     if (!fits && !IsHintColumn(info.Column))
         FHintColumns.push_back(info.Column);
@@ -331,7 +331,7 @@ void TZORVirtualDBGrid::ComputeFooterLayout(const TVirtualTreeColumn& column, HD
     text = FooterTextPlace(MirroredAlignment(column.GetAlignment()), {size.cx + kSpare, size.cy}, cell, GetMargin());
 }
 
-void TZORVirtualDBGrid::DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn& column, const TRect& cell) const {
+void TZORVirtualDBGrid::DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn& column, const TRect& cell) {
     canvas.GetFont()->SetColor(GetEnabled() ? FFooter->GetFont()->GetColor() : clGrayText);
     const HDC dc = canvas.GetHandle();
     const int line = UseRightToLeftAlignment() ? cell.Left : cell.Right - 1;
@@ -348,12 +348,12 @@ void TZORVirtualDBGrid::DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn
     info.ContentRect = cell.Inflated(-GetMargin(), 0);
     info.Alignment = MirroredAlignment(column.GetAlignment());
     if (!text.empty())
-        DrawCellText(dc, text, info);
+        DrawCellText(dc, text, info, false);
 }
 
 void DrawFooterTotals(TVTHeader* sender, TCanvas* canvas, TVirtualTreeColumn* column, const TRect& cell, bool, bool,
                       TVTDropMarkMode) {
-    if (const auto* grid = As<TZORVirtualDBGrid>(sender->GetTreeview()))
+    if (auto* grid = As<TZORVirtualDBGrid>(sender->GetTreeview()))
         grid->DrawFooterCell(*canvas, *column, cell);
 }
 
