@@ -315,14 +315,17 @@ void TZORVirtualStringTree::SetPositionAdditionalComponents() {
         FSearchEdit->BringToFront(); // it lies over the room that the tree leaves
 }
 
-/// The Tab key comes to the edit before it comes to the rows.
+/// The Tab key comes to the edit before it comes to the rows. While the edit does not show, and in designers, it is
+/// behind all others, so that it counts in nobody's TabOrder.
 void TZORVirtualStringTree::PlaceSearchEditInTabOrder() {
     if (!FSearchEdit || !GetParent() || FSearchEdit->GetParent() != GetParent() ||
         GetParent()->GetComponentState().Contains(csLoading))
         return;
     const int edit = FSearchEdit->GetTabOrder();
     const int tree = GetTabOrder();
-    if (edit != tree - 1)
+    if (!FSearchEditVisible || IsDesigning())
+        FSearchEdit->SetTabOrder(-1);
+    else if (edit != tree - 1)
         FSearchEdit->SetTabOrder(edit < tree ? tree - 1 : tree);
 }
 

@@ -398,6 +398,14 @@ TEST_F(VirtualTreeTest, TellsScreenReadersOfRowsAndColumns) {
     EXPECT_EQ(Row(3)->CheckState, csUncheckedNormal);
     found->accSelect(SELFLAG_TAKESELECTION, number(2 + 1));
     EXPECT_EQ(SelectedRows(), u"0");
+    found->accSelect(SELFLAG_EXTENDSELECTION, number(2 + 3));
+    EXPECT_EQ(SelectedRows(), u"0 1 2");
+    found->get_accSelection(&state);
+    IEnumVARIANT* rows = nullptr;
+    ASSERT_EQ(state.punkVal->QueryInterface(__uuidof(IEnumVARIANT), reinterpret_cast<void**>(&rows)), S_OK);
+    EXPECT_EQ(rows->Skip(3), S_OK) << "exactly all of them";
+    rows->Release();
+    state.punkVal->Release();
     found->Release();
 }
 
