@@ -178,6 +178,8 @@ TEST_F(CheckListTest, LettersFindAndSpaceChecks) {
     Tree->OnInitNode = [&](auto...) { ++asked; };
     for (int i = 0; i < 1000; ++i)
         Tree->AddToDeque(100 + i, u"Zz" + IntToStr(i));
+    for (const char16_t* text : {u"Nowy Dw\u00F3r", u"Nowy Targ"})
+        Tree->AddToDeque(0, text);
     Tree->SetCheckListBox();
     Tree->IncrementalSearch = isVisibleOnly;
     Tree->FocusedNode = Tree->NodeOfRow(0);
@@ -190,6 +192,11 @@ TEST_F(CheckListTest, LettersFindAndSpaceChecks) {
     EXPECT_EQ(Tree->NodeText(Tree->FocusedNode, 1), u"Krak\u00F3w") << "q finds nothing and is forgotten";
     PressKey(VK_SPACE);
     EXPECT_EQ(States().substr(0, 8), u"-x-xx---") << "no text goes on with a blank";
+    TypeText(u"nowy");
+    PressKey(VK_SPACE);
+    TypeText(u"t");
+    EXPECT_EQ(Tree->NodeText(Tree->FocusedNode, 1), u"Nowy Targ") << "some do";
+    EXPECT_EQ(Tree->GetCheckListBox_CheckedCount(), 3);
     EXPECT_LT(asked, 100) << "a search asks for no nodes";
 }
 
