@@ -161,8 +161,8 @@ public:
     virtual int CompareBookmarks(const TBookmark& left, const TBookmark& right);
     void FreeBookmark(TBookmark& bookmark) { bookmark = {}; }
 
-    /// Has fields read another record than the active one. Nothing moves, nobody is told, and what is being edited stays
-    /// so: for those who show many records, such as grids while they paint.
+    /// Has fields read another record than the active one. Nothing moves, nobody is told, and what is being edited
+    /// stays so: for those who show many records, such as grids while they paint.
     class TPassingReader {
     public:
         explicit TPassingReader(TDataSet& dataSet) : FDataSet(dataSet), FAlive(dataSet) {}
