@@ -96,6 +96,10 @@ int TZORADODataSet::NumberOfRow() {
                                 : TADODataSet::NumberOfRow();
 }
 
+void TZORADODataSet::RowsReplaced() {
+    FBookmarks.Clear();
+}
+
 // Reading records.
 
 TGetResult TZORADODataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {

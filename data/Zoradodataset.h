@@ -12,7 +12,8 @@
 //     orders->FilteredByBookmarks = true;
 //
 // The bookmarks are those of the rows that are open now: whoever opens others clears them. Refresh, which reads the
-// same rows anew, finds them again.
+// same rows anew, finds them again. Where none is left, as in a detail whose master moves to another record, the
+// narrowing ends as ClearBookmarks ends it, and everything shows.
 
 #include "data/Zoradodataset_pas.h"
 #include "data/Zoradodataset_rules.h"
@@ -65,6 +66,7 @@ public:
 protected:
     void InternalRefresh() override;
     int NumberOfRow() override;
+    void RowsReplaced() override;
 
 private:
     bool IsNarrowed();

@@ -66,6 +66,14 @@ TDataValue DataValueOf(const TFieldValue& value) {
     return value.GuidValue();
 }
 
+namespace {
+
+bool HasAnyDecimals(const TColumnInfo& column) {
+    return column.Type == adNumeric && column.Precision == 0;
+}
+
+} // namespace
+
 TFieldType FieldTypeOf(const TColumnInfo& column) {
     switch (column.Type) {
     case adSmallInt:
@@ -95,7 +103,8 @@ TFieldType FieldTypeOf(const TColumnInfo& column) {
     case adWChar:
         return ftFixedWideChar;
     case adNumeric:
-        return column.Scale <= Currency::decimals && column.Precision <= 18 ? ftBCD : ftFMTBcd;
+        return !HasAnyDecimals(column) && column.Scale <= Currency::decimals && column.Precision <= 18 ? ftBCD
+                                                                                                       : ftFMTBcd;
     case adDBDate:
         return ftDate;
     case adDBTime:
@@ -286,7 +295,9 @@ void TCustomADODataSet::ReadFieldDefs() {
             def->SetName(unique);
             def->SetDataType(FieldTypeOf(column));
             const bool isExact = column.Type == adNumeric || column.Type == adCurrency;
-            def->SetSize(isExact ? column.Scale : static_cast<int>(std::min<std::int64_t>(column.Size, INT32_MAX)));
+            def->SetSize(HasAnyDecimals(column) ? -1
+                         : isExact              ? column.Scale
+                                                : static_cast<int>(std::min<std::int64_t>(column.Size, INT32_MAX)));
             def->SetPrecision(column.Precision);
             TFieldAttributes attributes;
             if (column.ReadOnly)
@@ -590,6 +601,7 @@ void TCustomADODataSet::MasterChanged() {
             Attempt(
                 [&] {
                     FRecordset = OpenRecordset();
+                    RowsReplaced();
                     TakeColumns();
                 },
                 [&] { Close(); });

@@ -160,6 +160,8 @@ protected:
     }
     /// Frees what searches keep from one to the next.
     void DestroyLookupCursor();
+    /// The rows are those of another master record now.
+    virtual void RowsReplaced() {}
     /// Has the recordset read its rows anew.
     void Requery();
     static TRecInfo& HeaderOf(TRecordBuffer buffer) { return *reinterpret_cast<TRecInfo*>(buffer); }

@@ -1,6 +1,7 @@
 #include "framework/db/columnstore.h"
 
 #include "framework/db/databaseerrors.h"
+#include "framework/db/datatexts.h"
 #include "framework/system/strings.h"
 
 #include <algorithm>
@@ -189,7 +190,9 @@ double TColumnStore::GetDouble(int row) const {
         TNumeric number;
         if (TryGetNumeric(row, number))
             return number.AsDouble();
-        return std::strtod(Utf8Encode(GetText(row)).c_str(), nullptr);
+        double value = 0;
+        TryParseDouble(Utf8Encode(GetText(row)), value);
+        return value;
     }
     return static_cast<double>(GetInt64(row));
 }

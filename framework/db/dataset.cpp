@@ -297,6 +297,8 @@ void TDataSet::BindFields(bool binding) {
     for (TField* field : FFields) {
         field->FSlot = binding ? slot++ : -1;
         field->FFieldNo = 0;
+        if (std::exchange(field->FHasColumnSize, false))
+            field->FSize = 0;
         if (!binding)
             continue;
         if (field->GetCalculated()) {
@@ -312,8 +314,10 @@ void TDataSet::BindFields(bool binding) {
                               u" cannot read a column of type " + DescribeEnum(ftUnknown).Names[def.GetDataType()],
                           this);
         field->FFieldNo = column + 1;
-        if (field->FSize == 0)
+        if (field->FSize == 0) {
             field->FSize = def.GetSize();
+            field->FHasColumnSize = true;
+        }
     }
 }
 
@@ -347,9 +351,7 @@ void TDataSet::SetFieldValues(StringView names, const Variant& value) {
 
 bool TDataSet::ConvertFor(const TField& field, const TFieldValue& value, OleVariant& converted) {
     try {
-        OleVariant keeper;
-        converted = OleVariant(field.Converted(value, keeper));
-        return true;
+        return field.TryConvertKey(value, converted);
     } catch (const Exception&) {
         return false;
     }

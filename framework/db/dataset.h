@@ -304,7 +304,7 @@ protected:
     void FinishEditing();
     /// Whether fields read this buffer instead of the active record for now.
     bool IsTemporary(TRecordBuffer buffer) const { return buffer == FTemporaryBuffer && !IsBuffered(buffer); }
-    /// `value` in the kind that the field keeps; false when it has no place there.
+    /// `value` in the kind that the field keeps; false when no record can have it there.
     static bool ConvertFor(const TField& field, const TFieldValue& value, OleVariant& converted);
     /// The record that fields read: the active one, or the one that is being calculated or filtered; null when none.
     TRecordBuffer ActiveRecordBuffer() const;

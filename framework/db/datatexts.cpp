@@ -66,34 +66,17 @@ private:
     std::size_t FAt = 0;
 };
 
-bool ReadDate(TReader& reader, std::int64_t& ticks) {
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    if (!reader.Digits(4, year) || !reader.Skip('-') || !reader.Digits(2, month) || !reader.Skip('-') ||
-        !reader.Digits(2, day))
-        return false;
-    if (year < 1 || month < 1 || month > 12 || day < 1 || (day > 28 && day > DaysInAMonth(year, month)))
-        return false;
-    ticks = DaysOf(year, month, day) * TMoment::ticksPerDay;
-    return true;
+bool ReadDate(TReader& reader, TMomentParts& parts) {
+    return reader.Digits(4, parts.Year) && reader.Skip('-') && reader.Digits(2, parts.Month) && reader.Skip('-') &&
+           reader.Digits(2, parts.Day);
 }
 
-bool ReadTime(TReader& reader, std::int64_t& ticks) {
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int fraction = 0;
-    if (!reader.Digits(2, hour) || !reader.Skip(':') || !reader.Digits(2, minute))
+bool ReadTime(TReader& reader, TMomentParts& parts) {
+    if (!reader.Digits(2, parts.Hour) || !reader.Skip(':') || !reader.Digits(2, parts.Minute))
         return false;
-    if (reader.Skip(':') && !reader.Digits(2, second))
+    if (reader.Skip(':') && !reader.Digits(2, parts.Second))
         return false;
-    if (reader.Skip('.') && !reader.Fraction(fraction))
-        return false;
-    if (hour > 23 || minute > 59 || second > 59)
-        return false;
-    ticks = (hour * 3600 + minute * 60 + second) * TMoment::ticksPerSecond + fraction;
-    return true;
+    return !reader.Skip('.') || reader.Fraction(parts.Ticks);
 }
 
 void AppendDigits(String& text, int value, int digits) {
@@ -153,19 +136,28 @@ bool TryParseDouble(std::string_view text, double& value) {
 
 bool TryParseMoment(std::string_view text, DataTypeEnum type, TMoment& value) {
     TReader reader(text);
-    std::int64_t date = 0;
-    std::int64_t time = 0;
-    if (type != adDBTime && !ReadDate(reader, date))
+    // Times alone lie on the day from which all are counted.
+    TMomentParts parts = {1899, 12, 30};
+    if (type != adDBTime && !ReadDate(reader, parts))
         return false;
-    if (type == adDBTime && !ReadTime(reader, time))
+    if (type == adDBTime && !ReadTime(reader, parts))
         return false;
     if (type == adDBTimeStamp && !reader.AtEnd()) {
-        if (!(reader.Skip(' ') || reader.Skip('T')) || !ReadTime(reader, time))
+        if (!(reader.Skip(' ') || reader.Skip('T')) || !ReadTime(reader, parts))
             return false;
     }
-    if (!reader.AtEnd())
+    return reader.AtEnd() && TryMakeMoment(parts, value);
+}
+
+bool TryMakeMoment(const TMomentParts& parts, TMoment& value) {
+    if (parts.Year < 1 || parts.Year > 9999 || parts.Month < 1 || parts.Month > 12 || parts.Day < 1 ||
+        (parts.Day > 28 && parts.Day > DaysInAMonth(parts.Year, parts.Month)))
         return false;
-    value.Ticks = date + time;
+    if (parts.Hour < 0 || parts.Hour > 23 || parts.Minute < 0 || parts.Minute > 59 || parts.Second < 0 ||
+        parts.Second > 59)
+        return false;
+    value.Ticks = DaysOf(parts.Year, parts.Month, parts.Day) * TMoment::ticksPerDay +
+                  (parts.Hour * 3600 + parts.Minute * 60 + parts.Second) * TMoment::ticksPerSecond + parts.Ticks;
     return true;
 }
 
@@ -228,13 +220,35 @@ struct TDeclaredType {
 /// The first that fits counts.
 constexpr TDeclaredType declaredTypes[] = {
     {u"TINYINT", adSmallInt}, // signed and unsigned alike
-    {u"SMALLINT", adSmallInt}, {u"INT2", adSmallInt},     {u"BIGINT", adBigInt},         {u"BIG INT", adBigInt},
-    {u"INT8", adBigInt},       {u"UNSIGNED", adBigInt},   {u"INTERVAL", adVarWChar},     {u"POINT", adVarWChar},
-    {u"INT", adInteger},       {u"GUID", adGUID},         {u"UNIQUEIDENTIFIER", adGUID}, {u"UUID", adGUID},
-    {u"BOOL", adBoolean},      {u"BIT", adBoolean},       {u"NUMERIC", adNumeric},       {u"DECIMAL", adNumeric},
-    {u"MONEY", adCurrency},    {u"CURRENCY", adCurrency}, {u"TIMESTAMP", adDBTimeStamp}, {u"DATETIME", adDBTimeStamp},
-    {u"DATE", adDBDate},       {u"TIME", adDBTime},       {u"REAL", adDouble},           {u"FLOA", adDouble},
-    {u"DOUB", adDouble},       {u"BINARY", adVarBinary},  {u"BLOB", adLongVarBinary},    {u"TEXT", adLongVarWChar},
+    {u"SMALLINT", adSmallInt},
+    {u"INT2", adSmallInt},
+    {u"BIGINT", adBigInt},
+    {u"BIG INT", adBigInt},
+    {u"INT8", adBigInt},
+    {u"UNSIGNED", adBigInt},
+    {u"INTERVAL", adVarWChar},
+    {u"FLOA", adDouble},
+    {u"POINT", adVarWChar},
+    {u"INT", adInteger},
+    {u"GUID", adGUID},
+    {u"UNIQUEIDENTIFIER", adGUID},
+    {u"UUID", adGUID},
+    {u"BOOL", adBoolean},
+    {u"BIT", adBoolean},
+    {u"NUMERIC", adNumeric},
+    {u"NUMBER", adNumeric},
+    {u"DEC", adNumeric},
+    {u"MONEY", adCurrency},
+    {u"CURRENCY", adCurrency},
+    {u"TIMESTAMP", adDBTimeStamp},
+    {u"DATETIME", adDBTimeStamp},
+    {u"DATE", adDBDate},
+    {u"TIME", adDBTime},
+    {u"REAL", adDouble},
+    {u"DOUB", adDouble},
+    {u"BINARY", adVarBinary},
+    {u"BLOB", adLongVarBinary},
+    {u"TEXT", adLongVarWChar},
     {u"CLOB", adLongVarWChar},
 };
 
@@ -272,7 +286,7 @@ void ApplyDeclaredType(StringView declaration, TColumnInfo& info) {
         info.Precision = 19;
         info.Scale = Currency::decimals;
     } else if (info.Type == adNumeric) {
-        // Without numbers there is no limit.
+        // Without numbers there is no limit, but mostly few decimals.
         info.Precision = first;
         info.Scale = first > 0 ? second : Currency::decimals;
     }

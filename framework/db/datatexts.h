@@ -32,6 +32,8 @@ struct TMomentParts {
     int Ticks = 0; ///< of 100 nanoseconds
 };
 TMomentParts PartsOf(TMoment value);
+/// The moment of these parts; false for what no calendar or clock has, and outside the years 1 to 9999.
+bool TryMakeMoment(const TMomentParts& parts, TMoment& value);
 
 /// The type that a declaration such as "decimal(12, 2)" or "UNSIGNED BIG INT" means, with its size, precision and
 /// scale; the other fields stay. Words that say nothing leave a text of any length. `info` keeps its type without a

@@ -269,8 +269,10 @@ private:
 
     /// The digits that a person sees, rounded to the decimals of the column.
     String RoundedDigits(double value) const {
-        const int scale = std::clamp(FColumn.Scale, 0, TNumeric::maximumScale);
         TDecimal decimal = DecimalFromFloat(value, doubleDigits);
+        const bool hasLimit = FColumn.Type != adNumeric || FColumn.Precision > 0;
+        const int scale = hasLimit ? std::clamp(FColumn.Scale, 0, TNumeric::maximumScale)
+                                   : std::max(decimal.Count - decimal.Exponent, 0);
         decimal.Round(doubleDigits, scale);
         String text = decimal.Negative ? u"-" : u"";
         for (int place = std::min(1 - decimal.Exponent, 0); place <= scale; ++place) {

@@ -57,7 +57,8 @@ struct TColumnInfo {
     DataTypeEnum Type = adVarWChar;
     /// The most UTF-16 units of a text or bytes of a binary; 0 where nothing limits it, and for all other types.
     std::int64_t Size = 0;
-    /// Digits in all and behind the point of adNumeric and adCurrency; Scale also the digits of a second of a time.
+    /// Digits in all and behind the point of adNumeric and adCurrency; Scale also the digits of a second of a time. An
+    /// adNumeric with Precision 0 has no limits, and its Scale is only what most of its values have.
     int Precision = 0;
     int Scale = 0;
     bool Nullable = true;

@@ -98,6 +98,10 @@ TFieldValue KeepBytes(OleVariant& keeper, TBytesView bytes) {
     return keeper.View();
 }
 
+int DecimalsOf(const TWrittenNumber& number) {
+    return std::max(0, static_cast<int>(number.Digits.size()) - number.Exponent);
+}
+
 /// The digits of an exact number too wide for 64 bits, as recordsets take them.
 String WideDigits(const TWrittenNumber& number, int decimals) {
     const auto digits = static_cast<int>(number.Digits.size());
@@ -113,6 +117,14 @@ String WideDigits(const TWrittenNumber& number, int decimals) {
     for (int i = 0; i < decimals; ++i)
         text += digitAt(number.Exponent + i);
     return text;
+}
+
+/// With so many decimals; `keeper` holds what is too wide for 64 bits.
+TFieldValue ExactValue(const TWrittenNumber& number, int decimals, OleVariant& keeper) {
+    TNumeric exact{0, decimals};
+    return decimals <= TNumeric::maximumScale && TryMakeScaled(number, decimals, exact.Units)
+               ? TFieldValue::Decimal(exact)
+               : KeepText(keeper, WideDigits(number, decimals));
 }
 
 } // namespace
@@ -231,6 +243,13 @@ TFieldValue TLargeintField::Converted(const TFieldValue& value, OleVariant&) con
     if (whole < least || whole > greatest)
         RaiseRange(IntToStr(whole), IntToStr(least), IntToStr(greatest));
     return TFieldValue::Integer(whole);
+}
+
+bool TLargeintField::TryConvertKey(const TFieldValue& value, OleVariant& converted) const {
+    TNumericField::TryConvertKey(value, converted);
+    const bool mayBeRounded =
+        value.Kind() == TKind::Float || value.Kind() == TKind::Money || value.Kind() == TKind::Decimal;
+    return !mayBeRounded || OleVariant(value) == converted;
 }
 
 const TClassInfo& TIntegerField::StaticClass() {
@@ -388,19 +407,6 @@ TFieldValue TFMTBCDField::Readable(const TFieldValue& value) const {
     return value;
 }
 
-double TFMTBCDField::GetAsFloat() const {
-    return Readable(GetData()).AsFloat();
-}
-
-Currency TFMTBCDField::GetAsCurrency() const {
-    return Readable(GetData()).AsCurrency();
-}
-
-Variant TFMTBCDField::GetAsVariant() const {
-    const TFieldValue value = Readable(GetData());
-    return value.IsNull() ? Variant::Null() : value.AsVariant();
-}
-
 String TFMTBCDField::GetAsString() const {
     const TFieldValue value = GetData();
     return value.IsNull() ? String() : PlainText(value);
@@ -414,42 +420,65 @@ String TFMTBCDField::PlainText(const TFieldValue& value) const {
 }
 
 String TFMTBCDField::TextOf(const TFieldValue& value, bool display) const {
+    constexpr int wholeDigits = 14; // with four decimals, all that a float shows
     const String& format = FormatFor(display);
-    const bool isPlain = format.empty() && !FIsMoney;
-    if (isPlain || value.Kind() == TKind::Text)
+    if (format.empty() && !FIsMoney)
         return PlainText(value);
-    Extended number = value.AsFloat();
-    if (value.Kind() == TKind::Decimal)
-        number = static_cast<Extended>(value.Whole()) / std::pow(Extended(10), value.Scale());
+    Extended number = 0;
+    TWrittenNumber written;
+    if (value.Kind() == TKind::Text) {
+        if (!TryParseNumber(value.Units(), u'.', written) || written.Exponent > wholeDigits ||
+            !TryMakeFloat(written, number))
+            return PlainText(value);
+    } else {
+        number = value.Kind() == TKind::Decimal
+                     ? static_cast<Extended>(value.Whole()) / std::pow(Extended(10), value.Scale())
+                     : value.AsFloat();
+    }
     if (!format.empty())
         return FormatFloat(format, number);
     return FloatToStrF(number, display ? ffCurrency : ffFixed, 18, FormatSettings().CurrencyDecimals);
 }
 
-TFieldValue TFMTBCDField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+TWrittenNumber TFMTBCDField::Written(const TFieldValue& value, String& text) const {
     const bool isText = value.Kind() == TKind::Text;
-    const char16_t separator = FormatSettings().DecimalSeparator;
-    TWrittenNumber number;
+    const bool isFloat = value.Kind() == TKind::Float || value.Kind() == TKind::Date;
     // The digits of a float are those that a person sees, so that 0.1 becomes 0.1.
-    const String text = isText                           ? String(value.Units())
-                        : value.Kind() == TKind::Boolean ? IntToStr(value.Whole())
-                        : value.Kind() == TKind::Float   ? FloatToStr(value.AsFloat())
-                        : value.Kind() == TKind::Date    ? FloatToStr(value.AsFloat())
-                                                         : value.AsString();
-    if (!TryParseNumber(text, separator, number))
+    text = isText                           ? String(value.Units())
+           : value.Kind() == TKind::Boolean ? IntToStr(value.Whole())
+           : isFloat                        ? FloatToStr(value.AsFloat())
+                                            : value.AsString();
+    constexpr int mostDigits = 1000; // on either side of the point, which no database has
+    TWrittenNumber number;
+    if (!TryParseNumber(text, FormatSettings().DecimalSeparator, number) || number.Exponent > mostDigits ||
+        DecimalsOf(number) > mostDigits)
         RaiseConversion(value, u"decimal value");
-    const int decimals = GetSize();
-    TNumeric exact{0, decimals};
-    const bool fits = TryMakeScaled(number, decimals, exact.Units);
+    return number;
+}
+
+TFieldValue TFMTBCDField::Converted(const TFieldValue& value, OleVariant& keeper) const {
+    String text;
+    const TWrittenNumber number = Written(value, text);
+    const int decimals = GetSize() < 0 ? DecimalsOf(number) : GetSize();
+    const TFieldValue result = ExactValue(number, decimals, keeper);
     const auto wholeDigits = number.Digits.empty() ? 0 : number.Exponent;
     if (FPrecision > 0 && wholeDigits > FPrecision - decimals)
         DatabaseError(text + u" has more digits than field '" + GetDisplayName() + u"' can hold");
     if (FMinValue != framework::Currency() || FMaxValue != framework::Currency()) {
-        const auto asMoney = fits ? TFieldValue::Decimal(exact).AsFloat() : 0;
-        if (!fits || asMoney < FMinValue.AsFloat() || asMoney > FMaxValue.AsFloat())
+        const bool fits = result.Kind() == TKind::Decimal;
+        const double asFloat = fits ? result.AsFloat() : 0;
+        if (!fits || asFloat < FMinValue.AsFloat() || asFloat > FMaxValue.AsFloat())
             RaiseRange(text, CurrToStr(FMinValue), CurrToStr(FMaxValue));
     }
-    return fits ? TFieldValue::Decimal(exact) : KeepText(keeper, WideDigits(number, decimals));
+    return result;
+}
+
+bool TFMTBCDField::TryConvertKey(const TFieldValue& value, OleVariant& converted) const {
+    String text;
+    OleVariant keeper;
+    const TWrittenNumber number = Written(value, text);
+    converted = OleVariant(ExactValue(number, std::max(DecimalsOf(number), GetSize()), keeper));
+    return true;
 }
 
 const TClassInfo& TBCDField::StaticClass() {

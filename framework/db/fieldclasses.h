@@ -6,6 +6,8 @@
 
 namespace framework {
 
+struct TWrittenNumber;
+
 /// Texts of limited length: a longer one is EDatabaseError. Size counts characters, of which some take two of the
 /// UTF-16 units that texts have in both classes.
 class TStringField : public TField {
@@ -74,6 +76,7 @@ protected:
     int GetDefaultWidth() const override;
     String TextOf(const TFieldValue& value, bool display) const override;
     TFieldValue Converted(const TFieldValue& value, OleVariant& keeper) const override;
+    bool TryConvertKey(const TFieldValue& value, OleVariant& converted) const override;
 
 private:
     std::int64_t FLeast; // of the type
@@ -213,19 +216,19 @@ public:
     int GetPrecision() const { return FPrecision; }
     void SetPrecision(int value) { FPrecision = value; }
     String GetAsString() const override;
-    double GetAsFloat() const override;
-    framework::Currency GetAsCurrency() const override;
-    Variant GetAsVariant() const override;
     bool IsValidChar(char16_t unit) const override;
 
 protected:
     TFMTBCDField(TComponent* owner, TFieldType type);
     String PlainText(const TFieldValue& value) const override;
     String TextOf(const TFieldValue& value, bool display) const override;
+    TFieldValue Readable(const TFieldValue& value) const override;
     TFieldValue Converted(const TFieldValue& value, OleVariant& keeper) const override;
+    bool TryConvertKey(const TFieldValue& value, OleVariant& converted) const override;
 
 private:
-    TFieldValue Readable(const TFieldValue& value) const;
+    /// The digits of any number, and the text that they were read from.
+    TWrittenNumber Written(const TFieldValue& value, String& text) const;
 
     framework::Currency FMinValue;
     framework::Currency FMaxValue;

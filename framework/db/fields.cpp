@@ -253,11 +253,11 @@ std::int64_t TField::GetAsLargeInt() const {
 }
 
 double TField::GetAsFloat() const {
-    return Converting(u"floating point value", [](const TFieldValue& data) { return data.AsFloat(); });
+    return Converting(u"floating point value", [this](const TFieldValue& data) { return Readable(data).AsFloat(); });
 }
 
 Currency TField::GetAsCurrency() const {
-    return Converting(u"currency value", [](const TFieldValue& data) { return data.AsCurrency(); });
+    return Converting(u"currency value", [this](const TFieldValue& data) { return Readable(data).AsCurrency(); });
 }
 
 TDateTime TField::GetAsDateTime() const {
@@ -269,7 +269,7 @@ bool TField::GetAsBoolean() const {
 }
 
 Variant TField::GetAsVariant() const {
-    const TFieldValue value = GetData();
+    const TFieldValue value = Readable(GetData());
     return value.IsNull() ? Variant::Null() : value.AsVariant();
 }
 
@@ -320,6 +320,12 @@ void TField::SetData(const TFieldValue& value) {
         RaiseConversion(value, u"value");
     }
     FDataSet->StoreField(*this, converted);
+}
+
+bool TField::TryConvertKey(const TFieldValue& value, OleVariant& converted) const {
+    OleVariant keeper;
+    converted = OleVariant(Converted(value, keeper));
+    return true;
 }
 
 bool TField::Validate(const TFieldValue& value) {

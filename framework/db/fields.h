@@ -86,7 +86,8 @@ public:
     /// The place among the dataset's fields, -1 in none.
     int GetIndex() const;
     void SetIndex(int value);
-    /// Characters of a text, bytes of a block, decimals of an exact number; 0 for other kinds.
+    /// Characters of a text, bytes of a block, decimals of an exact number, -1 for any number of these; 0 for other
+    /// kinds, and for what the column says when the dataset opens.
     int GetSize() const { return FSize; }
     virtual void SetSize(int value);
 
@@ -140,11 +141,11 @@ public:
     virtual String GetAsString() const;
     int GetAsInteger() const;
     virtual std::int64_t GetAsLargeInt() const;
-    virtual double GetAsFloat() const;
-    virtual Currency GetAsCurrency() const;
+    double GetAsFloat() const;
+    Currency GetAsCurrency() const;
     virtual TDateTime GetAsDateTime() const;
     virtual bool GetAsBoolean() const;
-    virtual Variant GetAsVariant() const;
+    Variant GetAsVariant() const;
     /// Of bytes; of texts in UTF-8.
     virtual TBytes GetAsBytes() const;
     void SetAsString(const String& value) { SetData(TFieldValue::Text(value)); }
@@ -189,6 +190,8 @@ protected:
     virtual int GetDefaultWidth() const { return 10; }
     /// The alignment of this kind of field, which text forms leave out.
     virtual TAlignment GetDefaultAlignment() const { return taLeftJustify; }
+    /// The value as it converts to numbers and variants.
+    virtual TFieldValue Readable(const TFieldValue& value) const { return value; }
     /// The text of a value that is not Null, as AsString gives it.
     virtual String PlainText(const TFieldValue& value) const;
     /// The text as shown or edited without OnGetText; the value is not Null unless the field is a blob.
@@ -196,6 +199,8 @@ protected:
     /// `value`, never Null, in the kind that the field keeps; raises what the setters above say. What it borrows may be
     /// put into `keeper`.
     virtual TFieldValue Converted(const TFieldValue& value, OleVariant& keeper) const = 0;
+    /// The same of what is looked for, which is not made to fit as an entry is; false when no record can have it.
+    virtual bool TryConvertKey(const TFieldValue& value, OleVariant& converted) const;
     /// Whether the empty text is a value rather than Null.
     virtual bool KeepsEmptyText() const { return false; }
 
@@ -231,6 +236,7 @@ private:
     TFieldKind FFieldKind = fkData;
     TAlignment FAlignment = taLeftJustify;
     int FSize = 0;
+    bool FHasColumnSize = false; // while the dataset is open, where nobody has set one
     int FFieldNo = 0;
     int FSlot = -1; // of the record buffer, while the dataset is open
     int FDisplayWidth = 0;

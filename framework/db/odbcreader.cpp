@@ -35,13 +35,14 @@ enum class TReading : std::uint8_t {
     Float,
     Binary64,
     Moment,
+    Stamp, ///< a moment that the driver has taken apart
     Guid,
     Utf8,
     Utf16,
     Bytes
 };
 
-TReading ReadingOf(const TColumnPlan& plan, TOdbcSession& session) {
+TReading ReadingOf(const TColumnPlan& plan, TOdbcSession& session, bool inBlocks) {
     const DataTypeEnum type = plan.Info.Type;
     if (type == adBoolean)
         return TReading::Boolean;
@@ -53,8 +54,11 @@ TReading ReadingOf(const TColumnPlan& plan, TOdbcSession& session) {
         return TReading::Decimal;
     if (IsFloatType(type))
         return session.Kind() == TDatabaseKind::Other ? TReading::Binary64 : TReading::Float;
-    if (IsMomentType(type))
-        return TReading::Moment;
+    if (IsMomentType(type)) {
+        // PostgreSQL's driver takes every moment apart, and longer still to make a text of it again.
+        const bool isQuicker = session.Kind() == TDatabaseKind::PostgreSQL && type != adDBTime;
+        return isQuicker && inBlocks && session.ReadsLongValuesInBlocks() ? TReading::Stamp : TReading::Moment;
+    }
     if (type == adGUID)
         return TReading::Guid;
     if (IsBytesType(type))
@@ -66,6 +70,8 @@ short CTypeOf(TReading reading) {
     switch (reading) {
     case TReading::Binary64:
         return SQL_C_DOUBLE;
+    case TReading::Stamp:
+        return SQL_C_TYPE_TIMESTAMP;
     case TReading::Bytes:
         return SQL_C_BINARY;
     case TReading::Utf16:
@@ -80,6 +86,8 @@ std::size_t WidthOf(TReading reading, const TColumnInfo& info) {
     switch (reading) {
     case TReading::Binary64:
         return sizeof(double);
+    case TReading::Stamp:
+        return sizeof(SQL_TIMESTAMP_STRUCT);
     case TReading::Utf8:
         return std::clamp(size * bytesOfUtf8 + 1, shortWidth, longestWidth);
     case TReading::Utf16:
@@ -94,6 +102,7 @@ std::size_t WidthOf(TReading reading, const TColumnInfo& info) {
 std::size_t TerminatorOf(TReading reading) {
     switch (reading) {
     case TReading::Binary64:
+    case TReading::Stamp:
     case TReading::Bytes:
         return 0;
     case TReading::Utf16:
@@ -221,160 +230,6 @@ struct TOdbcReader::TBuffer {
     }
 };
 
-TOdbcReader::TOdbcReader(TOdbcStatement& statement, std::vector<TColumnPlan>& plans)
-    : FStatement(statement), FPlans(plans) {
-}
-
-TOdbcReader::~TOdbcReader() = default;
-
-TRowStore TOdbcReader::ReadAll(const TFetchProgress& progress) {
-    FProgress = progress ? &progress : nullptr;
-    for (;;) {
-        try {
-            TRowStore rows = ReadOnce();
-            FCount = rows.GetRowCount();
-            Report(rows.GetRowCount(), true);
-            JudgeByValues(rows);
-            return rows;
-        } catch (const TAgain&) {
-            FStatement.Execute();
-        }
-    }
-}
-
-TRowStore TOdbcReader::ReadOnce() {
-    std::vector<TColumnInfo> columns;
-    for (const TColumnPlan& plan : FPlans)
-        columns.push_back(plan.Info);
-    TRowStore rows(std::move(columns));
-    // Some drivers answer 0 for a query, which says nothing.
-    const std::int64_t count = FStatement.RowsAffected();
-    FCount = count > 0 ? count : -1;
-    FReported = 0;
-    if (FInBlocks)
-        ReadBlocks(rows);
-    else
-        ReadSingly(rows);
-    return rows;
-}
-
-void TOdbcReader::Report(int rows, bool atEnd) {
-    if (!FProgress || (rows - FReported < rowsBetweenReports && !atEnd))
-        return;
-    FReported = rows;
-    if (!(*FProgress)(rows, FCount))
-        throw EFetchCancelled();
-}
-
-void TOdbcReader::BindBuffers() {
-    FBuffers.clear();
-    std::size_t rowBytes = 0;
-    for (int column = 0; column < static_cast<int>(FPlans.size()); ++column) {
-        const TColumnPlan& plan = FPlans[static_cast<std::size_t>(column)];
-        TBuffer& buffer = FBuffers.emplace_back();
-        buffer.Column = column;
-        buffer.Reading = ReadingOf(plan, FStatement.Session());
-        buffer.Width = WidthOf(buffer.Reading, plan.Info);
-        if (buffer.Reading == TReading::Money)
-            FMoneyPoint = FStatement.Session().MoneyPoint();
-        rowBytes += buffer.Width + sizeof(SQLLEN);
-    }
-    if (!FInBlocks)
-        return;
-    const std::size_t count = std::clamp<std::size_t>(blockBytes / std::max<std::size_t>(rowBytes, 1), 1, blockRows);
-    void* handle = FStatement.Handle().Get();
-    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(count), 0));
-    for (TBuffer& buffer : FBuffers) {
-        buffer.Data.resize(buffer.Width * count);
-        buffer.Lengths.resize(count);
-        FStatement.Check(SQLBindCol(handle, static_cast<SQLUSMALLINT>(buffer.Column + 1), CTypeOf(buffer.Reading),
-                                    buffer.Data.data(), static_cast<SQLLEN>(buffer.Width), buffer.Lengths.data()));
-    }
-}
-
-void TOdbcReader::UnbindBuffers() {
-    void* handle = FStatement.Handle().Get();
-    SQLFreeStmt(handle, SQL_UNBIND);
-    SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
-    SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
-    SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(std::uintptr_t(1)), 0);
-    FBuffers.clear();
-}
-
-void TOdbcReader::ReadBlocks(TRowStore& rows) {
-    // The driver must not write into buffers that are gone, however this ends.
-    struct TUnbinder {
-        TOdbcReader& Reader;
-        ~TUnbinder() { Reader.UnbindBuffers(); }
-    } unbinder{*this};
-    void* handle = FStatement.Handle().Get();
-    SQLULEN fetched = 0;
-    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0));
-    std::array<SQLUSMALLINT, blockRows> states{};
-    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, states.data(), 0));
-    BindBuffers();
-    for (;;) {
-        const SQLRETURN result = SQLFetch(handle);
-        FStatement.Check(result);
-        if (result == SQL_NO_DATA || fetched == 0)
-            return;
-        const int count = static_cast<int>(fetched);
-        // The call succeeds when only some rows could not be read.
-        if (std::find(states.begin(), states.begin() + count, SQLUSMALLINT(SQL_ROW_ERROR)) != states.begin() + count)
-            FStatement.Check(SQL_ERROR);
-        const int first = rows.AppendRows(count);
-        PutBlock(rows, first, count);
-        Report(rows.GetRowCount());
-    }
-}
-
-void TOdbcReader::ReadSingly(TRowStore& rows) {
-    BindBuffers();
-    std::string bytes;
-    while (FStatement.Fetch()) {
-        const int row = rows.AppendRow();
-        for (const TBuffer& buffer : FBuffers) {
-            if (FStatement.ReadLong(buffer.Column, CTypeOf(buffer.Reading), bytes))
-                Put(rows.Column(buffer.Column), buffer, row, bytes);
-        }
-        Report(rows.GetRowCount());
-    }
-    FBuffers.clear();
-}
-
-void TOdbcReader::PutBlock(TRowStore& rows, int firstRow, int count) {
-    for (const TBuffer& buffer : FBuffers) {
-        TColumnStore& column = rows.Column(buffer.Column);
-        bool anyLong = false;
-        for (int row = 0; row < count; ++row) {
-            if (buffer.IsNull(row))
-                continue;
-            if (buffer.IsLong(row))
-                anyLong = true;
-            else
-                Put(column, buffer, firstRow + row, buffer.Cell(row));
-        }
-        if (anyLong)
-            PutLongValues(rows, buffer, firstRow, count);
-    }
-}
-
-void TOdbcReader::PutLongValues(TRowStore& rows, const TBuffer& buffer, int firstRow, int count) {
-    if (!FStatement.Session().ReadsLongValuesInBlocks()) {
-        FInBlocks = false;
-        throw TAgain();
-    }
-    std::string bytes;
-    for (int row = 0; row < count; ++row) {
-        if (buffer.IsNull(row) || !buffer.IsLong(row))
-            continue;
-        FStatement.Check(SQLSetPos(FStatement.Handle().Get(), static_cast<SQLSETPOSIROW>(row) + 1, SQL_POSITION,
-                                   SQL_LOCK_NO_CHANGE));
-        if (FStatement.ReadLong(buffer.Column, CTypeOf(buffer.Reading), bytes))
-            Put(rows.Column(buffer.Column), buffer, firstRow + row, bytes);
-    }
-}
-
 namespace {
 
 bool PutWhole(TColumnStore& column, int row, std::string_view text) {
@@ -450,7 +305,201 @@ bool PutMoment(TColumnStore& column, int row, std::string_view text) {
     return true;
 }
 
+int DayOfYear(const TMomentParts& parts) {
+    return parts.Month * 32 + parts.Day;
+}
+
+/// Yesterday, today and tomorrow: whatever day it is elsewhere, or past midnight, it is one of them.
+std::array<int, 3> DaysAboutToday() {
+    std::array<int, 3> days{};
+    for (int i = 0; i < 3; ++i)
+        days[static_cast<std::size_t>(i)] = DayOfYear(PartsOf(TMoment::FromDateTime(Date() + i - 1)));
+    return days;
+}
+
+/// Where this driver cannot read a moment, such as infinity or the year 12345, it puts today's month and day in place
+/// of what it has not found. False when that may be so, or when the parts make no moment.
+bool PutStamp(TColumnStore& column, int row, std::string_view bytes, const std::array<int, 3>& aboutToday) {
+    SQL_TIMESTAMP_STRUCT stamp{};
+    bytes.copy(reinterpret_cast<char*>(&stamp), sizeof(stamp));
+    const TMomentParts parts = {stamp.year,
+                                stamp.month,
+                                stamp.day,
+                                stamp.hour,
+                                stamp.minute,
+                                stamp.second,
+                                static_cast<int>(stamp.fraction / 100)};
+    TMoment value;
+    if (!TryMakeMoment(parts, value) ||
+        std::find(aboutToday.begin(), aboutToday.end(), DayOfYear(parts)) != aboutToday.end())
+        return false;
+    column.SetMoment(row, value);
+    return true;
+}
+
 } // namespace
+
+TOdbcReader::TOdbcReader(TOdbcStatement& statement, std::vector<TColumnPlan>& plans)
+    : FStatement(statement), FPlans(plans) {
+}
+
+TOdbcReader::~TOdbcReader() = default;
+
+TRowStore TOdbcReader::ReadAll(const TFetchProgress& progress) {
+    FProgress = progress ? &progress : nullptr;
+    for (;;) {
+        try {
+            TRowStore rows = ReadOnce();
+            FCount = rows.GetRowCount();
+            Report(rows.GetRowCount(), true);
+            JudgeByValues(rows);
+            return rows;
+        } catch (const TAgain&) {
+            FStatement.Execute();
+        }
+    }
+}
+
+TRowStore TOdbcReader::ReadOnce() {
+    std::vector<TColumnInfo> columns;
+    for (const TColumnPlan& plan : FPlans)
+        columns.push_back(plan.Info);
+    TRowStore rows(std::move(columns));
+    // Some drivers answer 0 for a query, which says nothing.
+    const std::int64_t count = FStatement.RowsAffected();
+    FCount = count > 0 ? count : -1;
+    FReported = 0;
+    FAboutToday = DaysAboutToday();
+    if (FInBlocks)
+        ReadBlocks(rows);
+    else
+        ReadSingly(rows);
+    return rows;
+}
+
+void TOdbcReader::Report(int rows, bool atEnd) {
+    if (!FProgress || (rows - FReported < rowsBetweenReports && !atEnd))
+        return;
+    FReported = rows;
+    // Rows that are read a second time do not count twice.
+    FTold = std::max(FTold, rows);
+    if (!(*FProgress)(FTold, FCount))
+        throw EFetchCancelled();
+}
+
+void TOdbcReader::BindBuffers() {
+    FBuffers.clear();
+    std::size_t rowBytes = 0;
+    for (int column = 0; column < static_cast<int>(FPlans.size()); ++column) {
+        const TColumnPlan& plan = FPlans[static_cast<std::size_t>(column)];
+        TBuffer& buffer = FBuffers.emplace_back();
+        buffer.Column = column;
+        buffer.Reading = ReadingOf(plan, FStatement.Session(), FInBlocks);
+        buffer.Width = WidthOf(buffer.Reading, plan.Info);
+        if (buffer.Reading == TReading::Money)
+            FMoneyPoint = FStatement.Session().MoneyPoint();
+        rowBytes += buffer.Width + sizeof(SQLLEN);
+    }
+    if (!FInBlocks)
+        return;
+    const std::size_t count = std::clamp<std::size_t>(blockBytes / std::max<std::size_t>(rowBytes, 1), 1, blockRows);
+    void* handle = FStatement.Handle().Get();
+    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(count), 0));
+    for (TBuffer& buffer : FBuffers) {
+        buffer.Data.resize(buffer.Width * count);
+        buffer.Lengths.resize(count);
+        FStatement.Check(SQLBindCol(handle, static_cast<SQLUSMALLINT>(buffer.Column + 1), CTypeOf(buffer.Reading),
+                                    buffer.Data.data(), static_cast<SQLLEN>(buffer.Width), buffer.Lengths.data()));
+    }
+}
+
+void TOdbcReader::UnbindBuffers() {
+    void* handle = FStatement.Handle().Get();
+    SQLFreeStmt(handle, SQL_UNBIND);
+    SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+    SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
+    SQLSetStmtAttrW(handle, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(std::uintptr_t(1)), 0);
+    FBuffers.clear();
+}
+
+void TOdbcReader::ReadBlocks(TRowStore& rows) {
+    // The driver must not write into buffers that are gone, however this ends.
+    struct TUnbinder {
+        TOdbcReader& Reader;
+        ~TUnbinder() { Reader.UnbindBuffers(); }
+    } unbinder{*this};
+    void* handle = FStatement.Handle().Get();
+    SQLULEN fetched = 0;
+    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0));
+    std::array<SQLUSMALLINT, blockRows> states{};
+    FStatement.Check(SQLSetStmtAttrW(handle, SQL_ATTR_ROW_STATUS_PTR, states.data(), 0));
+    BindBuffers();
+    for (;;) {
+        const SQLRETURN result = SQLFetch(handle);
+        FStatement.Check(result);
+        if (result == SQL_NO_DATA || fetched == 0)
+            return;
+        const int count = static_cast<int>(fetched);
+        // The call succeeds when only some rows could not be read.
+        if (std::find(states.begin(), states.begin() + count, SQLUSMALLINT(SQL_ROW_ERROR)) != states.begin() + count)
+            FStatement.Check(SQL_ERROR);
+        const int first = rows.AppendRows(count);
+        PutBlock(rows, first, count);
+        Report(rows.GetRowCount());
+    }
+}
+
+void TOdbcReader::ReadSingly(TRowStore& rows) {
+    BindBuffers();
+    std::string bytes;
+    while (FStatement.Fetch()) {
+        const int row = rows.AppendRow();
+        for (const TBuffer& buffer : FBuffers) {
+            if (FStatement.ReadLong(buffer.Column, CTypeOf(buffer.Reading), bytes))
+                Put(rows.Column(buffer.Column), buffer, row, bytes);
+        }
+        Report(rows.GetRowCount());
+    }
+    FBuffers.clear();
+}
+
+void TOdbcReader::PutBlock(TRowStore& rows, int firstRow, int count) {
+    for (const TBuffer& buffer : FBuffers) {
+        TColumnStore& column = rows.Column(buffer.Column);
+        bool anyLong = false;
+        for (int row = 0; row < count; ++row) {
+            if (buffer.IsNull(row))
+                continue;
+            if (buffer.Reading == TReading::Stamp)
+                anyLong = !PutStamp(column, firstRow + row, buffer.Cell(row), FAboutToday) || anyLong;
+            else if (buffer.IsLong(row))
+                anyLong = true;
+            else
+                Put(column, buffer, firstRow + row, buffer.Cell(row));
+        }
+        if (anyLong)
+            PutLongValues(rows, buffer, firstRow, count);
+    }
+}
+
+void TOdbcReader::PutLongValues(TRowStore& rows, const TBuffer& buffer, int firstRow, int count) {
+    if (!FStatement.Session().ReadsLongValuesInBlocks()) {
+        FInBlocks = false;
+        throw TAgain();
+    }
+    TColumnStore& column = rows.Column(buffer.Column);
+    const bool isStamp = buffer.Reading == TReading::Stamp;
+    std::string bytes;
+    for (int row = 0; row < count; ++row) {
+        if (buffer.IsNull(row) || !(isStamp ? column.IsNull(firstRow + row) : buffer.IsLong(row)))
+            continue;
+        FStatement.Check(SQLSetPos(FStatement.Handle().Get(), static_cast<SQLSETPOSIROW>(row) + 1, SQL_POSITION,
+                                   SQL_LOCK_NO_CHANGE));
+        if (!FStatement.ReadLong(buffer.Column, isStamp ? SQL_C_CHAR : CTypeOf(buffer.Reading), bytes))
+            continue;
+        Put(column, buffer, firstRow + row, bytes);
+    }
+}
 
 void TOdbcReader::Put(TColumnStore& column, const TBuffer& buffer, int row, std::string_view bytes) {
     bool understood = true;
@@ -477,6 +526,7 @@ void TOdbcReader::Put(TColumnStore& column, const TBuffer& buffer, int row, std:
         break;
     }
     case TReading::Moment:
+    case TReading::Stamp:
         understood = PutMoment(column, row, bytes);
         break;
     case TReading::Guid:

@@ -1,11 +1,13 @@
 #pragma once
 
-// From the driver's buffers into columns. Values come as texts and are read here: drivers turn what they do not
+// From the driver's buffers into columns. Most values come as texts and are read here: drivers turn what they do not
 // understand into zeros without a word, and SQLite's declared types promise nothing about the values.
 
 #include "framework/db/columnstore.h"
 #include "framework/db/odbcsession.h"
 #include "framework/db/recordset.h"
+
+#include <array>
 
 namespace framework {
 
@@ -50,10 +52,12 @@ private:
     std::vector<TColumnPlan>& FPlans;
     std::vector<TBuffer> FBuffers;
     bool FInBlocks = true;
+    std::array<int, 3> FAboutToday{};
     char FMoneyPoint = '\0';
     const TFetchProgress* FProgress = nullptr;
     std::int64_t FCount = -1;
     int FReported = 0;
+    int FTold = 0;
 };
 
 } // namespace framework

@@ -60,6 +60,8 @@ constexpr int tableNameColumn = 2;
 constexpr int columnNameColumn = 3;
 constexpr int typeNameColumn = 5;
 constexpr int nullableColumn = 10;
+/// Of PostgreSQL's driver alone.
+constexpr int limitColumn = 24;
 
 String Or(std::optional<String> text) {
     return std::move(text).value_or(String());
@@ -81,7 +83,10 @@ private:
     bool IsSQLite() const { return Session().Kind() == TDatabaseKind::SQLite; }
     String Purpose(StringView what) const { return String(what) + u" of '" + FTableName.Table + u"'"; }
 
+    template <class TBody>
+    void EachCatalogueColumn(const TTableName& table, TBody&& body);
     void ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns);
+    void DropInventedLimits(const std::vector<TOdbcColumn>& columns);
     void FindTable(const std::vector<TOdbcColumn>& columns);
     String DoubtAboutRows() const;
     void FindKey();
@@ -113,12 +118,25 @@ TRowStore TOdbcRowSource::Fetch(const TFetchProgress& progress) {
     FPlans = PlanColumns(statement, columns);
     if (IsSQLite())
         ReadDeclaredTypes(columns);
+    else if (Session().Kind() == TDatabaseKind::PostgreSQL)
+        DropInventedLimits(columns);
     FindTable(columns);
     TOdbcReader reader(statement, FPlans);
     TRowStore rows = reader.ReadAll(progress);
     for (int column = 0; column < count; ++column)
         FTable.Columns[static_cast<std::size_t>(column)].Type = rows.Column(column).GetInfo().Type;
     return rows;
+}
+
+template <class TBody>
+void TOdbcRowSource::EachCatalogueColumn(const TTableName& table, TBody&& body) {
+    TOdbcStatement catalogue(Session(), u"look up the columns of '" + table.Table + u"'");
+    catalogue.ListColumns(table);
+    while (catalogue.Fetch()) {
+        // The name was taken for a pattern.
+        if (Or(catalogue.GetText(tableNameColumn)) == table.Table)
+            body(catalogue);
+    }
 }
 
 /// What the driver of SQLite says about a column of a result leaves out the numbers of its declaration.
@@ -132,17 +150,12 @@ void TOdbcRowSource::ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns) 
         const TTableName name{column.Catalog, column.Schema, column.BaseTable};
         auto [table, isNew] = tables.try_emplace(name);
         if (isNew) {
-            TOdbcStatement catalogue(Session(), u"look up the columns of '" + name.Table + u"'");
-            catalogue.ListColumns(name);
-            while (catalogue.Fetch()) {
-                // The name was taken for a pattern.
-                if (Or(catalogue.GetText(tableNameColumn)) != name.Table)
-                    continue;
+            EachCatalogueColumn(name, [&](const TOdbcStatement& catalogue) {
                 String columnName = Or(catalogue.GetText(columnNameColumn));
                 String type = Or(catalogue.GetText(typeNameColumn));
                 const bool nullable = Or(catalogue.GetText(nullableColumn)) != u"0";
                 table->second[AnsiUpperCase(columnName)] = {std::move(type), nullable};
-            }
+            });
         }
         TColumnPlan& plan = FPlans[i];
         const auto declared = table->second.find(AnsiUpperCase(column.BaseColumn));
@@ -161,6 +174,36 @@ void TOdbcRowSource::ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns) 
             plan.Info.Size = 0;
         }
         ApplyDeclaredType(plan.ServerType, plan.Info);
+    }
+}
+
+/// Where a column has no limit, the driver of PostgreSQL tells of numeric(28,6) and of 255 characters.
+void TOdbcRowSource::DropInventedLimits(const std::vector<TOdbcColumn>& columns) {
+    constexpr int inventedDigits = 28;
+    constexpr int inventedDecimals = 6;
+    constexpr int inventedLength = 255;
+    std::map<TTableName, std::set<String>> unlimited; // names of columns
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const TOdbcColumn& column = columns[i];
+        TColumnInfo& info = FPlans[i].Info;
+        const bool isNumber = info.Type == adNumeric;
+        if (isNumber ? info.Precision != inventedDigits || info.Scale != inventedDecimals
+                     : !IsTextType(info.Type) || info.Size != inventedLength)
+            continue;
+        if (!column.BaseTable.empty()) {
+            const TTableName name{column.Catalog, column.Schema, column.BaseTable};
+            auto [table, isNew] = unlimited.try_emplace(name);
+            if (isNew) {
+                EachCatalogueColumn(name, [&](const TOdbcStatement& catalogue) {
+                    String columnName = Or(catalogue.GetText(columnNameColumn));
+                    if (catalogue.ColumnCount() > limitColumn && catalogue.GetText(limitColumn) == u"-1")
+                        table->second.insert(std::move(columnName));
+                });
+            }
+            if (!table->second.contains(column.BaseColumn))
+                continue;
+        }
+        info.Size = info.Precision = 0;
     }
 }
 

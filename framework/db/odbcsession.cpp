@@ -101,6 +101,11 @@ bool TOdbcSession::CharsAreUtf8() {
     if (FCharsAreUtf8)
         return *FCharsAreUtf8;
     FCharsAreUtf8 = false;
+#ifdef _WIN32
+    // Where a program has a locale, as it does here, this driver goes the way through UTF-16 itself and then back.
+    if (FKind == TDatabaseKind::PostgreSQL)
+        return false;
+#endif
     // Only these two are known to let a parameter stand alone.
     if (FKind == TDatabaseKind::Other)
         return false;

@@ -1,7 +1,7 @@
 #pragma once
 
-// Fields of all kinds, the narrowed dataset at its edges, masters and details, and fetches that are watched. Included
-// by a native test and by a window test.
+// Fields of all kinds, masters and details, and fetches that are watched. Included by a native test and by a window
+// test.
 
 #include "framework/db/fieldclasses.h"
 #include "tests/support/memoryrows.h"
@@ -73,6 +73,8 @@ TEST(Field, ReadsWritesAndShowsEachKindOfColumn) {
         {"decimal is rounded", column(adNumeric, 0, 2), "TBCDField", u"2,675", u"2,68 zł", u"2,68", money},
         {"decimal is too wide", column(adNumeric, 0, 2), "TBCDField", u"12345678901234567,5", u"", u"!digits"},
         {"six decimals", column(adNumeric, 0, 6), "TFMTBCDField", u"-1,000001", u"-1,000001", u"-1,000001"},
+        {"any decimals", column(adNumeric), "TFMTBCDField", u"-4,321550000012", u"-4,32", u"-4,321550000012",
+         format(u"0.00")},
         {"money", column(adCurrency, 0, 4), "TBCDField", u"922337203685477,5807", u"922337203685477,5807",
          u"922337203685477,5807"},
         {"truth", column(adBoolean), "TBooleanField", u"t", u"True", u"True"},
@@ -162,158 +164,6 @@ TEST(Field, LetsHandlersWriteAndReadItsText) {
     EXPECT_EQ(data.FindField(u"City"), nullptr);
     data.Post();
     EXPECT_EQ(customers.Walk(), "1 2");
-}
-
-TEST(NarrowedDataSet, ShowsTheRowsThatWereMarked) {
-    TCustomers customers(10);
-    ZOR::TZORADODataSet& data = *customers.DataSet;
-    const auto recNo = [&](int id) {
-        EXPECT_TRUE(data.Locate(u"Id", id, {}));
-        return data.GetRecNo();
-    };
-    data.Last();
-    data.SetFilteredByBookmarks(true);
-    EXPECT_FALSE(data.GetFilteredByBookmarks()) << "there is nothing to show";
-    EXPECT_EQ(customers.Id(), 1) << "and yet it goes to the first row";
-
-    // The numbers are the caller's, the order is the rows'.
-    customers.Mark({7, 3, 9, 5});
-    EXPECT_EQ(data.GetRecordCount(), 10);
-    data.SetFilteredByBookmarks(true);
-    EXPECT_EQ(customers.Id(), 3);
-    EXPECT_EQ(customers.Walk(), "3 5 7 9");
-    EXPECT_EQ(data.GetRecordCount(), 4);
-    EXPECT_EQ(recNo(7), 1);
-    EXPECT_EQ(recNo(5), 4);
-    data.SetRecNo(3);
-    EXPECT_EQ(customers.Id(), 9);
-    data.Next();
-    EXPECT_TRUE(data.GetEof()) << "row 10 is skipped";
-
-    // A row outside is not found, and nothing moves.
-    EXPECT_FALSE(data.Locate(u"Id", 4, {}));
-    EXPECT_FALSE(data.Locate(u"Id", 400, {}));
-    EXPECT_EQ(customers.Id(), 9);
-    EXPECT_EQ(VarToStr(data.Lookup(u"Id", 4, u"Name")), u"Customer 4");
-    EXPECT_EQ(ProblemOf([&] { data.Locate(u"Nothing", 1, {}); }), "Field 'Nothing' not found");
-    try {
-        data.Locate(u"Nothing", 1, {});
-    } catch (const Exception& error) {
-        EXPECT_EQ(dynamic_cast<const EDatabaseError*>(&error), nullptr) << "errors come as plain exceptions here";
-    }
-
-    // The same number twice: the first row has it. The present number: nothing happens at all.
-    int scrolls = 0;
-    data.BeforeScroll = [&](TDataSet*) { ++scrolls; };
-    EXPECT_TRUE(data.Locate(u"Id", 9, {}));
-    data.AddBookmark(4);
-    data.First();
-    scrolls = 0;
-    data.SetRecNo(4);
-    EXPECT_EQ(customers.Id(), 5);
-    data.SetRecNo(4);
-    EXPECT_EQ(scrolls, 1);
-    EXPECT_EQ(ProblemOf([&] { data.SetRecNo(77); }), "The bookmark belongs to no record");
-    EXPECT_EQ(customers.Id(), 5);
-    EXPECT_EQ(data.GetRecordCount(), 4);
-
-    data.AddBookmark(-2);
-    data.First();
-    EXPECT_EQ(recNo(5), -2);
-
-    // The number 0 hides a row, though it counts.
-    data.AddBookmark(0);
-    data.SetFilteredByBookmarks(false);
-    EXPECT_EQ(data.GetRecordCount(), 10);
-    data.SetFilteredByBookmarks(true);
-    EXPECT_EQ(customers.Walk(), "3 7 9");
-    EXPECT_EQ(data.GetRecordCount(), 4);
-
-    // Reading the rows anew finds the marked ones again by their keys.
-    data.Last();
-    customers.Source->Rows.erase(customers.Source->Rows.begin() + 6);
-    data.Refresh();
-    EXPECT_EQ(customers.Id(), 9);
-    EXPECT_EQ(customers.Walk(), "3 9");
-
-    data.ClearBookmarks();
-    EXPECT_TRUE(data.GetFilteredByBookmarks());
-    EXPECT_EQ(data.GetRecordCount(), 0);
-    data.First();
-    EXPECT_FALSE(data.GetFilteredByBookmarks());
-    EXPECT_EQ(customers.Walk(), "1 2 3 4 5 6 8 9 10");
-    data.Append();
-    EXPECT_EQ(ProblemOf([&] { data.AddBookmark(1); }), "There is no record to be marked");
-}
-
-/// Looks at buffers as a program may that knows their layout.
-class TOpenDataSet : public ZOR::TZORADODataSet {
-public:
-    using TCustomADODataSet::AllocRecordBuffer;
-    using TCustomADODataSet::FreeRecordBuffer;
-    using TZORADODataSet::TZORADODataSet;
-};
-
-TEST(NarrowedDataSet, FillsTheHeadersOfItsBuffers) {
-    TCustomers customers(5, false);
-    TOpenDataSet data(nullptr);
-    data.SetRecordset(customers.Recordset);
-    data.Locate(u"Id", 2, {});
-    data.AddBookmark(42);
-    data.Locate(u"Id", 4, {});
-    data.AddBookmark(43);
-    TRecordBuffer buffer = data.AllocRecordBuffer();
-    const auto& header = *reinterpret_cast<ZOR::TRecInfo*>(buffer);
-    auto* values = reinterpret_cast<OleVariant*>(buffer + sizeof(ZOR::TRecInfo));
-    const auto get = [&](int row, TGetMode mode) {
-        customers.Recordset->SetAbsolutePosition(row);
-        return data.GetRecord(buffer, mode, true);
-    };
-    values[1] = Variant(u"left over");
-    EXPECT_EQ(get(3, gmCurrent), grOK);
-    EXPECT_EQ(int(header.RecordNumber), 3);
-    EXPECT_EQ(header.BookmarkFlag, bfCurrent);
-    EXPECT_EQ(header.Bookmark, OleVariant(customers.Recordset->GetBookmark()));
-    EXPECT_TRUE(values[1].IsEmpty());
-    data.DisableControls();
-    EXPECT_EQ(get(3, gmNext), grOK);
-    EXPECT_EQ(int(header.RecordNumber), -2);
-    data.EnableControls();
-    data.SetFilteredByBookmarks(true);
-    const struct {
-        int Row;
-        TGetMode Mode;
-        TGetResult Result;
-        int Number;
-    } cases[] = {{2, gmCurrent, grOK, 42}, {3, gmCurrent, grError, 0}, {2, gmNext, grOK, 43}, {4, gmNext, grEOF, 0},
-                 {1, gmNext, grOK, 42},    {5, gmPrior, grOK, 43},     {2, gmPrior, grBOF, 0}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(get(each.Row, each.Mode), each.Result) << each.Row;
-        if (each.Result == grOK) {
-            EXPECT_EQ(int(header.RecordNumber), each.Number) << each.Row;
-        }
-    }
-    customers.Recordset->MoveLast();
-    customers.Recordset->MoveNext();
-    EXPECT_EQ(data.GetRecord(buffer, gmCurrent, true), grError) << "also at the end";
-    values[0] = Variant(1);
-    values[2] = Variant(2);
-    data.FinalizeZOR(buffer, 2);
-    EXPECT_TRUE(values[0].IsEmpty());
-    EXPECT_FALSE(values[2].IsEmpty());
-    data.FreeRecordBuffer(buffer);
-}
-
-/// A database of one table, orders: every statement gives the orders of the customer in its first parameter.
-std::shared_ptr<_Recordset> OpenOrders(TRecordsetQuery& query) {
-    TRowStore rows({MemoryColumn(u"Order", adInteger), MemoryColumn(u"Customer", adInteger)});
-    const auto* customer = query.Parameters.empty() ? nullptr : std::get_if<std::int64_t>(&query.Parameters[0].Value);
-    for (std::int64_t order = 1; customer && order <= *customer; ++order) {
-        rows.AppendRow(std::vector<TDataValue>{*customer * 100 + order, *customer});
-        if (query.Progress && !query.Progress(order, *customer))
-            throw EFetchCancelled();
-    }
-    return std::make_shared<TClientRecordset>(std::move(rows));
 }
 
 TEST(DataSet, FollowsItsMasterAndCanBeStoppedWhileItFetches) {
@@ -461,6 +311,48 @@ TEST(DataSet, SurvivesItsEndWhileALinkGrows) {
     link.SetBufferCount(3);
     EXPECT_FALSE(alive);
     EXPECT_FALSE(link.GetActive());
+}
+
+TEST(Field, ShowsWideNumbersAndNamesItselfWhereTheyDoNotConvert) {
+    const TPolishSettings settings;
+    TRowStore rows({MemoryColumn(u"F", adNumeric)});
+    rows.AppendRow();
+    TADODataSet data(nullptr);
+    data.SetRecordset(std::make_shared<TClientRecordset>(std::move(rows)));
+    auto& field = static_cast<TFMTBCDField&>(*data.GetFields()[0]);
+    field.SetDisplayFormat(u"#,##0.00");
+    const struct {
+        const char16_t* Entered;
+        const char16_t* Shown;
+        const char* Money;
+    } cases[] = {
+        {u"1234567,00400000000000000000001", u"1 234 567,00", "none"},
+        {u"123456789012345678901,5", u"123456789012345678901,5",
+         "'123456789012345678901.5' is not a valid currency value for field 'F'"},
+    };
+    for (const auto& each : cases) {
+        data.Edit();
+        field.SetEditText(each.Entered);
+        data.Post();
+        EXPECT_EQ(Utf8Encode(field.GetAsString()), Utf8Encode(each.Entered));
+        EXPECT_EQ(Utf8Encode(field.GetDisplayText()), Utf8Encode(each.Shown));
+        EXPECT_EQ(ProblemOf([&] { field.GetAsCurrency(); }), each.Money);
+    }
+    data.Edit();
+    EXPECT_NE(ProblemOf([&] { field.SetEditText(u"1E-99999"); }), "none");
+}
+
+TEST(Field, TakesTheSizeOfTheColumnThatIsThere) {
+    TADODataSet data(nullptr);
+    auto* name = new TWideStringField(&data);
+    name->SetFieldName(u"F");
+    name->SetDataSet(&data);
+    for (const int size : {30, 2}) {
+        data.SetRecordset(std::make_shared<TClientRecordset>(TRowStore({MemoryColumn(u"F", adVarWChar, size)})));
+        EXPECT_EQ(name->GetSize(), size);
+        data.Close();
+        EXPECT_EQ(name->GetSize(), 0);
+    }
 }
 
 TEST(Field, CountsCharactersAndTakesItsOwnBytes) {

@@ -141,6 +141,18 @@ struct TCustomers {
     std::shared_ptr<TClientRecordset> Recordset;
 };
 
+/// A database of one table, orders: every statement gives the orders of the customer in its first parameter.
+inline std::shared_ptr<_Recordset> OpenOrders(TRecordsetQuery& query) {
+    TRowStore rows({MemoryColumn(u"Order", adInteger), MemoryColumn(u"Customer", adInteger)});
+    const auto* customer = query.Parameters.empty() ? nullptr : std::get_if<std::int64_t>(&query.Parameters[0].Value);
+    for (std::int64_t order = 1; customer && order <= *customer; ++order) {
+        rows.AppendRow(std::vector<TDataValue>{*customer * 100 + order, *customer});
+        if (query.Progress && !query.Progress(order, *customer))
+            throw EFetchCancelled();
+    }
+    return std::make_shared<TClientRecordset>(std::move(rows));
+}
+
 /// What an action raises; "none" when nothing.
 template <class TAction>
 std::string ProblemOf(TAction&& action) {

@@ -1,3 +1,4 @@
 // Fields and narrowed datasets, under Windows; the same runs natively.
 
 #include "tests/support/fieldstory.h"
+#include "tests/support/narrowedstory.h"
