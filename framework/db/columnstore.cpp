@@ -1,7 +1,7 @@
 #include "framework/db/columnstore.h"
 
 #include "framework/db/databaseerrors.h"
-#include "framework/db/datatexts.h"
+#include "framework/system/decimal.h"
 #include "framework/system/strings.h"
 
 #include <algorithm>
@@ -191,7 +191,9 @@ double TColumnStore::GetDouble(int row) const {
         if (TryGetNumeric(row, number))
             return number.AsDouble();
         double value = 0;
-        TryParseDouble(Utf8Encode(GetText(row)), value);
+        TWrittenNumber written;
+        if (TryParseNumber(GetText(row), u'.', written) && !TryMakeFloat(written, value))
+            value = std::numeric_limits<double>::infinity() * (written.Negative ? -1 : 1);
         return value;
     }
     return static_cast<double>(GetInt64(row));

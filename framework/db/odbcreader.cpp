@@ -383,7 +383,8 @@ void TOdbcReader::Report(int rows, bool atEnd) {
     FReported = rows;
     // Rows that are read a second time do not count twice.
     FTold = std::max(FTold, rows);
-    if (!(*FProgress)(FTold, FCount))
+    const auto mayGoOn = [&] { return (*FProgress)(FTold, FCount); };
+    if (!(atEnd ? mayGoOn() : FStatement.Session().WhileFetching(mayGoOn)))
         throw EFetchCancelled();
 }
 

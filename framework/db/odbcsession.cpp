@@ -142,7 +142,13 @@ void TOdbcSession::SetAutoCommit(bool on, StringView purpose) {
           FConnection, purpose);
 }
 
+void TOdbcSession::CheckFree() const {
+    if (FFetching && FKind == TDatabaseKind::SQLite)
+        throw EDatabaseError(u"The connection is busy fetching records");
+}
+
 void TOdbcSession::BeginTransaction() {
+    CheckFree();
     if (FTransactions == 0)
         SetAutoCommit(false, u"begin a transaction");
     ++FTransactions;

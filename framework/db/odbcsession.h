@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace framework {
 
@@ -75,6 +76,19 @@ public:
     void BeginTransaction();
     void EndTransaction(bool commit);
 
+    /// Calls `body`, which may be anybody's code, in the middle of a fetch. SQLite's driver ends a fetch without a word
+    /// when another statement begins, so these raise EDatabaseError meanwhile.
+    template <class TBody>
+    auto WhileFetching(TBody&& body) {
+        struct TRestore {
+            bool& Flag;
+            bool Before;
+            ~TRestore() { Flag = Before; }
+        } restore{FFetching, std::exchange(FFetching, true)};
+        return body();
+    }
+    void CheckFree() const;
+
     /// Raises EDatabaseServerError with what the driver says about the handle's last call.
     [[noreturn]] void Raise(const TOdbcHandle& handle, StringView purpose) const;
     /// Raises unless the result of a call means success.
@@ -96,6 +110,7 @@ private:
     std::optional<bool> FCharsAreUtf8;
     std::optional<char> FMoneyPoint;
     int FTransactions = 0;
+    bool FFetching = false;
     /// A part of the transaction was not committed.
     bool FPartFailed = false;
 };

@@ -154,6 +154,7 @@ TOdbcStatement::TOdbcStatement(TOdbcSession& session, String purpose)
 TOdbcStatement::~TOdbcStatement() = default;
 
 void TOdbcStatement::Prepare(StringView sql) {
+    FSession.CheckFree();
     CloseCursor();
     FText = sql;
     FGaveRows = false;
@@ -173,6 +174,7 @@ void TOdbcStatement::Bind(std::span<const TSqlParameter> parameters) {
 }
 
 void TOdbcStatement::Execute() {
+    FSession.CheckFree();
     // SQLite's driver would go on with the rows that were not read the last time.
     if (FGaveRows)
         Prepare(String(FText));
@@ -198,12 +200,14 @@ SQLWCHAR* CatalogueName(const String& name) {
 } // namespace
 
 void TOdbcStatement::ListColumns(const TTableName& table) {
+    FSession.CheckFree();
     CloseCursor();
     Check(SQLColumnsW(FHandle.Get(), CatalogueName(table.Catalog), SQL_NTS, CatalogueName(table.Schema), SQL_NTS,
                       CatalogueName(table.Table), SQL_NTS, nullptr, 0));
 }
 
 void TOdbcStatement::ListPrimaryKey(const TTableName& table) {
+    FSession.CheckFree();
     CloseCursor();
     Check(SQLPrimaryKeysW(FHandle.Get(), CatalogueName(table.Catalog), SQL_NTS, CatalogueName(table.Schema), SQL_NTS,
                           CatalogueName(table.Table), SQL_NTS));

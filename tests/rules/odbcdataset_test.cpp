@@ -103,6 +103,33 @@ TEST_P(OdbcDataSet, TellsOfWhatSomebodyElseHasChanged) {
     EXPECT_EQ(others->GetRecordCount(), 3);
 }
 
+/// A handler of the progress may use the connection that is busy with the fetch, or is told that it may not.
+TEST_P(OdbcDataSet, LosesNoRowsWhenItsConnectionPostsMeanwhile) {
+    const auto one = People(u" WHERE id = 1");
+    one->SetConnection(Connection);
+    one->Open();
+    one->Edit();
+    one->FieldByName(u"name")->SetAsString(u"posted");
+    const auto all = People();
+    all->SetConnection(Connection);
+    std::string problem;
+    all->OnFetchProgress = [&](TCustomADODataSet*, int rows, int, TEventStatus&) {
+        if (one->GetState() != dsEdit || rows >= 3000)
+            return;
+        try {
+            one->Post();
+        } catch (const EDatabaseError& error) {
+            problem = error.what();
+        }
+    };
+    all->Open();
+    EXPECT_EQ(all->GetRecordCount(), 3000);
+    EXPECT_EQ(problem, IsSQLite() ? "The connection is busy fetching records" : "");
+    EXPECT_EQ(one->GetState(), IsSQLite() ? dsEdit : dsBrowse);
+    one->CheckBrowseMode();
+    EXPECT_EQ(VarToStr(Value(u"SELECT name FROM people WHERE id = 1")), u"posted");
+}
+
 TEST_P(OdbcDataSet, FindsADayByItsDate) {
     Connection->Execute(u"UPDATE people SET born = '1990-02-28' WHERE id = 7");
     const auto people = People(u" WHERE born >= :day");

@@ -1,6 +1,7 @@
 // What comes out of a database must be what stands in it: every type of column, expressions, and declarations that the
 // values do not keep.
 
+#include "framework/db/adodataset.h"
 #include "tests/support/databases.h"
 
 using namespace databases;
@@ -11,6 +12,8 @@ class OdbcTypes : public OnDatabase {};
 ON_DATABASES(OdbcTypes, "SQLite", "PostgreSQL");
 class OdbcTypesOfSQLite : public OnDatabase {};
 ON_DATABASES(OdbcTypesOfSQLite, "SQLite");
+class OdbcTypesOfPostgreSQL : public OnDatabase {};
+ON_DATABASES(OdbcTypesOfPostgreSQL, "PostgreSQL");
 
 TMoment Moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int ticks = 0) {
     TMoment moment = TMoment::FromDateTime(EncodeDateTime(year, month, day, hour, minute, second, 0));
@@ -210,6 +213,61 @@ TEST_P(OdbcTypesOfSQLite, CanBeChangedInWhateverFormTheyStand) {
     }
 }
 
+TEST_P(OdbcTypes, WithoutALimitTakeAllThatIsEntered) {
+    Connection->Execute(u"CREATE TABLE t (id int PRIMARY KEY, n numeric, v varchar, l varchar(255), s numeric(28,6))");
+    Connection->Execute(u"INSERT INTO t VALUES (1, 0.5, 'a', 'b', 1)");
+    TADODataSet data(nullptr);
+    data.SetConnectionString(ConnectionString());
+    data.SetCommandText(u"SELECT * FROM t");
+    data.Open();
+    EXPECT_EQ(data.FieldByName(u"s")->GetSize(), 6);
+    EXPECT_EQ(data.FieldByName(u"l")->GetSize(), 255);
+    data.Edit();
+    data.FieldByName(u"n")->SetAsFloat(4.32155012345);
+    data.FieldByName(u"v")->SetAsString(String(300, u'x'));
+    EXPECT_THROW(data.FieldByName(u"l")->SetAsString(String(300, u'x')), EDatabaseError);
+    data.Post();
+    data.Refresh();
+    EXPECT_EQ(data.FieldByName(u"n")->GetAsFloat(), 4.32155012345);
+    EXPECT_EQ(data.FieldByName(u"v")->GetAsString().size(), 300U);
+    data.Edit();
+    data.FieldByName(u"n")->SetAsInteger(3);
+    EXPECT_NO_THROW(data.Post()) << "the row is found again by its old value";
+}
+
+/// The driver gives today's date for a moment that it cannot read.
+TEST_P(OdbcTypesOfPostgreSQL, MomentsBeyondTheDriverAreNotToday) {
+    const struct {
+        const char16_t* Sql;
+        DataTypeEnum Type;
+        const char16_t* Text; ///< of the row in the middle
+    } cases[] = {
+        {u"date 'infinity'", adLongVarWChar, u"0000-00-00"},
+        {u"date '12345-01-02'", adLongVarWChar, u"1234-00-00"},
+        {u"timestamp '12345-01-02 03:04'", adLongVarWChar, u"0000-00-00 00:00:00"},
+        {u"timestamp '-infinity'", adLongVarWChar, u"9999-01-01 00:00:00 BC"},
+        {u"current_date", adDBDate, u"today"},
+        {u"current_date - 1", adDBDate, u"yesterday"},
+        {u"current_date + time '23:59:59.123456'", adDBTimeStamp, u"now"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(Utf8Encode(each.Sql));
+        const String value = each.Sql;
+        const auto rows = Open(u"SELECT CASE WHEN i = 200 THEN " + value + u" ELSE date '2000-01-01' END, to_char(" +
+                               value + u", 'YYYY-MM-DD') FROM generate_series(1, 300) i");
+        EXPECT_EQ(rows->GetColumn(0).Type, each.Type);
+        rows->SetAbsolutePosition(200);
+        if (IsMomentType(each.Type)) {
+            EXPECT_EQ(FormatDateTime(u"yyyy-mm-dd", rows->GetMoment(0).AsDateTime()), rows->GetText(1));
+            if (each.Type == adDBTimeStamp) {
+                EXPECT_EQ(rows->GetMoment(0).Ticks % TMoment::ticksPerSecond, 1'234'560);
+            }
+        } else {
+            EXPECT_EQ(Utf8Encode(rows->GetText(0)), Utf8Encode(each.Text));
+        }
+    }
+}
+
 TEST_P(OdbcTypes, ParametersOfMoneyAreNumbers) {
     Connection->Execute(u"CREATE TABLE t (id int PRIMARY KEY, price numeric(10,2))");
     Connection->Execute(u"INSERT INTO t VALUES (1, 10), (2, 12.5), (3, 20)");
@@ -230,6 +288,9 @@ TEST_P(OdbcTypesOfSQLite, StayWhatTheyAreWhenTheyBreakTheirDeclaration) {
         {u"boolean", u"(1), (2)", adInteger, u"2"},
         {u"numeric(8,2)", u"(1.25), (0.125)", adNumeric, u"0.125"},
         {u"numeric(8,2)", u"(1.25), (1e30)", adDouble, u"1E30"},
+        {u"NUMBER(10,2)", u"(1), (1.25)", adNumeric, u"1.25"},
+        {u"dec(8,3)", u"(1), (1.125)", adNumeric, u"1.125"},
+        {u"floating point", u"(1), (1.5)", adDouble, u"1.5"},
         {u"date", u"('2020-02-29'), ('2020-02-29T10:00')", adDBTimeStamp, u"2020-02-29 10:00:00"},
         {u"date", u"('2020-02-29'), ('2020-02-30')", adLongVarWChar, u"2020-02-30"},
         {u"timestamp", u"('2020-02-29'), (2458909.5)", adLongVarWChar, u"2458909.5"},
