@@ -12,6 +12,12 @@
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 
+#ifdef _WIN32
+#include <windows.h>
+// Behind the one above.
+#include <shellapi.h>
+#endif
+
 #include <cstdio>
 
 using namespace framework;
@@ -93,6 +99,19 @@ bool RaiseCredit(const String& connection) {
     return found;
 }
 
+/// The arguments of main are in a code page under Windows, which not every file name fits into.
+String FirstArgument([[maybe_unused]] char** arguments) {
+#ifdef _WIN32
+    int count = 0;
+    wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    const String first = wide && count > 1 ? reinterpret_cast<const char16_t*>(wide[1]) : u"";
+    LocalFree(wide);
+    return first;
+#else
+    return Utf8Decode(arguments[1]);
+#endif
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
@@ -101,7 +120,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     try {
-        const String connection = Utf8Decode(arguments[1]);
+        const String connection = FirstArgument(arguments);
         ShowLargeOrders(connection);
         return RaiseCredit(connection) ? 0 : 1;
     } catch (const std::exception& error) {

@@ -148,19 +148,20 @@ void TOdbcRowSource::ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns) 
         if (column.BaseTable.empty())
             continue;
         const TTableName name{column.Catalog, column.Schema, column.BaseTable};
-        auto [table, isNew] = tables.try_emplace(name);
+        const bool isNew = !tables.contains(name);
+        auto& table = tables[name];
         if (isNew) {
             EachCatalogueColumn(name, [&](const TOdbcStatement& catalogue) {
                 String columnName = Or(catalogue.GetText(columnNameColumn));
                 String type = Or(catalogue.GetText(typeNameColumn));
                 const bool nullable = Or(catalogue.GetText(nullableColumn)) != u"0";
-                table->second[AnsiUpperCase(columnName)] = {std::move(type), nullable};
+                table[AnsiUpperCase(columnName)] = {std::move(type), nullable};
             });
         }
         TColumnPlan& plan = FPlans[i];
-        const auto declared = table->second.find(AnsiUpperCase(column.BaseColumn));
+        const auto declared = table.find(AnsiUpperCase(column.BaseColumn));
         // The driver takes the name that the query chose for the name in the table.
-        if (declared == table->second.end() || aliases.contains(AnsiUpperCase(column.BaseColumn))) {
+        if (declared == table.end() || aliases.contains(AnsiUpperCase(column.BaseColumn))) {
             plan.Info.BaseColumn.clear();
             plan.Info.ReadOnly = true;
             ApplyDeclaredType(plan.ServerType, plan.Info);
@@ -192,15 +193,16 @@ void TOdbcRowSource::DropInventedLimits(const std::vector<TOdbcColumn>& columns)
             continue;
         if (!column.BaseTable.empty()) {
             const TTableName name{column.Catalog, column.Schema, column.BaseTable};
-            auto [table, isNew] = unlimited.try_emplace(name);
+            const bool isNew = !unlimited.contains(name);
+            std::set<String>& names = unlimited[name];
             if (isNew) {
                 EachCatalogueColumn(name, [&](const TOdbcStatement& catalogue) {
                     String columnName = Or(catalogue.GetText(columnNameColumn));
                     if (catalogue.ColumnCount() > limitColumn && catalogue.GetText(limitColumn) == u"-1")
-                        table->second.insert(std::move(columnName));
+                        names.insert(std::move(columnName));
                 });
             }
-            if (!table->second.contains(column.BaseColumn))
+            if (!names.contains(column.BaseColumn))
                 continue;
         }
         info.Size = info.Precision = 0;

@@ -28,6 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             continue;
         Require(TryParseMoment(Utf8Encode(MomentText(moment, type)), type, again) && again == moment);
         const TMomentParts parts = PartsOf(moment);
+        Require(TryMakeMoment(parts, again) && again == moment);
         if (type == adDBDate)
             Require(TMoment::FromDateTime(EncodeDate(parts.Year, parts.Month, parts.Day)) == moment);
     }
@@ -46,6 +47,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     TColumnInfo column;
     ApplyDeclaredType(text, column);
     AliasesIn(text);
+    for (const auto& [name, count] : TablesIn(text).Counts)
+        Require(count > 0);
     const String complete = CompleteConnectionString(text);
     Require(complete.starts_with(text));
     WithoutPasswords(text, text);
