@@ -7,7 +7,7 @@ const TEnumInfo& DescribeEnum(TVTPaintOption) {
                                 {u"toHideFocusRect", u"toHideSelection", u"toHotTrack", u"toShowButtons",
                                  u"toShowHorzGridLines", u"toShowRoot", u"toShowTreeLines", u"toShowVertGridLines",
                                  u"toThemeAware", u"toFullVertGridLines", u"toAlwaysHideSelection",
-                                 u"toUseBlendedSelection", u"toShowFilteredNodes"}};
+                                 u"toUseBlendedSelection"}};
     return info;
 }
 

@@ -20,7 +20,6 @@ enum TVTPaintOption {
     toFullVertGridLines,   ///< lines between columns go on below the last row
     toAlwaysHideSelection, ///< the selection never shows
     toUseBlendedSelection, ///< the selection shines through, and texts keep their colour
-    toShowFilteredNodes,   ///< nodes that a filter hides show in grey
 };
 using TVTPaintOptions = Set<TVTPaintOption>;
 inline constexpr TVTPaintOptions DefaultPaintOptions{toShowButtons, toShowRoot, toShowTreeLines, toThemeAware};

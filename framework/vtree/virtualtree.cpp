@@ -241,20 +241,44 @@ void TBaseVirtualTree::ChangeScale(int m, int d) {
 }
 
 void TBaseVirtualTree::EndUpdate() {
-    if (FUpdateCount == 0 || --FUpdateCount > 0 || !std::exchange(FStructureChanged, false))
+    const bool changed = FUpdateCount == 1 && FStructureChanged;
+    LeaveUpdate();
+    if (!changed)
         return;
     TLifeGuard alive(*this);
     FUnsorted.Set(nullptr);
     AutoSort();
-    if (!alive)
+    if (alive)
+        SettleFocus();
+}
+
+void TBaseVirtualTree::LeaveUpdate() {
+    if (FUpdateCount == 0 || --FUpdateCount > 0 || !std::exchange(FStructureChanged, false))
         return;
     FLayoutDirty = false; // what was asked for meanwhile was not painted
     StructureChanged();
-    SettleFocus();
+}
+
+/// As WithinUpdate (updates.h) does, where handlers may free the tree.
+void TBaseVirtualTree::WhileUpdating(const std::function<void()>& work) {
+    TLifeGuard alive(*this);
+    BeginUpdate();
+    try {
+        work();
+    } catch (...) {
+        if (alive)
+            LeaveUpdate();
+        throw;
+    }
+    if (alive)
+        EndUpdate();
 }
 
 void TBaseVirtualTree::StructureChanged() {
     ++FStructureVersion;
+    FRowsMoved = true;
+    if (FStore->Total().Rows == 0)
+        FPaintedWidth = 0;
     if (FUpdateCount > 0)
         FStructureChanged = true;
     if (FLayoutDirty)
@@ -317,7 +341,7 @@ void TBaseVirtualTree::DeleteNode(TVirtualNode* node) {
     if (!node || node == FStore->Root() || !FStore->Contains(node))
         return;
     if (FSorting > 0)
-        FDeferredDeletes.emplace_back(*FStore, node);
+        FDeferredDeletes.emplace_back(*FStore, node, false);
     else
         DeleteRange(node->GetParent(), node->GetIndex(), 1);
 }
@@ -338,25 +362,36 @@ void TBaseVirtualTree::Clear() {
 }
 
 void TBaseVirtualTree::DeleteSelectedNodes() {
-    TLifeGuard alive(*this);
-    BeginUpdate();
-    while (alive) {
-        TVirtualNode* node = GetFirstSelected();
-        if (!node)
-            break;
-        DeleteNode(node);
+    if (FSorting > 0) {
+        for (TVirtualNode* node = GetFirstSelected(); node; node = GetNextSelected(node))
+            FDeferredDeletes.emplace_back(*FStore, node, false);
+        return;
     }
-    if (alive)
-        EndUpdate();
+    TLifeGuard alive(*this);
+    const bool any = GetSelectedCount() > 0;
+    WhileUpdating([&] {
+        FSelectionWaits = true;
+        const TAtScopeEnd told(*this, [this] { FSelectionWaits = false; });
+        while (alive && GetFirstSelected())
+            DeleteNode(GetFirstSelected());
+    });
+    if (alive && any)
+        DoChange(nullptr);
 }
 
 /// The nodes leave the tree before anybody is told, and their memory stays until the last one has been told.
 void TBaseVirtualTree::DeleteRange(TVirtualNode* parent, unsigned first, unsigned count) {
     if (count == 0)
         return;
+    if (FSorting > 0 && count == parent->GetChildCount()) {
+        if (FDeferredDeletes.empty() || !FDeferredDeletes.back().ChildrenOnly ||
+            FDeferredDeletes.back().Node.Get() != parent) // not once for each comparison
+            FDeferredDeletes.emplace_back(*FStore, parent, true);
+        return;
+    }
     if (FSorting > 0) {
         for (TVirtualNode* node = TNodeStore::Child(parent, first); node && count > 0; --count) {
-            FDeferredDeletes.emplace_back(*FStore, node);
+            FDeferredDeletes.emplace_back(*FStore, node, false);
             node = node->GetNextSibling();
         }
         return;
@@ -386,7 +421,7 @@ void TBaseVirtualTree::DeleteRange(TVirtualNode* parent, unsigned first, unsigne
             return static_cast<bool>(alive);
         });
     }
-    if (alive && !FRebuilding && !IsDestroying() && GetSelectedCount() < selected)
+    if (alive && !FRebuilding && !FSelectionWaits && !IsDestroying() && GetSelectedCount() < selected)
         DoChange(nullptr);
     if (alive)
         SettleFocus();
@@ -395,9 +430,12 @@ void TBaseVirtualTree::DeleteRange(TVirtualNode* parent, unsigned first, unsigne
 void TBaseVirtualTree::RunDeferredDeletes() {
     TLifeGuard alive(*this);
     while (alive && !FDeferredDeletes.empty()) {
-        TVirtualNode* node = FDeferredDeletes.front().Get();
+        TVirtualNode* node = FDeferredDeletes.front().Node.Get();
+        const bool childrenOnly = FDeferredDeletes.front().ChildrenOnly;
         FDeferredDeletes.pop_front();
-        if (node)
+        if (node && childrenOnly)
+            DeleteChildren(node);
+        else if (node)
             DeleteNode(node);
     }
 }
@@ -546,24 +584,31 @@ TVirtualNode* TBaseVirtualTree::GetNext(TVirtualNode* node) {
 }
 
 TVirtualNode* TBaseVirtualTree::GetLast() {
-    TVirtualNode* node = GetLastChild(nullptr);
-    for (TVirtualNode* below = node; below; below = GetLastChild(node))
-        node = below;
-    return node;
+    TLifeGuard alive(*this);
+    TNodeRef node(*FStore, GetLastChild(nullptr));
+    while (alive && node) {
+        TVirtualNode* below = GetLastChild(node.Get());
+        if (!alive || !below)
+            break;
+        node.Set(below);
+    }
+    return alive ? node.Get() : nullptr;
 }
 
 TVirtualNode* TBaseVirtualTree::GetFirstChild(TVirtualNode* node) {
     node = ParentOf(node);
     TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
     InitChildren(node);
-    return alive ? Asked(node->GetFirstChild()) : nullptr;
+    return alive && still ? Asked(node->GetFirstChild()) : nullptr;
 }
 
 TVirtualNode* TBaseVirtualTree::GetLastChild(TVirtualNode* node) {
     node = ParentOf(node);
     TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
     InitChildren(node);
-    return alive ? Asked(node->GetLastChild()) : nullptr;
+    return alive && still ? Asked(node->GetLastChild()) : nullptr;
 }
 
 int TBaseVirtualTree::RowOf(const TVirtualNode* node) const {
@@ -636,7 +681,8 @@ void TBaseVirtualTree::SetExpanded(TVirtualNode* node, bool value) {
         return;
     if (value && HasAuto(toAutoScrollOnExpand) && HandleAllocated() && FUpdateCount == 0) {
         ScrollIntoView(node->GetLastChild(), false);
-        ScrollIntoView(node, false); // which matters more when not all of it fits
+        if (alive && still)
+            ScrollIntoView(node, false); // which matters more when not all of it fits
     }
     if (alive && still)
         value ? DoExpanded(node) : DoCollapsed(node);
@@ -645,32 +691,30 @@ void TBaseVirtualTree::SetExpanded(TVirtualNode* node, bool value) {
 }
 
 void TBaseVirtualTree::FullExpand(TVirtualNode* node) {
-    TVirtualNode* top = ParentOf(node);
-    TLifeGuard alive(*this);
-    BeginUpdate();
-    TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
-    while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
-        if (InitNode(each.Get()) && each && each.Get()->Has(vsHasChildren))
-            SetExpanded(each.Get(), true);
-        if (alive && each)
-            each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
-    }
-    if (alive)
-        EndUpdate();
+    WhileUpdating([&] {
+        TVirtualNode* top = ParentOf(node);
+        TLifeGuard alive(*this);
+        TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
+        while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
+            if (InitNode(each.Get()) && each && each.Get()->Has(vsHasChildren))
+                SetExpanded(each.Get(), true);
+            if (alive && each)
+                each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
+        }
+    });
 }
 
 void TBaseVirtualTree::FullCollapse(TVirtualNode* node) {
-    TVirtualNode* top = ParentOf(node);
-    TLifeGuard alive(*this);
-    BeginUpdate();
-    TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
-    while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
-        SetExpanded(each.Get(), false);
-        if (alive && each)
-            each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
-    }
-    if (alive)
-        EndUpdate();
+    WhileUpdating([&] {
+        TVirtualNode* top = ParentOf(node);
+        TLifeGuard alive(*this);
+        TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
+        while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
+            SetExpanded(each.Get(), false);
+            if (alive && each)
+                each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
+        }
+    });
 }
 
 bool TBaseVirtualTree::GetVisiblePath(TVirtualNode* node) const {
@@ -723,10 +767,17 @@ void TBaseVirtualTree::SortFamily(TVirtualNode* parent, TColumnIndex column, TSo
     TLifeGuard alive(*this);
     ++FSorting;
     const TAtScopeEnd sorted(*this, [this] { --FSorting; });
-    const int sign = direction == sdAscending ? 1 : -1;
-    store->Sort(parent, [&](TVirtualNode* left, TVirtualNode* right) {
-        return alive && sign * DoCompare(left, right, column) < 0;
-    });
+    try {
+        store->Sort(parent, [&](TVirtualNode* left, TVirtualNode* right) {
+            if (!alive)
+                return false;
+            return (direction == sdAscending ? DoCompare(left, right, column) : DoCompare(right, left, column)) < 0;
+        });
+    } catch (...) {
+        if (alive)
+            StructureChanged(); // what was deleted meanwhile goes with the next layout
+        throw;
+    }
 }
 
 void TBaseVirtualTree::SortByKey(TVirtualNode* parent, const TNodeStore::TKey& key) {

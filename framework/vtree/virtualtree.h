@@ -533,6 +533,8 @@ private:
     TVirtualNode* Asked(TVirtualNode* node);
     TVirtualNode* ParentOf(TVirtualNode* node) const { return node ? node : FStore->Root(); }
     void DeleteRange(TVirtualNode* parent, unsigned first, unsigned count);
+    void WhileUpdating(const std::function<void()>& work);
+    void LeaveUpdate();
     void CheckNotSorting() const;
     void ApplyInitialStates(TVirtualNode* node, TVirtualNodeInitStates states);
     /// Whether nothing has to be asked about a node before it shows.
@@ -557,7 +559,7 @@ private:
     void ClickCheck(TVirtualNode* node);
 
     // virtualtree_scroll.cpp
-    void EnsureLayout();
+    bool EnsureLayout();
     std::int64_t ContentHeight() const { return FStore->Total().Height; }
     int ContentWidth() const;
     void ScrollTo(int x, std::int64_t y);
@@ -598,6 +600,7 @@ private:
     TVirtualNode* NodeForKey(WORD key);
     TVirtualNode* PageFrom(TVirtualNode* node, bool down);
     void CheckSelected();
+    void ReleaseBox();
     void SearchFor(char16_t letter);
     bool SearchGoesOnWith(char16_t letter);
     TVirtualNode* FindText(TVirtualNode* from, const String& text);
@@ -610,6 +613,7 @@ private:
     bool PaintRow(TRowPainting& painting, TVirtualNode* node, int top);
     bool PaintCell(TRowPainting& painting, TVTPaintInfo& info);
     void PaintCellBackground(TRowPainting& painting, const TVTPaintInfo& info);
+    void BlendSelection(TRowPainting& painting, const TRect& area) const;
     void PaintTreeParts(TRowPainting& painting, const TVTPaintInfo& info, const TCellLayout& layout);
     void PaintButton(TRowPainting& painting, const TRect& place, bool open);
     void PaintTreeLines(TRowPainting& painting, TVirtualNode* node, const TRect& cell);
@@ -626,6 +630,7 @@ private:
     bool AnswerAccessible(TMessage& message);
     void TellFocus();
     void TellNode(UINT event, TVirtualNode* node);
+    void TellTree(UINT event);
 
     std::shared_ptr<TNodeStore> FStore;
     std::unique_ptr<TVirtualTreeOptions> FOptions;
@@ -653,8 +658,16 @@ private:
     int FUpdateCount = 0;
     int FDeleteDepth = 0;
     int FSorting = 0;
-    std::list<TNodeRef> FDeferredDeletes; // asked for while sorting
-    bool FStructureChanged = false;       // while updating
+    struct TDeferredDelete {
+        TDeferredDelete(TNodeStore& store, TVirtualNode* node, bool childrenOnly)
+            : Node(store, node), ChildrenOnly(childrenOnly) {}
+        TNodeRef Node;
+        bool ChildrenOnly;
+    };
+    std::list<TDeferredDelete> FDeferredDeletes; // asked for while sorting
+    bool FStructureChanged = false;              // while updating
+    bool FRowsMoved = false;                     // since screen readers were told last
+    bool FSelectionWaits = false;                // to be told of as a whole
     bool FRebuilding = false;
     bool FFocusLost = false; // and not told yet
     bool FCheckingSeveral = false;

@@ -232,19 +232,19 @@ private:
         TBaseVirtualTree* tree = Tree();
         if (!tree || child.vt != VT_I4)
             return E_INVALIDARG;
-        const LONG columns = Columns(*tree);
-        TPart part;
-        if (child.lVal > columns) {
-            part.Node = tree->NodeOfRow(child.lVal - columns - 1);
-            if (!part.Node || !tree->InitNode(part.Node))
-                return E_INVALIDARG;
-        } else if (child.lVal > 0) {
-            TColumnIndex column = tree->GetHeader()->GetColumns()->GetFirstVisibleColumn();
-            for (LONG number = 1; number < child.lVal; ++number)
-                column = tree->GetHeader()->GetColumns()->GetNextVisibleColumn(column);
-            part.Column = tree->GetHeader()->GetColumns()->GetColumn(column);
-        }
         try {
+            const LONG columns = Columns(*tree);
+            TPart part;
+            if (child.lVal > columns) {
+                part.Node = tree->NodeOfRow(child.lVal - columns - 1);
+                if (!part.Node || !tree->InitNode(part.Node))
+                    return E_INVALIDARG;
+            } else if (child.lVal > 0) {
+                TColumnIndex column = tree->GetHeader()->GetColumns()->GetFirstVisibleColumn();
+                for (LONG number = 1; number < child.lVal; ++number)
+                    column = tree->GetHeader()->GetColumns()->GetNextVisibleColumn(column);
+                part.Column = tree->GetHeader()->GetColumns()->GetColumn(column);
+            }
             return work(*tree, part);
         } catch (...) {
             return E_FAIL;
@@ -271,8 +271,12 @@ private:
         TCells cells;
         const TVirtualTreeColumns& columns = *tree.GetHeader()->GetColumns();
         TColumnIndex column = columns.GetFirstVisibleColumn();
+        TLifeGuard alive(tree);
+        const TNodeRef still(tree.Nodes(), node);
         do {
             const String text = tree.NodeText(node, column).substr(0, kMost);
+            if (!alive || !still)
+                return cells;
             if (cells.Name.empty())
                 cells.Name = text;
             else if (!text.empty())
@@ -347,6 +351,11 @@ void TBaseVirtualTree::TellNode(UINT event, TVirtualNode* node) {
     const int row = RowOf(node);
     if (row >= 0)
         NotifyWinEvent(event, FHandle, OBJID_CLIENT, TTreeAccessible::Columns(*this) + row + 1);
+}
+
+void TBaseVirtualTree::TellTree(UINT event) {
+    if (HandleAllocated() && FUpdateCount == 0)
+        NotifyWinEvent(event, FHandle, OBJID_CLIENT, CHILDID_SELF);
 }
 
 void TBaseVirtualTree::TellFocus() {

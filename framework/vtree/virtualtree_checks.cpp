@@ -37,12 +37,16 @@ void TBaseVirtualTree::SetCheckState(TVirtualNode* node, TCheckState value) {
     const bool follows = HasAuto(toAutoTristateTracking) && node->GetCheckType() != ctRadioButton;
     if (follows && (!AskForSiblings(node) || !alive || !still))
         return;
-    FStore->SetState(node, vsChecking, true);
-    const bool allowed = DoChecking(node, value);
-    if (!alive || !still)
-        return;
-    FStore->SetState(node, vsChecking, false);
-    if (!allowed)
+    bool allowed = false;
+    {
+        FStore->SetState(node, vsChecking, true);
+        const TAtScopeEnd asked(*this, [&] {
+            if (still)
+                FStore->SetState(node, vsChecking, false);
+        });
+        allowed = DoChecking(node, value);
+    }
+    if (!alive || !still || !allowed)
         return;
     PutCheckState(node, value);
     if (node->GetCheckType() == ctRadioButton && value == csCheckedNormal)

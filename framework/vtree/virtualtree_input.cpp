@@ -106,13 +106,20 @@ void TBaseVirtualTree::Dispatch(TMessage& message) {
         return HandleScroll(message.Msg == WM_VSCROLL ? SB_VERT : SB_HORZ, LowWord(message.WParam));
     case WM_MOUSEHWHEEL: {
         const auto delta = static_cast<std::int16_t>(HighWord(message.WParam));
-        ScrollTo(FScrollX + FSidewaysWheel.Add(delta, 3) * LineExtent(), FScrollY);
+        const int distance = FSidewaysWheel.Add(delta, 3) * LineExtent();
+        if (EnsureLayout())
+            ScrollTo(FScrollX + (UseRightToLeftAlignment() ? -distance : distance), FScrollY);
         return;
     }
+    case WM_CAPTURECHANGED:
+    case WM_CANCELMODE:
+        // At the end of a click the button is up; held down, it was taken away.
+        if (message.Msg == WM_CANCELMODE || GetKeyState(VK_LBUTTON) < 0)
+            ReleaseBox();
+        break;
     case WM_PAINT: {
         TLifeGuard alive(*this);
-        EnsureLayout(); // bars that come or go now are not painted over
-        if (alive && FHeaderDirty)
+        if (EnsureLayout() && FHeaderDirty) // bars that come or go now are not painted over
             PaintHeaderBand();
         if (!alive || !HandleAllocated())
             return;
@@ -155,6 +162,7 @@ void TBaseVirtualTree::Dispatch(TMessage& message) {
 
 void TBaseVirtualTree::CMFontChanged(TMessage& message) {
     FWidths.reset();
+    FPaintedWidth = 0;
     TLifeGuard alive(*this);
     TCustomControl::CMFontChanged(message);
     if (!alive)
@@ -245,19 +253,25 @@ void TBaseVirtualTree::MouseUp(TMouseButton button, TShiftState shift, int x, in
     TLifeGuard alive(*this);
     const TNodeRef box(*FStore, FPressedBox.Get());
     const TNodeRef clicked(*FStore, FClickedNode.Get());
-    FPressedBox.Set(nullptr);
+    ReleaseBox();
     FClickedNode.Set(nullptr);
     TCustomControl::MouseUp(button, shift, x, y);
     if (!alive)
         return;
     const THitInfo hit = GetHitTestInfoAt({x, y});
-    if (box) {
-        PutCheckState(box.Get(), UnpressedState(box.Get()->GetCheckState()));
+    if (alive && box) {
         if (hit.HitNode == box.Get() && hit.HitPositions.Contains(hiOnItemCheckbox))
             ClickCheck(box.Get());
     }
     if (alive && clicked && hit.HitNode == clicked.Get() && button == mbLeft)
         DoNodeClick(hit);
+}
+
+/// The box that is held down is so no longer.
+void TBaseVirtualTree::ReleaseBox() {
+    if (TVirtualNode* box = FPressedBox.Get())
+        PutCheckState(box, UnpressedState(box->GetCheckState()));
+    FPressedBox.Set(nullptr);
 }
 
 void TBaseVirtualTree::DoNodeClick(const THitInfo& hit) {
@@ -349,7 +363,8 @@ bool TBaseVirtualTree::NavigationKey(WORD key, TShiftState shift) {
         return ColumnKey(key);
     if (sideways)
         return BranchKey(key);
-    EnsureLayout();
+    if (!EnsureLayout())
+        return true;
     TVirtualNode* to = NodeForKey(key);
     if (!to)
         return key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT || ends;
@@ -391,7 +406,9 @@ bool TBaseVirtualTree::BranchKey(WORD key) {
             SetExpanded(node, true);
             return true;
         }
-        to = node->GetFirstChild();
+        to = FStore->Next(node, TNodeMeasure::Rows);
+        if (to && to->GetParent() != node)
+            to = nullptr; // all children are hidden
     } else if (node && key == VK_LEFT) {
         if (node->Has(vsExpanded)) {
             SetExpanded(node, false);
@@ -518,7 +535,8 @@ TVirtualNode* TBaseVirtualTree::FindText(TVirtualNode* from, const String& text)
     TLifeGuard alive(*this);
     TNodeRef start(*FStore, from ? from : FStore->First(order));
     TNodeRef node(*FStore, start.Get());
-    while (alive && node) {
+    // Handlers may add nodes, and take away the one that it began with.
+    for (std::size_t left = FStore->Count() + 1; alive && node && left > 0; --left) {
         const bool there = !SearchAsksForNodes() || InitNode(node.Get());
         if (!alive || !there || !node)
             return nullptr;

@@ -29,6 +29,8 @@ struct TBaseVirtualTree::TRowPainting {
     std::optional<TThemeHandle> Theme;  // opened with the first button
     TUniqueBrush Background;
     TUniqueBrush GridLines;
+    TUniqueBitmap SelectionPixel; // for a selection that shines through, made with its first cell
+    TUniqueMemoryDC SelectionDC;
     TColor Selection = clNone; // clNone while the selection does not show
     bool Blended = false;
     unsigned Version = 0; // of the structure
@@ -44,16 +46,6 @@ void FillArea(HDC dc, const TRect& area, HBRUSH brush) {
 bool IsWithin(const TRect& part, const TRect& whole) {
     return part.IsEmpty() || (part.Left >= whole.Left && part.Top >= whole.Top && part.Right <= whole.Right &&
                               part.Bottom <= whole.Bottom);
-}
-
-/// Lays a colour over what is there, `strength` of 255 parts of it.
-void Blend(HDC dc, const TRect& area, TColor color, int strength) {
-    const TUniqueMemoryDC memory(CreateCompatibleDC(dc));
-    const TUniqueBitmap pixel(CreateCompatibleBitmap(dc, 1, 1));
-    const TSelectedObject selected(memory.Get(), pixel.Get());
-    SetPixelV(memory.Get(), 0, 0, ColorToRGB(color));
-    const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(strength), 0};
-    GdiAlphaBlend(dc, area.Left, area.Top, area.Width(), area.Height(), memory.Get(), 0, 0, 1, 1, blend);
 }
 
 /// A dotted line of single pixels from one point to another straight below or beside it.
@@ -82,8 +74,7 @@ bool TBaseVirtualTree::PrepareRows(const TRect& area) {
     constexpr int kMostRounds = 10000;
     TLifeGuard alive(*this);
     for (int round = 0; round < kMostRounds; ++round) {
-        EnsureLayout();
-        if (!alive || !HandleAllocated())
+        if (!EnsureLayout() || !HandleAllocated())
             return false;
         const unsigned version = FStructureVersion;
         std::int64_t top = 0;
@@ -196,7 +187,7 @@ bool TBaseVirtualTree::PaintRow(TRowPainting& painting, TVirtualNode* node, int 
             FillArea(painting.DC, {first->Left, bottom - 1, last->Right, bottom}, painting.GridLines.Get());
     }
     PaintFocus(painting, {0, top, GetClientWidth(), bottom}, node);
-    return true;
+    return alive && painting.Version == FStructureVersion;
 }
 
 bool TBaseVirtualTree::PaintCell(TRowPainting& painting, TVTPaintInfo& info) {
@@ -248,11 +239,24 @@ void TBaseVirtualTree::PaintCellBackground(TRowPainting& painting, const TVTPain
     if (!alive || painting.Version != FStructureVersion)
         return;
     if (painting.Blended) {
-        Blend(painting.DC, area, painting.Selection, FBlendFactor);
+        BlendSelection(painting, area);
         return;
     }
     const TUniqueBrush brush(CreateSolidBrush(ColorToRGB(painting.Selection)));
     FillArea(painting.DC, area, brush.Get());
+}
+
+/// Lays the selection's colour over what is there.
+void TBaseVirtualTree::BlendSelection(TRowPainting& painting, const TRect& area) const {
+    if (!painting.SelectionDC) {
+        painting.SelectionPixel.Reset(CreateCompatibleBitmap(painting.DC, 1, 1));
+        painting.SelectionDC.Reset(CreateCompatibleDC(painting.DC));
+        SelectObject(painting.SelectionDC.Get(), painting.SelectionPixel.Get());
+        SetPixelV(painting.SelectionDC.Get(), 0, 0, ColorToRGB(painting.Selection));
+    }
+    const BLENDFUNCTION blend{AC_SRC_OVER, 0, static_cast<BYTE>(FBlendFactor), 0};
+    GdiAlphaBlend(painting.DC, area.Left, area.Top, area.Width(), area.Height(), painting.SelectionDC.Get(), 0, 0, 1, 1,
+                  blend);
 }
 
 void TBaseVirtualTree::DoBeforeCellPaint(const TVTPaintInfo& info) {
@@ -362,8 +366,14 @@ void TBaseVirtualTree::PaintFocus(TRowPainting& painting, const TRect& row, TVir
         area = ColumnRect(FFocusedColumn, row.Top, row.Bottom);
     else if (!HasSelection(toFullRowSelect))
         area = GetDisplayRect(node, FHeader->GetColumns()->GetCount() > 0 ? FHeader->GetMainColumn() : NoColumn, true);
-    else if (FHeader->GetColumns()->GetCount() > 0)
-        area.Right = std::min(area.Right, std::max(ContentWidth() - FScrollX, 0));
+    else if (const int width = std::max(ContentWidth() - FScrollX, 0); FHeader->GetColumns()->GetCount() == 0)
+        area = row;
+    else if (UseRightToLeftAlignment())
+        area.Left = std::max(area.Left, area.Right - width);
+    else
+        area.Right = std::min(area.Right, width);
+    if (area.IsEmpty())
+        return;
     const RECT rect = ToWin(area);
     SetTextColor(painting.DC, RGB(0, 0, 0));
     SetBkColor(painting.DC, RGB(255, 255, 255));

@@ -102,7 +102,10 @@ TBaseVirtualTree::TCellLayout TBaseVirtualTree::LayoutOf(TVirtualNode* node, TCo
 TRect TBaseVirtualTree::GetDisplayRect(TVirtualNode* node, TColumnIndex column, bool textOnly) {
     if (!node || node == FStore->Root() || !FStore->Contains(node) || !TNodeStore::IsRow(node))
         return {};
-    EnsureLayout();
+    TLifeGuard alive(*this);
+    const TNodeRef still(*FStore, node);
+    if (!EnsureLayout() || !still || !TNodeStore::IsRow(node))
+        return {};
     const std::int64_t top = TNodeStore::PlaceOf(node, TNodeMeasure::Height) - FScrollY;
     if (top >= GetClientHeight() || top + node->GetNodeHeight() <= 0)
         return {};
@@ -110,7 +113,10 @@ TRect TBaseVirtualTree::GetDisplayRect(TVirtualNode* node, TColumnIndex column, 
     if (!textOnly)
         return cell;
     TRect content = LayoutOf(node, column, cell).Content;
-    const int width = std::min(DoGetNodeWidth(node, column) + 2 * FTextMargin, content.Width());
+    const int text = DoGetNodeWidth(node, column);
+    if (!alive || !still)
+        return {};
+    const int width = std::min(text + 2 * FTextMargin, content.Width());
     if (UseRightToLeftAlignment())
         content.Left = content.Right - width;
     else
@@ -123,9 +129,10 @@ TVirtualNode* TBaseVirtualTree::GetNodeAt(TPoint point) const {
 }
 
 THitInfo TBaseVirtualTree::GetHitTestInfoAt(TPoint point) {
-    EnsureLayout();
     THitInfo hit;
     hit.HitPoint = point;
+    if (!EnsureLayout())
+        return hit;
     hit.HitColumn = ColumnAt(point.X);
     std::int64_t top = 0;
     hit.HitNode = point.Y < 0 ? nullptr : FStore->NodeAt(FScrollY + point.Y, TNodeMeasure::Height, &top);
@@ -165,8 +172,7 @@ void TBaseVirtualTree::InvalidateNode(TVirtualNode* node) {
 
 int TBaseVirtualTree::GetMaxColumnWidth(TColumnIndex column) {
     TLifeGuard alive(*this);
-    EnsureLayout();
-    if (!alive || !FHeader->GetColumns()->IsValidColumn(column))
+    if (!EnsureLayout() || !FHeader->GetColumns()->IsValidColumn(column))
         return 0;
     int width = FHeader->IsVisible() ? FHeader->CaptionWidth(column) : 0;
     std::int64_t top = 0;

@@ -23,17 +23,23 @@ int TBaseVirtualTree::ContentWidth() const {
     return FHeader->GetColumns()->GetCount() > 0 ? FHeader->GetColumns()->TotalWidth() : FPaintedWidth;
 }
 
-void TBaseVirtualTree::EnsureLayout() {
-    if (!FLayoutDirty || FInLayout || FUpdateCount > 0 || !HandleAllocated())
-        return;
+/// Brings order, focus, bars and positions up to date; false when a handler freed the tree meanwhile.
+bool TBaseVirtualTree::EnsureLayout() {
+    if (!FLayoutDirty || FInLayout || FUpdateCount > 0 || FSorting > 0 || !HandleAllocated())
+        return true;
     TLifeGuard alive(*this);
-    SortNewNodes();
+    RunDeferredDeletes(); // those of a comparison that raised
+    if (alive)
+        SortNewNodes();
     if (alive)
         LeaveHiddenFocus();
     if (!alive)
-        return;
+        return false;
     FLayoutDirty = false;
     UpdateScrollBars();
+    if (alive && std::exchange(FRowsMoved, false))
+        TellTree(EVENT_OBJECT_REORDER);
+    return static_cast<bool>(alive);
 }
 
 void TBaseVirtualTree::UpdateHorizontalRange() {
@@ -85,6 +91,7 @@ void TBaseVirtualTree::ScrollTo(int x, std::int64_t y) {
         return;
     FScrollX = x;
     FScrollY = y;
+    TLifeGuard alive(*this); // bars that come or go tell of another size
     if (HandleAllocated()) {
         const bool mirrored = UseRightToLeftAlignment();
         if (FLayoutDirty || std::abs(movedX) >= GetClientWidth() || std::abs(movedY) >= GetClientHeight())
@@ -94,32 +101,32 @@ void TBaseVirtualTree::ScrollTo(int x, std::int64_t y) {
                            nullptr, SW_INVALIDATE);
         if (movedY != 0)
             ShowScrollBar(SB_VERT, ContentHeight(), GetClientHeight(), FScrollY);
-        if (movedX != 0) {
+        if (alive && movedX != 0) {
             ShowScrollBar(SB_HORZ, ContentWidth(), GetClientWidth(), FScrollX);
-            InvalidateHeader();
+            if (alive)
+                InvalidateHeader();
         }
     }
-    DoScroll(movedX, movedY);
+    if (alive)
+        DoScroll(movedX, movedY);
 }
 
 int TBaseVirtualTree::GetOffsetX() {
-    EnsureLayout();
-    return -FScrollX;
+    return EnsureLayout() ? -FScrollX : 0;
 }
 
 void TBaseVirtualTree::SetOffsetX(int value) {
-    EnsureLayout();
-    ScrollTo(-value, FScrollY);
+    if (EnsureLayout())
+        ScrollTo(-value, FScrollY);
 }
 
 std::int64_t TBaseVirtualTree::GetOffsetY() {
-    EnsureLayout();
-    return -FScrollY;
+    return EnsureLayout() ? -FScrollY : 0;
 }
 
 void TBaseVirtualTree::SetOffsetY(std::int64_t value) {
-    EnsureLayout();
-    ScrollTo(FScrollX, -value);
+    if (EnsureLayout())
+        ScrollTo(FScrollX, -value);
 }
 
 void TBaseVirtualTree::DoScroll(int deltaX, std::int64_t deltaY) {
@@ -127,7 +134,8 @@ void TBaseVirtualTree::DoScroll(int deltaX, std::int64_t deltaY) {
 }
 
 void TBaseVirtualTree::HandleScroll(int bar, int code) {
-    EnsureLayout();
+    if (!EnsureLayout())
+        return;
     const bool vertical = bar == SB_VERT;
     const std::int64_t range = vertical ? ContentHeight() : ContentWidth();
     const int extent = vertical ? GetClientHeight() : GetClientWidth();
@@ -178,7 +186,8 @@ bool TBaseVirtualTree::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mo
     TLifeGuard alive(*this);
     if (TCustomControl::DoMouseWheel(shift, wheelDelta, mousePos) || !alive)
         return true;
-    EnsureLayout();
+    if (!EnsureLayout())
+        return true;
     const bool sideways = shift.Contains(ssShift) || ContentHeight() <= GetClientHeight();
     if ((sideways ? ContentWidth() - GetClientWidth() : ContentHeight() - GetClientHeight()) <= 0)
         return false;
@@ -203,7 +212,8 @@ bool TBaseVirtualTree::ScrollIntoView(TVirtualNode* node, bool center) {
     SetVisiblePath(node, true);
     if (!alive || !still || !TNodeStore::IsRow(node))
         return false;
-    EnsureLayout();
+    if (!EnsureLayout() || !still || !TNodeStore::IsRow(node))
+        return false;
     const std::int64_t top = TNodeStore::PlaceOf(node, TNodeMeasure::Height);
     const std::int64_t end = top + node->GetNodeHeight();
     const int extent = GetClientHeight();
@@ -239,8 +249,8 @@ void TBaseVirtualTree::SetTopNode(TVirtualNode* value) {
     SetVisiblePath(value, true);
     if (!alive || !still)
         return;
-    EnsureLayout();
-    ScrollTo(FScrollX, TNodeStore::PlaceOf(value, TNodeMeasure::Height));
+    if (EnsureLayout() && still)
+        ScrollTo(FScrollX, TNodeStore::PlaceOf(value, TNodeMeasure::Height));
 }
 
 } // namespace framework

@@ -37,15 +37,20 @@ void TBaseVirtualTree::SetSelected(TVirtualNode* node, bool value) {
         UnselectAll(node);
     FStore->SetState(node, vsSelected, value);
     InvalidateNode(node);
+    TellNode(value ? EVENT_OBJECT_SELECTIONADD : EVENT_OBJECT_SELECTIONREMOVE, node);
     DoChange(node);
 }
 
 void TBaseVirtualTree::SelectAll() {
-    if (!HasSelection(toMultiSelect) || GetSelectedCount() == GetVisibleCount())
+    if (!HasSelection(toMultiSelect))
         return;
+    const int before = GetSelectedCount();
     for (TVirtualNode* node = FStore->First(TNodeMeasure::Rows); node; node = FStore->Next(node, TNodeMeasure::Rows))
         FStore->SetState(node, vsSelected, true);
+    if (GetSelectedCount() == before)
+        return;
     Invalidate();
+    TellTree(EVENT_OBJECT_SELECTIONWITHIN);
     DoChange(nullptr);
 }
 
@@ -56,6 +61,7 @@ void TBaseVirtualTree::SelectSingle(TVirtualNode* node) {
         return;
     FStore->SetState(node, vsSelected, true);
     InvalidateNode(node);
+    TellNode(EVENT_OBJECT_SELECTION, node);
     DoChange(node);
 }
 
@@ -74,6 +80,7 @@ void TBaseVirtualTree::SelectRange(TVirtualNode* from, TVirtualNode* to, bool ad
             break;
     }
     Invalidate();
+    TellTree(EVENT_OBJECT_SELECTIONWITHIN);
     DoChange(from == to ? from : nullptr);
 }
 

@@ -22,6 +22,7 @@ class TestTree : public TVirtualStringTree {
 public:
     explicit TestTree(TComponent* owner) : TVirtualStringTree(owner) {}
     using TVirtualStringTree::HasPaint;
+    using TVirtualStringTree::IsUpdating;
 
     std::set<TVirtualNode*> Freed;
 
