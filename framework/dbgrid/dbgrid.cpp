@@ -181,7 +181,6 @@ void TCustomDBGrid::ActiveChanged() {
     if (!alive)
         return;
     FSelectedRows.Clear();
-    FSelectionAnchor = {};
     LayoutChanged();
 }
 
@@ -274,10 +273,7 @@ void TCustomDBGrid::DataScrolled(int rows) {
     if (!alive)
         return;
     if (rows != 0) {
-        Update(); // what is moved has to be there
-        if (!alive || !IsDataActive())
-            return;
-        InvalidateRow(FocusCell().Y);
+        InvalidateRow(FocusCell().Y); // it moves along and loses its mark
         ScrollRowsBy(rows);
     }
     UpdateRows();

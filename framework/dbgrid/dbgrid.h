@@ -194,6 +194,8 @@ protected:
     void StoreEditor() override;
     int EditorTextHeight() const override;
     int EditorRoomForButton() const override;
+    bool EditorKeepsArrows() const override { return !FOptions.Contains(dgAlwaysShowEditor); }
+    void EditorLeft() override { CloseList(false); }
 
     /// The columns, their widths or what they show have changed: brings everything into line.
     virtual void LayoutChanged();
@@ -280,6 +282,7 @@ private:
     void RefreshEditor();
     bool HasButton(const TColumn& column) const;
     TRect ButtonRect() const;
+    TRect FocusOnScreen() const;
     void OpenList();
     void CloseList(bool accept);
     void StepList(int distance);
@@ -290,7 +293,6 @@ private:
     std::unique_ptr<TLooks> FLooks;
     mutable TFollowingFont FTitleFont;
     TBookmarkList FSelectedRows{*this};
-    TBookmark FSelectionAnchor;             // where Shift began to select
     TPickListWindow* FListWindow = nullptr; // made when it is first needed; this component owns it
     TGridCoord FPressedCell;
     int FSelectedIndex = 0;

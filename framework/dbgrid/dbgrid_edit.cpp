@@ -23,7 +23,7 @@ bool TCustomDBGrid::CanEditColumn(const TColumn& column) const {
 
 bool TCustomDBGrid::CanEditShow() const {
     const TColumn* column = ColumnOfCell(FocusCell().X);
-    return column && column->GetVisible() && !ShowsBox(*column) && CanEditColumn(*column);
+    return column && !IsDesigning() && column->GetVisible() && !ShowsBox(*column) && CanEditColumn(*column);
 }
 
 bool TCustomDBGrid::CanEditModify() {
@@ -159,6 +159,12 @@ bool TCustomDBGrid::GetListVisible() const {
     return FListWindow && FListWindow->HandleAllocated() && IsWindowVisible(FListWindow->Handle);
 }
 
+/// The cell with the focus, in screen pixels.
+TRect TCustomDBGrid::FocusOnScreen() const {
+    const TPoint origin = ClientToScreen({0, 0});
+    return CellRect(FocusCell().X, FocusCell().Y).Offset(origin.X, origin.Y);
+}
+
 void TCustomDBGrid::OpenList() {
     const TColumn* column = ColumnOfCell(FocusCell().X);
     if (!GetEditorMode() || !column || !column->HasPickList() || column->GetButtonStyle() != cbsAuto ||
@@ -171,9 +177,7 @@ void TCustomDBGrid::OpenList() {
     FListWindow->SetFont(column->GetFont());
     FListWindow->SetItems(column->GetPickList());
     FListWindow->SetItemIndex(column->GetPickList()->IndexOf(GetInplaceEditor()->GetText()));
-    TRect cell = CellRect(FocusCell().X, FocusCell().Y);
-    const TPoint origin = ClientToScreen({0, 0});
-    FListWindow->Open(cell.Offset(origin.X, origin.Y), column->GetDropDownRows());
+    FListWindow->Open(FocusOnScreen(), column->GetDropDownRows());
     InvalidateCell(FocusCell().X, FocusCell().Y);
 }
 
@@ -183,7 +187,7 @@ void TCustomDBGrid::CloseList(bool accept) {
     const int item = FListWindow->GetItemIndex();
     const String text = item >= 0 ? FListWindow->GetItems()->Get(item) : String();
     TLifeGuard alive(*this);
-    ShowWindow(FListWindow->Handle, SW_HIDE);
+    FListWindow->Close();
     InvalidateCell(FocusCell().X, FocusCell().Y);
     if (!accept || item < 0 || !CanEditModify() || !alive)
         return;

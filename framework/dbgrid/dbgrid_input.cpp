@@ -247,7 +247,9 @@ bool TCustomDBGrid::HandleKey(WORD key, TShiftState shift) {
         CancelDrag();
         return true;
     }
-    if (!IsDataActive() || ListKey(key, shift))
+    if (!IsDataActive())
+        return false;
+    if (ListKey(key, shift))
         return true;
     if (UseRightToLeftAlignment() && (key == VK_LEFT || key == VK_RIGHT))
         key = key == VK_LEFT ? VK_RIGHT : VK_LEFT;

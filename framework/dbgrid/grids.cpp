@@ -283,15 +283,6 @@ void TCustomGrid::InvalidateRow(int row) {
     InvalidateRect(FHandle, &rect, FALSE);
 }
 
-void TCustomGrid::InvalidateColumn(int column) {
-    if (!HandleAllocated() || column < 0 || column >= FGeometry.ColumnCount())
-        return;
-    RECT rect = ToWin(FGeometry.ShownRect({column, 0}));
-    rect.top = 0;
-    rect.bottom = FGeometry.Client.Height;
-    InvalidateRect(FHandle, &rect, FALSE);
-}
-
 // Painting
 
 void TCustomGrid::PaintWindow(HDC dc) {

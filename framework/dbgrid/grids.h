@@ -86,8 +86,6 @@ protected:
 
     void InvalidateCell(int column, int row);
     void InvalidateRow(int row);
-    void InvalidateColumn(int column);
-    void InvalidateTitles() { InvalidateRow(0); }
 
     // What a descendant may decide
 
@@ -128,6 +126,10 @@ protected:
     virtual void StoreEditor() {}
     /// The height of a line in the editor.
     virtual int EditorTextHeight() const = 0;
+    /// Whether the arrow keys end at the edges of the text, or go on to the next cell there.
+    virtual bool EditorKeepsArrows() const { return true; }
+    /// The editor lost the focus, perhaps to another program.
+    virtual void EditorLeft() {}
     /// Pixels at the far edge of the cell that the editor leaves free.
     virtual int EditorRoomForButton() const { return 0; }
 

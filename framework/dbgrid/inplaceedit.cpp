@@ -83,7 +83,10 @@ void TInplaceEdit::Dispatch(TMessage& message) {
         message.Result |= FGrid->Perform(message.Msg, message.WParam, message.LParam);
         return;
     }
+    TLifeGuard alive(*this);
     TCustomEdit::Dispatch(message);
+    if (alive && message.Msg == WM_KILLFOCUS && !FGrid->GetComponentState().Contains(csDestroying))
+        FGrid->EditorLeft();
 }
 
 bool TInplaceEdit::IsForGrid(WORD key, TShiftState shift) const {
@@ -98,13 +101,25 @@ bool TInplaceEdit::IsForGrid(WORD key, TShiftState shift) const {
         return true;
     case VK_INSERT:
         return shift.Empty();
-    case VK_DELETE:
+    case VK_DELETE: // of the record, not while words are being deleted
+        return shift.Contains(ssCtrl) && !shift.Contains(ssShift) && !FEntered;
     case VK_HOME:
     case VK_END:
         return shift.Contains(ssCtrl) && !shift.Contains(ssShift);
+    case VK_LEFT:
+    case VK_RIGHT:
+        return shift.Empty() && !FGrid->EditorKeepsArrows() && IsAtEdge(key == VK_RIGHT);
     default:
         return false;
     }
+}
+
+/// All of the text counts as selected for both ends.
+bool TInplaceEdit::IsAtEdge(bool end) const {
+    const int length = GetTextLen();
+    if (GetSelLength() == length)
+        return true;
+    return GetSelLength() == 0 && GetSelStart() == (end ? length : 0);
 }
 
 void TInplaceEdit::KeyDown(WORD& key, TShiftState shift) {

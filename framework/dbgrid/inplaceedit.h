@@ -37,6 +37,7 @@ protected:
 
 private:
     bool IsForGrid(WORD key, TShiftState shift) const;
+    bool IsAtEdge(bool end) const;
 
     TCustomGrid* FGrid;
     int FMargins = 0;

@@ -12,10 +12,19 @@ const TClassInfo& TPickListWindow::StaticClass() {
     return info;
 }
 
+namespace {
+
+constexpr std::uint32_t kWatchInterval = 50; // milliseconds
+
+} // namespace
+
 TPickListWindow::TPickListWindow(TCustomDBGrid* grid) : TCustomListBox(grid), FGrid(grid) {
     SetVisible(false);
     SetTabStop(false);
     SetBorderStyle(bsNone); // CreateParams gives it a thin one
+    FTimer.SetEnabled(false);
+    FTimer.SetInterval(kWatchInterval);
+    FTimer.OnTimer = [this](TObject*) { Watch(); };
 }
 
 void TPickListWindow::CreateParams(TCreateParams& params) {
@@ -35,6 +44,26 @@ void TPickListWindow::Open(const TRect& cell, int rows) {
     const int left = std::max(std::min<int>(cell.Left, area.Right - cell.Width()), static_cast<int>(area.Left));
     SetWindowPos(FHandle, HWND_TOPMOST, left, above ? cell.Top - height : cell.Bottom, cell.Width(), height,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    FCell = cell;
+    GetAsyncKeyState(VK_LBUTTON); // what was pressed before does not count
+    FTimer.SetEnabled(true);
+}
+
+void TPickListWindow::Close() {
+    FTimer.SetEnabled(false);
+    ShowWindow(FHandle, SW_HIDE);
+}
+
+/// The list hears nothing of presses elsewhere, nor when the form is moved.
+void TPickListWindow::Watch() {
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    RECT own{};
+    GetWindowRect(FHandle, &own);
+    const bool pressed = (GetAsyncKeyState(VK_LBUTTON) & 0x8001) != 0;
+    const bool inside = FromWin(own).Contains(FromWin(pointer)) || FCell.Contains(FromWin(pointer));
+    if ((pressed && !inside) || FGrid->FocusOnScreen() != FCell || !IsWindowVisible(FGrid->GetHandle()))
+        FGrid->CloseList(false);
 }
 
 void TPickListWindow::Step(int distance) {

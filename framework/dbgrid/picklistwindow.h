@@ -3,6 +3,7 @@
 // The list of a column's choices: it opens below the cell that is being edited, which keeps the focus.
 
 #include "framework/windows/listbox.h"
+#include "framework/windows/timer.h"
 
 namespace framework {
 
@@ -16,6 +17,7 @@ public:
 
     /// Opens below `cell`, a place on the screen, or above it where there is more room.
     void Open(const TRect& cell, int rows);
+    void Close();
     /// Marks the item that is so many further, within the list.
     void Step(int distance);
 
@@ -24,7 +26,11 @@ protected:
     void Dispatch(TMessage& message) override;
 
 private:
+    void Watch();
+
     TCustomDBGrid* FGrid;
+    TTimer FTimer{nullptr};
+    TRect FCell; // where it opened
 };
 
 } // namespace framework
