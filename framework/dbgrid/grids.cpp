@@ -176,20 +176,11 @@ void TCustomGrid::ScrollColumnsTo(int offset) {
     offset = ClampScroll(offset, FGeometry.ScrollRange(), FGeometry.ScrollExtent());
     if (offset == FGeometry.ScrollX)
         return;
-    const int distance = FGeometry.ScrollX - offset;
     FGeometry.ScrollX = offset;
     ++FVersion;
     if (!HandleAllocated())
         return;
-    const int fixed = FGeometry.FixedWidth();
-    const int width = FGeometry.Client.Width;
-    const RECT area = FGeometry.Mirrored ? RECT{0, 0, width - fixed, FGeometry.Client.Height}
-                                         : RECT{fixed, 0, width, FGeometry.Client.Height};
-    if (std::abs(distance) >= FGeometry.ScrollExtent())
-        InvalidateRect(FHandle, &area, FALSE);
-    else
-        ScrollWindowEx(FHandle, FGeometry.Mirrored ? -distance : distance, 0, &area, &area, nullptr, nullptr,
-                       SW_INVALIDATE);
+    Invalidate(); // what was cut off at the edge may look otherwise as a whole
     UpdateScrollBar();
     PlaceEditor();
 }
@@ -198,7 +189,9 @@ void TCustomGrid::ScrollRowsBy(int rows) {
     if (!HandleAllocated() || rows == 0)
         return;
     ++FVersion;
-    const RECT area{0, FGeometry.FixedHeight(), FGeometry.Client.Width, FGeometry.Client.Height};
+    // Nothing is moved into the room below the last row that fits.
+    const int bottom = FGeometry.FixedHeight() + FGeometry.VisibleRows() * FGeometry.RowHeight;
+    const RECT area{0, FGeometry.FixedHeight(), FGeometry.Client.Width, bottom};
     if (std::abs(rows) >= FGeometry.VisibleRows())
         InvalidateRect(FHandle, &area, FALSE);
     else
@@ -288,10 +281,17 @@ void TCustomGrid::InvalidateRow(int row) {
 void TCustomGrid::PaintWindow(HDC dc) {
     RECT clip{};
     GetClipBox(dc, &clip);
+    // Rows as a whole: themes paint what is cut off in the middle at other sizes.
+    const int fixed = FGeometry.FixedHeight();
+    const int rowHeight = FGeometry.RowHeight;
+    const auto wholeRows = [&](int y, bool up) {
+        return y <= fixed ? (up || y <= 0 ? 0 : fixed)
+                          : fixed + (y - fixed + (up ? 0 : rowHeight - 1)) / rowHeight * rowHeight;
+    };
     const TRect client = GetClientRect();
-    const TRect area{std::max<int>(clip.left, 0), std::max<int>(clip.top, 0), std::min<int>(clip.right, client.Right),
-                     std::min<int>(clip.bottom, client.Bottom)};
-    if (area.IsEmpty())
+    const TRect area{0, wholeRows(std::max<int>(clip.top, 0), true), client.Right,
+                     std::min<int>(wholeRows(std::max<int>(clip.bottom, 0), false), client.Bottom)};
+    if (area.IsEmpty() || clip.right <= clip.left)
         return;
     const TBufferedPaint buffer(dc, area);
     TCustomControl::PaintWindow(buffer);

@@ -2,11 +2,14 @@
 
 #include "framework/db/fieldclasses.h"
 #include "framework/dbgrid/dbgrid.h"
+#include "framework/graphics/bitmaps.h"
 #include "framework/system/formloader.h"
 #include "framework/system/formsaver.h"
 #include "tests/support/gridform.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/messageboxes.h"
+
+#include <random>
 
 using namespace testsupport;
 
@@ -449,6 +452,56 @@ TEST_F(DBGridTest, PaintsWhatChanged) {
     EXPECT_EQ(Id(), kRecords);
     SendMessageW(Grid->Handle, WM_VSCROLL, SB_PAGEUP, 0);
     EXPECT_EQ(Id(), kRecords - rows);
+}
+
+/// What was painted piece by piece looks like what is painted at once, whatever happened in between.
+TEST_F(DBGridTest, PiecesMakeTheWholePicture) {
+    const unsigned randomSeed = std::random_device()();
+    std::mt19937 random(randomSeed);
+    const auto picture = [&] {
+        Application->ProcessMessages();
+        Grid->Update();
+        GdiFlush();
+        const TPoint corner = Grid->ClientToScreen({0, 0});
+        const auto bitmap = CaptureScreen(Bounds(corner.X, corner.Y, Grid->ClientWidth, Grid->ClientHeight));
+        std::vector<std::uint32_t> pixels;
+        for (int y = 0; y < bitmap->Height; ++y)
+            pixels.insert(pixels.end(), bitmap->GetScanLine(y), bitmap->GetScanLine(y) + bitmap->Width);
+        return pixels;
+    };
+    MoveMouse(Form->ClientToScreen({390, 290})); // off the titles
+    const std::function<void()> actions[] = {
+        [&] { Data->MoveBy(static_cast<int>(random() % 9) - 4); },
+        [&] { Data->MoveBy(1); },
+        [&] { Data->MoveBy(-1); },
+        [&] { Data->Edit(); },
+        [&] { Data->Cancel(); },
+        [&] { Data->Insert(); },
+        [&] {
+            if (Data->State != dsInsert) // which would have to be complete to be left
+                Data->Edit(), Data->FieldByName(u"City")->SetAsString(u"Nowhere");
+        },
+        [&] { Grid->SelectedIndex = static_cast<int>(random() % 7); },
+        [&] { Grid->Columns->GetColumn(static_cast<int>(random() % 7))->Width = 40 + static_cast<int>(random() % 60); },
+        [&] { Grid->Columns->GetColumn(static_cast<int>(random() % 7))->Visible = random() % 4 != 0; },
+        [&] { random() % 2 ? Data->First() : Data->Last(); },
+        [&] { SendMessageW(Grid->Handle, WM_HSCROLL, random() % 2 ? SB_LINERIGHT : SB_LINELEFT, 0); },
+        [&] { random() % 2 ? Grid->SetFocus() : Other->SetFocus(); },
+        [&] { Grid->BiDiMode = random() % 2 ? bdLeftToRight : bdRightToLeft; },
+    };
+    Grid->Columns->State = csCustomized;
+    Grid->Options = Grid->Options + TDBGridOptions{dgAlwaysShowSelection};
+    for (int round = 0; round < 60; ++round) {
+        std::string done;
+        for (int i = 0; i < 4; ++i) {
+            const std::size_t which = random() % std::size(actions);
+            done += std::to_string(which) + " ";
+            actions[which]();
+        }
+        const auto pieces = picture();
+        Grid->Invalidate();
+        ASSERT_TRUE(pieces == picture()) << "seed " << randomSeed << ", round " << round << ": " << done;
+    }
 }
 
 TEST_F(DBGridTest, OutlivesWhatHandlersDo) {
