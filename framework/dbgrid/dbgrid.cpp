@@ -260,6 +260,7 @@ void TCustomDBGrid::DataChanged() {
     if (!alive)
         return;
     Invalidate();
+    TellFocus();
     RefreshEditor();
     if (alive)
         ShowEditorAgain();
@@ -280,6 +281,7 @@ void TCustomDBGrid::DataScrolled(int rows) {
     if (!alive)
         return;
     InvalidateRow(FocusCell().Y);
+    TellFocus();
     ShowEditorAgain();
 }
 

@@ -196,6 +196,7 @@ protected:
     int EditorRoomForButton() const override;
     bool EditorKeepsArrows() const override { return !FOptions.Contains(dgAlwaysShowEditor); }
     void EditorLeft() override { CloseList(false); }
+    String EditorName() const override;
 
     /// The columns, their widths or what they show have changed: brings everything into line.
     virtual void LayoutChanged();
@@ -227,7 +228,6 @@ private:
         TThemeHandle Arrow;
         TThemeHandle Button;
     };
-    /// While it lives, the fields read the record of a row.
     class TRowScope;
 
     // What the link and the columns tell
@@ -253,6 +253,10 @@ private:
     void DrawBox(const TRect& rect, TField* field);
     void DrawCellButton(const TColumn& column, const TRect& rect);
     bool ShowsBox(const TColumn& column) const;
+
+    // Screen readers
+    bool AnswerAccessible(TMessage& message);
+    void TellFocus();
 
     // Keys and the mouse
     bool HandleKey(WORD key, TShiftState shift);

@@ -93,6 +93,11 @@ bool TCustomDBGrid::IsUntouchedInsert() const {
            !(GetEditorMode() && GetInplaceEditor()->GetEntered());
 }
 
+String TCustomDBGrid::EditorName() const {
+    const TColumn* column = ColumnOfCell(FocusCell().X);
+    return column ? column->GetTitle()->GetCaption() : String();
+}
+
 void TCustomDBGrid::ShowEditorAgain() {
     if (FOptions.Contains(dgAlwaysShowEditor) && Focused())
         ShowEditor();

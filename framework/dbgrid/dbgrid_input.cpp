@@ -42,8 +42,14 @@ void TCustomDBGrid::Dispatch(TMessage& message) {
     case CM_GOTFOCUS:
         TCustomGrid::Dispatch(message);
         if (alive)
+            TellFocus();
+        if (alive)
             ShowEditorAgain();
         return;
+    case WM_GETOBJECT:
+        if (AnswerAccessible(message))
+            return;
+        break;
     default:
         break;
     }
@@ -128,6 +134,7 @@ void TCustomDBGrid::GoToColumn(int index) {
     FSelectedIndex = index;
     UpdateRows();
     ShowColumn(index + IndicatorOffset());
+    TellFocus();
     ColEnter();
     if (alive)
         ShowEditorAgain();

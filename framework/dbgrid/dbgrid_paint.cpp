@@ -3,6 +3,7 @@
 #include "framework/db/fieldclasses.h"
 #include "framework/dbgrid/dbgrid.h"
 #include "framework/dbgrid/griddatalink.h"
+#include "framework/dbgrid/rowscope.h"
 
 #include <algorithm>
 #include <span>
@@ -47,27 +48,6 @@ TRect Centered(const TRect& cell, TSize size) {
 }
 
 } // namespace
-
-/// The fields read another record as long as this lives. A handler may have closed the dataset meanwhile, or freed the
-/// grid with its link.
-class TCustomDBGrid::TRowScope {
-public:
-    TRowScope(TCustomDBGrid& grid, int row) : FGrid(grid), FAlive(grid), FBefore(grid.GetDataLink().GetActiveRecord()) {
-        if (row < grid.GetDataLink().GetRecordCount())
-            grid.GetDataLink().SetActiveRecord(row);
-    }
-    TRowScope(const TRowScope&) = delete;
-    TRowScope& operator=(const TRowScope&) = delete;
-    ~TRowScope() {
-        if (FAlive && FBefore < std::max(FGrid.GetDataLink().GetRecordCount(), 1))
-            FGrid.GetDataLink().SetActiveRecord(FBefore);
-    }
-
-private:
-    TCustomDBGrid& FGrid;
-    TLifeGuard FAlive;
-    int FBefore;
-};
 
 TCustomDBGrid::TLooks& TCustomDBGrid::Looks() {
     if (!FLooks) {

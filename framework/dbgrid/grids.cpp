@@ -599,7 +599,7 @@ bool TCustomGrid::CanEditAccept(char16_t) const {
 }
 
 void TCustomGrid::ShowEditor() {
-    if (FEditorMode || !HandleAllocated() || !CanEditShow())
+    if (FEditorMode || FHidingEditor || !HandleAllocated() || !CanEditShow())
         return;
     TLifeGuard alive(*this);
     if (!FEditor) {
@@ -634,9 +634,13 @@ void TCustomGrid::HideEditor() {
     FEditorMode = false;
     FEditor->SetEntered(false);
     TLifeGuard alive(*this);
-    // The focus first: a window that is hidden with it gives it to the next control.
+    // The focus first: a window that is hidden with it gives it to the next control. That the grid has it now is no
+    // reason to show the editor again.
+    FHidingEditor = true;
     if (FEditor->Focused() && CanFocus())
         ::SetFocus(FHandle);
+    if (alive)
+        FHidingEditor = false;
     if (alive && FEditor && !FEditorMode)
         FEditor->SetVisible(false);
     if (alive)

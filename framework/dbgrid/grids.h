@@ -128,6 +128,8 @@ protected:
     virtual int EditorTextHeight() const = 0;
     /// Whether the arrow keys end at the edges of the text, or go on to the next cell there.
     virtual bool EditorKeepsArrows() const { return true; }
+    /// What screen readers call the editor.
+    virtual String EditorName() const { return {}; }
     /// The editor lost the focus, perhaps to another program.
     virtual void EditorLeft() {}
     /// Pixels at the far edge of the cell that the editor leaves free.
@@ -179,6 +181,7 @@ private:
     bool FPressed = false; // the pointer lies on the title that was pressed
     bool FEditorMode = false;
     bool FReleasing = false; // the button has gone up, and the mouse is let go
+    bool FHidingEditor = false;
     bool FUpdatingBars = false;
 };
 

@@ -1,6 +1,7 @@
 #include "framework/dbgrid/inplaceedit.h"
 
 #include "framework/dbgrid/grids.h"
+#include "framework/windows/accessibleobject.h"
 
 namespace framework {
 
@@ -9,6 +10,19 @@ namespace {
 constexpr char16_t kLineFeed = 10; // Ctrl+Enter
 constexpr char16_t kReturn = 13;
 constexpr char16_t kEscape = 27;
+
+/// The system's object for the edit, under the name of the column.
+class TEditorAccessible final : public TAccessibleObject {
+public:
+    using TAccessibleObject::TAccessibleObject;
+
+    HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
+        const auto* editor = As<TInplaceEdit>(FindControl(Window()));
+        if (!editor || child.vt != VT_I4 || child.lVal != CHILDID_SELF)
+            return TAccessibleObject::get_accName(child, name);
+        return GiveText(editor->GetAccessibleName(), name);
+    }
+};
 
 } // namespace
 
@@ -76,7 +90,16 @@ void TInplaceEdit::WndProc(TMessage& message) {
     TCustomEdit::WndProc(message);
 }
 
+String TInplaceEdit::GetAccessibleName() const {
+    return FGrid->EditorName();
+}
+
 void TInplaceEdit::Dispatch(TMessage& message) {
+    if (message.Msg == WM_GETOBJECT &&
+        AnswerWithObject(FHandle, message, [](HWND window, IAccessible* system) -> TAccessibleObject* {
+            return new TEditorAccessible(window, system);
+        }))
+        return;
     if (message.Msg == WM_GETDLGCODE || message.Msg == CM_WANTSPECIALKEY) {
         // The grid knows which keys are its own.
         TCustomEdit::Dispatch(message);

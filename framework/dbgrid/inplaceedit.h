@@ -23,6 +23,8 @@ public:
     void Deselect() { SetSelStart(INT_MAX); }
     /// Pixels around the text, as the cell has them.
     void SetMargins(int pixels);
+    /// What screen readers call it.
+    String GetAccessibleName() const;
 
     void WndProc(TMessage& message) override;
 

@@ -1,146 +1,12 @@
-// The data grid: its columns and what they take from fields and forms, and the grid itself by real input.
+// The data grid by real input: moving, editing, adding and deleting, columns under the mouse.
 
-#include "framework/db/fieldclasses.h"
-#include "framework/dbgrid/dbgrid.h"
-#include "framework/graphics/bitmaps.h"
-#include "framework/system/formloader.h"
-#include "framework/system/formsaver.h"
 #include "tests/support/gridform.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/messageboxes.h"
 
-#include <random>
-
 using namespace testsupport;
 
 namespace {
-
-/// Customers with a source, and a grid that lies on no form.
-struct TUnseenGrid {
-    explicit TUnseenGrid(int count, bool opens = true) : Count(count), Customers(count, opens) {
-        Source->SetDataSet(Customers.DataSet);
-        Grid->Visible = false;
-        Grid->DataSource = Source;
-    }
-    void Open() { Customers.DataSet->SetRecordset(std::make_shared<TClientRecordset>(MakeCustomers(Count))); }
-    String Captions() {
-        String captions;
-        for (int i = 0; i < Grid->Columns->GetCount(); ++i)
-            captions += (i ? u" " : u"") + Grid->Columns->GetColumn(i)->Title->Caption;
-        return captions;
-    }
-
-    int Count;
-    TCustomers Customers;
-    TDataSource* Source = new TDataSource(&Customers.Owner);
-    TDBGrid* Grid = new TDBGrid(&Customers.Owner);
-};
-
-TEST(DBGridColumns, FollowTheFieldsUntilTheyAreCustomized) {
-    TUnseenGrid all(3, false);
-    TDBGridColumns& columns = *all.Grid->Columns;
-    EXPECT_EQ(columns.Count, 0) << "nothing to show yet";
-    all.Open();
-    EXPECT_EQ(all.Captions(), u"Id Name City Credit Born Notes");
-    EXPECT_EQ(columns.State, csDefault);
-    EXPECT_EQ(columns[3]->Alignment, taRightJustify);
-    EXPECT_EQ(columns[1]->Alignment, taLeftJustify);
-    EXPECT_GT(columns[1]->Width, columns[2]->Width) << "30 characters and 20";
-
-    // What the fields say is seen at once, and what was set stays.
-    TColumn* credit = columns[3];
-    credit->Width = 77;
-    all.Customers.DataSet->FieldByName(u"Name")->SetVisible(false);
-    all.Customers.DataSet->FieldByName(u"City")->SetDisplayLabel(u"Town");
-    EXPECT_EQ(all.Captions(), u"Id Town Credit Born Notes");
-    EXPECT_EQ(columns[2], credit);
-    EXPECT_EQ(credit->Width, 77);
-    EXPECT_FALSE(IsStoredProp(*columns[1]->Title, GetPropInfo(*columns[1]->Title, u"Caption")));
-
-    all.Grid->SelectedField = credit->Field;
-    EXPECT_EQ(all.Grid->SelectedIndex, 2);
-    all.Customers.DataSet->Close();
-    EXPECT_EQ(columns.Count, 0);
-    EXPECT_EQ(all.Grid->SelectedField, nullptr);
-    all.Open();
-
-    // The first column of one's own takes the place of those.
-    TColumn* own = columns.Add();
-    EXPECT_EQ(columns.Count, 1);
-    EXPECT_EQ(columns.State, csCustomized);
-    EXPECT_EQ(own->Field, nullptr);
-    EXPECT_EQ(own->Width, kDefaultColumnWidth);
-    own->FieldName = u"credit";
-    ASSERT_NE(own->Field, nullptr) << "letter case aside";
-    own->Title->Caption = u"Sum";
-    own->ReadOnly = true;
-    own->Alignment = taCenter;
-    own->Width = 300;
-    own->RestoreDefaults();
-    EXPECT_EQ(all.Captions(), u"Credit");
-    EXPECT_FALSE(own->ReadOnly);
-    EXPECT_EQ(own->Alignment, taRightJustify);
-    EXPECT_NE(own->Width, 300);
-
-    all.Customers.DataSet->Close();
-    EXPECT_EQ(columns.Count, 1);
-    EXPECT_EQ(own->Field, nullptr) << "the field was the dataset's own and is gone";
-    columns.State = csDefault;
-    EXPECT_EQ(columns.Count, 0);
-    all.Open();
-    columns.RebuildColumns();
-    EXPECT_EQ(columns.State, csCustomized);
-    EXPECT_EQ(columns.Count, 6);
-    delete all.Source;
-    EXPECT_EQ(all.Grid->DataSource, nullptr);
-    EXPECT_EQ(columns[0]->Field, nullptr);
-}
-
-TEST(DBGridColumns, GoThroughTextForms) {
-    const std::string text = R"(object Grid: TDBGrid
-  Left = 0
-  Top = 0
-  Width = 320
-  Height = 120
-  Columns = <
-    item
-      Alignment = taCenter
-      ButtonStyle = cbsEllipsis
-      Color = clYellow
-      FieldName = 'City'
-      PickList.Strings = (
-        'Brno'
-        'Radom')
-      Title.Caption = 'Town'
-      Title.Font.Charset = DEFAULT_CHARSET
-      Title.Font.Color = clRed
-      Title.Font.Height = -11
-      Title.Font.Name = 'Tahoma'
-      Title.Font.Style = []
-      Width = 90
-    end
-    item
-      FieldName = 'Name'
-      ReadOnly = True
-      Visible = False
-    end>
-end
-)";
-    RegisterDBGrid();
-    TDBGrid grid(nullptr);
-    LoadTextForm(grid, ParseTextForm(text));
-    ASSERT_EQ(grid.Columns->Count, 2);
-    EXPECT_EQ(grid.Columns->State, csCustomized);
-    EXPECT_EQ(grid.Columns->GetColumn(0)->PickList->Count, 2);
-    EXPECT_EQ(grid.Columns->GetColumn(0)->Title->Font->Color, clRed);
-    EXPECT_FALSE(grid.Columns->GetColumn(1)->Visible);
-    TDBGrid copy(nullptr);
-    copy.Columns = grid.Columns;
-    copy.SetName(u"Grid");
-    copy.SetBounds(0, 0, 320, 120);
-    const std::string saved = WriteTextForm(SaveTextForm(copy), {.LineEnd = TFormLineEnd::Lf});
-    EXPECT_EQ(saved, text);
-}
 
 using DBGridTest = TGridForm<TDBGrid>;
 
@@ -320,6 +186,49 @@ TEST_F(DBGridTest, BoxesListsAndButtons) {
     EXPECT_EQ(Data->State, dsBrowse);
 }
 
+TEST_F(DBGridTest, TheEditorCanStayOpen) {
+    Grid->Options = Grid->Options + TDBGridOptions{dgAlwaysShowEditor};
+    ASSERT_NE(Editor(), nullptr);
+    PressKey(VK_RIGHT);
+    ASSERT_TRUE(WaitFor([&] { return Editor() && Editor()->Text == u"Customer 1"; })) << "everything was selected";
+    PressKey(VK_HOME);
+    PressKey(VK_RIGHT);
+    EXPECT_EQ(Grid->SelectedIndex, 1) << "within the text the arrows are its own";
+    TypeText(u"X");
+    PressKey(VK_DOWN);
+    ASSERT_NE(Editor(), nullptr);
+    EXPECT_EQ(Editor()->Text, u"Customer 2");
+    EXPECT_EQ(std::get<String>(Rows->Rows[0][1]), u"CXustomer 1");
+    TypeText(u"Y");
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(Editor()->Text, u"Customer 2");
+    PressKey(VK_ESCAPE);
+    EXPECT_EQ(Data->State, dsBrowse);
+    Click(Cell(2, 4));
+    ASSERT_NE(Editor(), nullptr);
+    EXPECT_EQ(Id(), 5);
+    EXPECT_EQ(Editor()->Text, Text(u"City"));
+    Other->SetFocus();
+    EXPECT_EQ(Editor(), nullptr);
+
+    // Another grid on the source shows what is entered here, and each keeps its own column.
+    TDBGrid second(Form.get());
+    second.SetBounds(10, 245, 370, 50);
+    second.Parent = Form.get();
+    second.DataSource = Source;
+    Grid->SetFocus();
+    Grid->SelectedIndex = 1;
+    TypeText(u"Both");
+    PressKey(VK_TAB);
+    EXPECT_EQ(second.Fields[1]->AsString, u"Both");
+    EXPECT_EQ(second.SelectedIndex, 0);
+    EXPECT_EQ(Data->State, dsEdit);
+    second.SetFocus();
+    PressKey(VK_UP);
+    EXPECT_EQ(Id(), 4);
+    EXPECT_EQ(std::get<String>(Rows->Rows[4][1]), u"Both");
+}
+
 TEST_F(DBGridTest, RecordsComeAndGo) {
     PressKey(VK_END, {ssCtrl});
     PressKey(VK_DOWN);
@@ -409,99 +318,6 @@ TEST_F(DBGridTest, TheMouseSizesAndDragsColumns) {
     Paint();
     EXPECT_EQ(Grid->DataCellRect(0, 0).Top, 0);
     EXPECT_EQ(Grid->DataCellRect(0, 0).Right, Grid->ClientWidth);
-}
-
-TEST_F(DBGridTest, PaintsWhatChanged) {
-    const auto pending = [&](int row) {
-        const TRect cell = Grid->DataCellRect(0, row);
-        const TUniqueRegion region(CreateRectRgn(0, 0, 0, 0));
-        GetUpdateRgn(Grid->Handle, region.Get(), FALSE);
-        return PtInRegion(region.Get(), cell.Left + 1, cell.Top + 1) != FALSE;
-    };
-    const auto pendingRows = [&] {
-        std::string rows;
-        for (int row = 0; row < Grid->GetShownRowCount(); ++row)
-            rows += pending(row) ? 'x' : '-';
-        Grid->Update();
-        return rows;
-    };
-    Paint();
-    const int rows = Grid->GetShownRowCount();
-    Data->MoveBy(2);
-    EXPECT_EQ(pendingRows(), "x-x" + std::string(static_cast<std::size_t>(rows) - 3, '-'));
-    Data->Edit();
-    Data->FieldByName(u"Name")->AsString = u"Q";
-    EXPECT_EQ(pendingRows(), "--x" + std::string(static_cast<std::size_t>(rows) - 3, '-'));
-    Data->Cancel();
-    Data->MoveBy(rows - 3);
-    Grid->Update();
-    int cells = 0;
-    Grid->OnDrawColumnCell = [&](TObject*, const TRect&, int dataCol, TColumn*, TGridDrawState) {
-        cells += dataCol == 0;
-    };
-    Data->Next(); // the rows are moved, and two of them painted: the one before and the one that came
-    Grid->Update();
-    EXPECT_EQ(cells, 2);
-    EXPECT_EQ(Data->GetActiveRecord(), rows - 1);
-    // The bar tells the place, and takes one to it.
-    SCROLLINFO info{sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
-    GetScrollInfo(Grid->Handle, SB_VERT, &info);
-    EXPECT_EQ(info.nPos, rows);
-    EXPECT_EQ(info.nMax, kRecords + rows - 2);
-    SendMessageW(Grid->Handle, WM_VSCROLL, SB_BOTTOM, 0);
-    EXPECT_EQ(Id(), kRecords);
-    SendMessageW(Grid->Handle, WM_VSCROLL, SB_PAGEUP, 0);
-    EXPECT_EQ(Id(), kRecords - rows);
-}
-
-/// What was painted piece by piece looks like what is painted at once, whatever happened in between.
-TEST_F(DBGridTest, PiecesMakeTheWholePicture) {
-    const unsigned randomSeed = std::random_device()();
-    std::mt19937 random(randomSeed);
-    const auto picture = [&] {
-        Application->ProcessMessages();
-        Grid->Update();
-        GdiFlush();
-        const TPoint corner = Grid->ClientToScreen({0, 0});
-        const auto bitmap = CaptureScreen(Bounds(corner.X, corner.Y, Grid->ClientWidth, Grid->ClientHeight));
-        std::vector<std::uint32_t> pixels;
-        for (int y = 0; y < bitmap->Height; ++y)
-            pixels.insert(pixels.end(), bitmap->GetScanLine(y), bitmap->GetScanLine(y) + bitmap->Width);
-        return pixels;
-    };
-    MoveMouse(Form->ClientToScreen({390, 290})); // off the titles
-    const std::function<void()> actions[] = {
-        [&] { Data->MoveBy(static_cast<int>(random() % 9) - 4); },
-        [&] { Data->MoveBy(1); },
-        [&] { Data->MoveBy(-1); },
-        [&] { Data->Edit(); },
-        [&] { Data->Cancel(); },
-        [&] { Data->Insert(); },
-        [&] {
-            if (Data->State != dsInsert) // which would have to be complete to be left
-                Data->Edit(), Data->FieldByName(u"City")->SetAsString(u"Nowhere");
-        },
-        [&] { Grid->SelectedIndex = static_cast<int>(random() % 7); },
-        [&] { Grid->Columns->GetColumn(static_cast<int>(random() % 7))->Width = 40 + static_cast<int>(random() % 60); },
-        [&] { Grid->Columns->GetColumn(static_cast<int>(random() % 7))->Visible = random() % 4 != 0; },
-        [&] { random() % 2 ? Data->First() : Data->Last(); },
-        [&] { SendMessageW(Grid->Handle, WM_HSCROLL, random() % 2 ? SB_LINERIGHT : SB_LINELEFT, 0); },
-        [&] { random() % 2 ? Grid->SetFocus() : Other->SetFocus(); },
-        [&] { Grid->BiDiMode = random() % 2 ? bdLeftToRight : bdRightToLeft; },
-    };
-    Grid->Columns->State = csCustomized;
-    Grid->Options = Grid->Options + TDBGridOptions{dgAlwaysShowSelection};
-    for (int round = 0; round < 60; ++round) {
-        std::string done;
-        for (int i = 0; i < 4; ++i) {
-            const std::size_t which = random() % std::size(actions);
-            done += std::to_string(which) + " ";
-            actions[which]();
-        }
-        const auto pieces = picture();
-        Grid->Invalidate();
-        ASSERT_TRUE(pieces == picture()) << "seed " << randomSeed << ", round " << round << ": " << done;
-    }
 }
 
 TEST_F(DBGridTest, OutlivesWhatHandlersDo) {

@@ -1,0 +1,178 @@
+// What a data grid shows: on the screen, piece by piece, and to screen readers.
+
+#include "framework/graphics/bitmaps.h"
+#include "tests/support/gridform.h"
+
+#include <oleacc.h>
+#include <random>
+
+using namespace testsupport;
+
+namespace {
+
+using DBGridViewTest = TGridForm<TDBGrid>;
+
+TEST_F(DBGridViewTest, PaintsWhatChanged) {
+    const auto pending = [&](int row) {
+        const TRect cell = Grid->DataCellRect(0, row);
+        const TUniqueRegion region(CreateRectRgn(0, 0, 0, 0));
+        GetUpdateRgn(Grid->Handle, region.Get(), FALSE);
+        return PtInRegion(region.Get(), cell.Left + 1, cell.Top + 1) != FALSE;
+    };
+    const auto pendingRows = [&] {
+        std::string rows;
+        for (int row = 0; row < Grid->GetShownRowCount(); ++row)
+            rows += pending(row) ? 'x' : '-';
+        Grid->Update();
+        return rows;
+    };
+    Paint();
+    const int rows = Grid->GetShownRowCount();
+    Data->MoveBy(2);
+    EXPECT_EQ(pendingRows(), "x-x" + std::string(static_cast<std::size_t>(rows) - 3, '-'));
+    Data->Edit();
+    Data->FieldByName(u"Name")->AsString = u"Q";
+    EXPECT_EQ(pendingRows(), "--x" + std::string(static_cast<std::size_t>(rows) - 3, '-'));
+    Data->Cancel();
+    Data->MoveBy(rows - 3);
+    Grid->Update();
+    int cells = 0;
+    Grid->OnDrawColumnCell = [&](TObject*, const TRect&, int dataCol, TColumn*, TGridDrawState) {
+        cells += dataCol == 0;
+    };
+    Data->Next(); // the rows are moved, and two of them painted: the one before and the one that came
+    Grid->Update();
+    EXPECT_EQ(cells, 2);
+    EXPECT_EQ(Data->GetActiveRecord(), rows - 1);
+    // The bar tells the place, and takes one to it.
+    SCROLLINFO info{sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
+    GetScrollInfo(Grid->Handle, SB_VERT, &info);
+    EXPECT_EQ(info.nPos, rows);
+    EXPECT_EQ(info.nMax, kRecords + rows - 2);
+    SendMessageW(Grid->Handle, WM_VSCROLL, SB_BOTTOM, 0);
+    EXPECT_EQ(Id(), kRecords);
+    SendMessageW(Grid->Handle, WM_VSCROLL, SB_PAGEUP, 0);
+    EXPECT_EQ(Id(), kRecords - rows);
+}
+
+/// What was painted piece by piece looks like what is painted at once, whatever happened in between.
+TEST_F(DBGridViewTest, PiecesMakeTheWholePicture) {
+    const unsigned randomSeed = std::random_device()();
+    std::mt19937 random(randomSeed);
+    const auto picture = [&] {
+        Application->ProcessMessages();
+        Grid->Update();
+        GdiFlush();
+        const TPoint corner = Grid->ClientToScreen({0, 0});
+        const auto bitmap = CaptureScreen(Bounds(corner.X, corner.Y, Grid->ClientWidth, Grid->ClientHeight));
+        std::vector<std::uint32_t> pixels;
+        for (int y = 0; y < bitmap->Height; ++y)
+            pixels.insert(pixels.end(), bitmap->GetScanLine(y), bitmap->GetScanLine(y) + bitmap->Width);
+        return pixels;
+    };
+    MoveMouse(Form->ClientToScreen({390, 290})); // off the titles
+    const std::function<void()> actions[] = {
+        [&] { Data->MoveBy(static_cast<int>(random() % 9) - 4); },
+        [&] { Data->MoveBy(1); },
+        [&] { Data->MoveBy(-1); },
+        [&] { Data->Edit(); },
+        [&] { Data->Cancel(); },
+        [&] { Data->Insert(); },
+        [&] {
+            if (Data->State != dsInsert) // which would have to be complete to be left
+                Data->Edit(), Data->FieldByName(u"City")->SetAsString(u"Nowhere");
+        },
+        [&] { Grid->SelectedIndex = static_cast<int>(random() % 7); },
+        [&] { Grid->Columns->GetColumn(static_cast<int>(random() % 7))->Width = 40 + static_cast<int>(random() % 60); },
+        [&] { Grid->Columns->GetColumn(static_cast<int>(random() % 7))->Visible = random() % 4 != 0; },
+        [&] { random() % 2 ? Data->First() : Data->Last(); },
+        [&] { SendMessageW(Grid->Handle, WM_HSCROLL, random() % 2 ? SB_LINERIGHT : SB_LINELEFT, 0); },
+        [&] { random() % 2 ? Grid->SetFocus() : Other->SetFocus(); },
+        [&] { Grid->BiDiMode = random() % 2 ? bdLeftToRight : bdRightToLeft; },
+    };
+    Grid->Columns->State = csCustomized;
+    Grid->Options = Grid->Options + TDBGridOptions{dgAlwaysShowSelection};
+    for (int round = 0; round < 60; ++round) {
+        std::string done;
+        for (int i = 0; i < 4; ++i) {
+            const std::size_t which = random() % std::size(actions);
+            done += std::to_string(which) + " ";
+            actions[which]();
+        }
+        const auto pieces = picture();
+        Grid->Invalidate();
+        ASSERT_TRUE(pieces == picture()) << "seed " << randomSeed << ", round " << round << ": " << done;
+    }
+}
+
+TEST_F(DBGridViewTest, ScreenReadersHearCells) {
+    Grid->Columns->State = csCustomized;
+    Grid->Columns->GetColumn(0)->Visible = false;
+    Grid->Columns->GetColumn(2)->Title->Caption = u"Town";
+    Grid->Columns->GetColumn(3)->ReadOnly = true;
+    Data->MoveBy(2);
+    Grid->SelectedIndex = 2;
+    Paint();
+    IAccessible* found = nullptr;
+    const auto object = [&](TWinControl& control) -> IAccessible* {
+        return AccessibleObjectFromWindow(control.Handle, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                          reinterpret_cast<void**>(&found)) == S_OK
+                   ? found
+                   : nullptr;
+    };
+    ASSERT_TRUE(object(*Grid));
+    const auto number = [](long value) {
+        VARIANT child{};
+        child.vt = VT_I4;
+        child.lVal = value;
+        return child;
+    };
+    const auto text = [&](HRESULT (STDMETHODCALLTYPE IAccessible::*ask)(VARIANT, BSTR*), long child) {
+        BSTR answer = nullptr;
+        (found->*ask)(number(child), &answer);
+        const String result = FromWide(answer);
+        SysFreeString(answer);
+        return result;
+    };
+    const auto stateOf = [&](long child) {
+        VARIANT state{};
+        found->get_accState(number(child), &state);
+        return state.lVal;
+    };
+    constexpr long kColumns = 6; // those that show
+    long count = 0;
+    found->get_accChildCount(&count);
+    EXPECT_EQ(count, kColumns * (1 + Grid->GetShownRowCount()));
+    EXPECT_EQ(text(&IAccessible::get_accName, 2), u"Town");
+    const long cell = kColumns + 2 * kColumns + 2; // of the third record
+    EXPECT_EQ(text(&IAccessible::get_accName, cell), u"Town");
+    EXPECT_EQ(text(&IAccessible::get_accValue, cell), u"\u0141\u00F3d\u017A");
+    EXPECT_EQ(text(&IAccessible::get_accValue, cell - kColumns), u"Brno");
+    EXPECT_EQ(Id(), 3) << "the dataset has not moved";
+    VARIANT focus{};
+    found->get_accFocus(&focus);
+    EXPECT_EQ(focus.lVal, cell);
+    constexpr long kMarks = STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED | STATE_SYSTEM_READONLY;
+    EXPECT_EQ(stateOf(cell) & kMarks, STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED);
+    EXPECT_EQ(stateOf(cell + 1) & kMarks, STATE_SYSTEM_READONLY);
+    EXPECT_EQ(stateOf(cell + 4) & STATE_SYSTEM_MIXED, STATE_SYSTEM_MIXED) << "a box that is neither";
+    long place[4] = {};
+    found->accLocation(&place[0], &place[1], &place[2], &place[3], number(cell));
+    VARIANT hit{};
+    found->accHitTest(place[0] + 1, place[1] + 1, &hit);
+    EXPECT_EQ(hit.lVal, cell);
+    found->accSelect(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION, number(kColumns + 1));
+    EXPECT_EQ(Id(), 1);
+    EXPECT_EQ(Grid->SelectedIndex, 1);
+    found->accDoDefaultAction(number(cell));
+    ASSERT_NE(Editor(), nullptr);
+    EXPECT_EQ(Id(), 3);
+    EXPECT_NE(found->get_accFocus(&focus) == S_OK && focus.vt == VT_I4 ? focus.lVal : 0, cell)
+        << "the focus is the editor's";
+    found->Release();
+    ASSERT_TRUE(object(*Editor()));
+    EXPECT_EQ(text(&IAccessible::get_accName, 0), u"Town");
+    found->Release();
+}
+
+} // namespace
