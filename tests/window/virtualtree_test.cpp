@@ -243,6 +243,31 @@ TEST_F(VirtualTreeTest, PaintsSelectionLinesAndTexts) {
     EXPECT_GT(dark, 0) << "there is a text";
 }
 
+TEST_F(VirtualTreeTest, TextsLookAlikeWhetherMeasuredOrNot) {
+    Tree->RootNodeCount = 3;
+    Tree->TreeOptions->PaintOptions = {toHideFocusRect};
+    Tree->OnGetText = [](TBaseVirtualTree*, TVirtualNode* node, TColumnIndex, TVSTTextType, String& text) {
+        constexpr const char16_t* kTexts[] = {u"\u0141\u00F3d\u017A fjWAT", u"e\u0301te\u0301 \u05D0\u05D1",
+                                              u"Illinois"};
+        text = kTexts[node->Index];
+    };
+    const auto picture = [&] {
+        Tree->Repaint();
+        const TWindowDC dc(Tree->Handle);
+        std::vector<COLORREF> pixels;
+        for (int i = 0; i < 90 * 3 * kRow; ++i)
+            pixels.push_back(GetPixel(dc, i % 90, i / 90));
+        return pixels;
+    };
+    for (const int width : {20, 50, 60, 65, 70, 75, 80, 90}) {
+        Tree->Header->Columns->GetColumn(0)->Width = width;
+        Tree->OnPaintText = {};
+        const auto quick = picture();
+        Tree->OnPaintText = [](auto*, TCanvas*, auto*, TColumnIndex, TVSTTextType) {}; // might change the font
+        EXPECT_TRUE(quick == picture()) << width;
+    }
+}
+
 TEST_F(VirtualTreeTest, ExtremesStayInOrder) {
     Tree->Header->Columns->GetColumn(0)->MaxWidth = 40000;
     Tree->Header->Columns->GetColumn(0)->Width = 40000;
