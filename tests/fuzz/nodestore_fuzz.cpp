@@ -1,5 +1,5 @@
 // The bytes choose what happens to the nodes of a tree: which come and go, open, hide, are selected or sorted. The
-// store agrees with a plain tree after each few steps, and at the end nothing is left of it.
+// store agrees with a plain tree every few steps, and at the end nothing is left of it.
 
 #include "tests/support/nodemodel.h"
 
@@ -13,8 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     };
     testsupport::TNodeStory story(choose);
     for (int step = 1; next < size && step < 500; ++step) {
-        story.Step(1500, 600);
-        if (step % 8 == 0)
+        story.Step(700, 400);
+        if (step % 16 == 0)
             story.Compare();
     }
     story.Compare();
