@@ -211,7 +211,23 @@ TTable Orders(TDice& dice) {
     return table;
 }
 
-TTable Items(TDice& dice, const std::vector<int>& prices) {
+/// In whole hundredths, a half away from zero. The discount is in tenths of a percent.
+int GoodsAmount(int quantity, int price, int discount) {
+    constexpr int whole = 1'000;
+    return static_cast<int>((std::int64_t(quantity) * price * (whole - discount) + whole / 2) / whole);
+}
+
+/// Small orders pay for the way.
+int ShippingAmount(int order, int goods) {
+    constexpr int prices[] = {1'290, 1'590, 1'990};
+    constexpr int freeFrom = 300'000;
+    return goods >= freeFrom ? 0 : prices[order % 3];
+}
+
+/// Also gives the orders what their items cost, and how they are sent.
+TTable Items(TDice& dice, const std::vector<int>& prices, TTable& orders) {
+    orders.Columns.emplace_back(u"goods", u"numeric(12,2) NOT NULL");
+    orders.Columns.emplace_back(u"shipping", u"numeric(8,2) NOT NULL");
     TTable table{u"items",
                  {{u"id", u"integer PRIMARY KEY"},
                   {u"order_id", u"integer NOT NULL REFERENCES orders"},
@@ -222,13 +238,19 @@ TTable Items(TDice& dice, const std::vector<int>& prices) {
                  {}};
     int id = 0;
     for (int order = 1; order <= orderCount; ++order) {
+        int goods = 0;
         for (int count = 1 + dice.Roll(5); count > 0; --count) {
             const int product = dice.Roll(productCount);
-            table.Rows.push_back(
-                {Whole(++id), Whole(order), Whole(product + 1), Whole(1 + dice.Roll(24)),
-                 Amount(prices[static_cast<std::size_t>(product)]),
-                 dice.Chance(20) ? TSqlParameter{TNumeric{25 * (1 + dice.Roll(8)), 1}, adNumeric} : TSqlParameter{}});
+            const int price = prices[static_cast<std::size_t>(product)];
+            const int quantity = 1 + dice.Roll(24);
+            const int discount = dice.Chance(20) ? 25 * (1 + dice.Roll(8)) : 0;
+            goods += GoodsAmount(quantity, price, discount);
+            table.Rows.push_back({Whole(++id), Whole(order), Whole(product + 1), Whole(quantity), Amount(price),
+                                  discount ? TSqlParameter{TNumeric{discount, 1}, adNumeric} : TSqlParameter{}});
         }
+        TRow& row = orders.Rows[static_cast<std::size_t>(order - 1)];
+        row.push_back(Amount(goods));
+        row.push_back(Amount(ShippingAmount(order, goods)));
     }
     return table;
 }
@@ -242,7 +264,8 @@ std::vector<TTable> MakeTables(TDatabaseKind kind) {
     tables.push_back(Customers(dice, kind == TDatabaseKind::PostgreSQL ? u"uuid" : u"guid"));
     tables.push_back(Products(dice, prices));
     tables.push_back(Orders(dice));
-    tables.push_back(Items(dice, prices));
+    TTable items = Items(dice, prices, tables.back());
+    tables.push_back(std::move(items));
     return tables;
 }
 
