@@ -336,6 +336,7 @@ void TZORVirtualDBGrid::DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn
     const HDC dc = canvas.GetHandle();
     const int line = UseRightToLeftAlignment() ? cell.Left : cell.Right - 1;
     FillArea(dc, {line, cell.Top + 3, line + 1, cell.Bottom - 3}, GetColors()->GetGridLineColor());
+    FillArea(dc, {cell.Left, cell.Top, cell.Right, cell.Top + 1}, clBtnShadow); // the rows end here
     if (column.GetIndex() >= GetColumns()->GetCount())
         return;
     // What a handler of OnGetFooterText has left as it was is shown as the field shows its values.

@@ -14,11 +14,14 @@ namespace {
 
 /// Where programs keep what belongs to the person and to this machine; it can be written to wherever the program lies.
 std::filesystem::path DatabaseFile() {
-    const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
-    const std::filesystem::path place = folder && *folder ? folder : std::filesystem::temp_directory_path();
-    std::error_code ignored; // the driver will tell
-    std::filesystem::create_directories(place / L"ZOR Gallery", ignored);
-    return place / L"ZOR Gallery" / L"orders.db";
+    const wchar_t* place = _wgetenv(L"LOCALAPPDATA");
+    const std::filesystem::path folder =
+        (place && *place ? std::filesystem::path(place) : std::filesystem::temp_directory_path()) / L"ZOR Gallery";
+    std::error_code problem;
+    std::filesystem::create_directories(folder, problem);
+    if (!std::filesystem::is_directory(folder, problem))
+        throw EDatabaseError(u"The folder " + folder.u16string() + u" cannot be made");
+    return folder / L"orders.db";
 }
 
 /// The driver goes by one name with the host's driver manager and by another one on Windows.

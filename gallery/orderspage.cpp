@@ -35,7 +35,8 @@ const TClassInfo& TOrdersPage::StaticClass() {
          Method<&P::CardChange>(u"CardChange"),           Method<&P::SaveClick>(u"SaveClick"),
          Method<&P::CancelClick>(u"CancelClick"),         Method<&P::OrdersCalcFields>(u"OrdersCalcFields"),
          Method<&P::ItemsCalcFields>(u"ItemsCalcFields"), Method<&P::ItemsBeforeInsert>(u"ItemsBeforeInsert"),
-         Method<&P::ItemsChanged>(u"ItemsChanged"),       Method<&P::DrawItemTitle>(u"DrawItemTitle")},
+         Method<&P::ItemsChanged>(u"ItemsChanged"),       Method<&P::ItemsStateChange>(u"ItemsStateChange"),
+         Method<&P::ItemsResize>(u"ItemsResize"),         Method<&P::DrawItemTitle>(u"DrawItemTitle")},
         {Field<&P::CitiesTree>(u"CitiesTree"), Field<&P::OrdersGrid>(u"OrdersGrid"), Field<&P::ItemsGrid>(u"ItemsGrid"),
          Field<&P::Orders>(u"Orders"), Field<&P::Items>(u"Items"), Field<&P::NumberEdit>(u"NumberEdit"),
          Field<&P::CustomerBox>(u"CustomerBox"), Field<&P::OrderedEdit>(u"OrderedEdit"),
@@ -61,6 +62,7 @@ const TEventSignature gridQuestions[] = {
     TEventSignature(&UnwatchedSignatureOf<TDataSetErrorEvent>),
     TEventSignature(&UnwatchedSignatureOf<TFilterRecordEvent>),
     TEventSignature(&UnwatchedSignatureOf<TFetchProgressEvent>),
+    TEventSignature(&UnwatchedSignatureOf<TVTGetNodeWidthEvent>),
     TEventSignature(&UnwatchedSignatureOf<TFieldGetTextEvent>),
     TEventSignature(&UnwatchedSignatureOf<TFieldSetTextEvent>),
 };
@@ -110,6 +112,8 @@ private:
 
 void TOrdersPage::PageCreate(TObject*) {
     OrdersGrid->OnFooterDraw = ZOR::DrawFooterTotals;
+    ItemsGrid->OnResize = [this](TObject* sender) { ItemsResize(sender); };
+    ItemsResize(ItemsGrid);
     const TCursor cursor = TheScreen().GetCursor();
     TheScreen().SetCursor(crHourGlass); // the first run makes the database
     try {
@@ -326,7 +330,7 @@ void TOrdersPage::CompareClick(TObject*) {
 }
 
 void TOrdersPage::FooterText(String& text, TColumn* column, const Variant&) {
-    if (column->GetFieldName() == u"ordered")
+    if (column->GetFieldName() == u"customer")
         text = u"Razem: " + IntToStr(static_cast<int>(OrdersGrid->GetRootNodeCount()));
 }
 
@@ -345,13 +349,11 @@ void TOrdersPage::OrderFocused(TBaseVirtualTree*, TVirtualNode*, TColumnIndex) {
 
 /// The dataset goes to the row with the focus, and the items follow it.
 void TOrdersPage::ShowOrder() {
-    if (FChanged)
+    if (IsChanged())
         return;
     const TBookmark bookmark = OrdersGrid->GetRowBookmark(OrdersGrid->GetFocusedNode());
-    if (!bookmark.IsEmpty() && Orders->BookmarkValid(bookmark) && !(Orders->GetBookmark() == bookmark)) {
-        Items->CheckBrowseMode();
+    if (!bookmark.IsEmpty() && Orders->BookmarkValid(bookmark) && !(Orders->GetBookmark() == bookmark))
         Orders->GotoBookmark(bookmark);
-    }
     ShowCard();
 }
 
@@ -370,7 +372,6 @@ void TOrdersPage::ShowCard() {
     NoteMemo->SetText(field(u"note").GetAsString());
     PaidBox->SetChecked(field(u"paid").GetAsBoolean());
     CustomerBox->SetFWymagany(ZOR::wRequired);
-    OrderedEdit->SetFWymagany(ZOR::wRequired);
     ShippingEdit->SetFWymagany(ZOR::wRequired);
     ShowDeliveryNeed();
     SetChanged(false);
@@ -383,8 +384,15 @@ void TOrdersPage::ShowDeliveryNeed() {
 
 void TOrdersPage::SetChanged(bool value) {
     FChanged = value;
-    SaveButton->SetEnabled(value);
-    CancelButton->SetEnabled(value);
+    ShowButtons();
+}
+
+/// Who has pressed one of the buttons goes on in the rows when it has nothing to do any more.
+void TOrdersPage::ShowButtons() {
+    if (!IsChanged() && (SaveButton->Focused() || CancelButton->Focused()) && OrdersGrid->CanFocus())
+        OrdersGrid->SetFocus();
+    SaveButton->SetEnabled(IsChanged());
+    CancelButton->SetEnabled(IsChanged());
 }
 
 void TOrdersPage::CardChange(TObject* sender) {
@@ -396,16 +404,20 @@ void TOrdersPage::CardChange(TObject* sender) {
     SetChanged(true);
 }
 
-/// Marks what cannot be saved so, and goes there; empty when all is well.
+/// Goes to what cannot be saved so; empty when all is well. A date that is missing keeps its blue frame: one with an
+/// error could not be left until it is a date.
 String TOrdersPage::CheckCard() {
-    const auto refuse = [](auto& field, const char16_t* problem) {
-        field.SetFWymagany(ZOR::wError);
+    const auto refuse = [](TWinControl& field, const char16_t* problem) {
         if (field.CanFocus())
             field.SetFocus();
         return String(problem);
     };
+    const auto mark = [&](auto& field, const char16_t* problem) {
+        field.SetFWymagany(ZOR::wError);
+        return refuse(field, problem);
+    };
     if (CustomerBox->get_id_sel() < 0)
-        return refuse(*CustomerBox, u"Zamówienie potrzebuje klienta.");
+        return mark(*CustomerBox, u"Zamówienie potrzebuje klienta.");
     const TDateTime ordered = OrderedEdit->GetFDateTime();
     if (!OrderedEdit->sprawdz_combosa() || ordered == 0)
         return refuse(*OrderedEdit, u"Zamówienie potrzebuje daty złożenia.");
@@ -417,7 +429,7 @@ String TOrdersPage::CheckCard() {
     if (delivered != 0 && delivered < DateOf(ordered))
         return refuse(*DeliveredEdit, u"Zamówienie nie może być dostarczone, zanim je złożono.");
     if (ShippingEdit->GetText().empty())
-        return refuse(*ShippingEdit, u"Koszt dostawy jest potrzebny, choćby 0.");
+        return mark(*ShippingEdit, u"Koszt dostawy jest potrzebny, choćby 0.");
     return {};
 }
 
@@ -445,19 +457,22 @@ void TOrdersPage::TakeCard() {
         field(u"paid").SetAsBoolean(PaidBox->GetChecked());
 }
 
-/// False when the card stays as it is, with a message.
+/// False when card and items stay as they are, with a message.
 bool TOrdersPage::SaveCard() {
-    if (!FChanged)
+    if (!IsChanged())
         return true;
-    const String problem = CheckCard();
+    const String problem = FChanged ? CheckCard() : String();
     if (!problem.empty()) {
         ShowMessage(problem, kProblemColor);
         return false;
     }
     try {
-        Orders->Edit();
-        TakeCard();
-        Orders->Post();
+        Items->CheckBrowseMode();
+        if (FChanged) {
+            Orders->Edit();
+            TakeCard();
+            Orders->Post();
+        }
     } catch (const EDatabaseError& error) {
         FRefused = true; // the values stay in the card and in the record
         ShowMessage(u"Nie zapisano: " + error.GetMessageText(), kProblemColor);
@@ -476,9 +491,13 @@ void TOrdersPage::SaveClick(TObject*) {
 }
 
 void TOrdersPage::CancelClick(TObject*) {
+    Items->Cancel();
     Orders->Cancel();
-    if (std::exchange(FRefused, false))
-        Orders->Refresh(); // somebody else may have changed the record
+    if (std::exchange(FRefused, false)) { // somebody else may have changed the records
+        Orders->Refresh();
+        Items->Refresh();
+        RowsChanged();
+    }
     ShowMessage({}, clWindowText);
     ShowCard();
     if (FNarrowPending)
@@ -518,6 +537,18 @@ void TOrdersPage::ItemsChanged(TDataSet*) {
     if (!isInEdit)
         Orders->Post();
     RowsChanged();
+}
+
+void TOrdersPage::ItemsStateChange(TObject*) {
+    ShowButtons();
+}
+
+/// The first column takes the room that the others leave.
+void TOrdersPage::ItemsResize(TObject*) {
+    int room = ItemsGrid->GetClientWidth();
+    for (int i = 1; i < ItemsGrid->GetColumns()->GetCount(); ++i)
+        room -= ItemsGrid->GetColumns()->GetColumn(i)->GetWidth() + 1;
+    ItemsGrid->GetColumns()->GetColumn(0)->SetWidth(std::max(room - 1, 40));
 }
 
 /// As the theme has it. The grid has no indicator, so each title comes with its own column.

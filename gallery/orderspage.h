@@ -70,6 +70,8 @@ private:
     void ItemsCalcFields(TDataSet* dataSet);
     void ItemsBeforeInsert(TDataSet* dataSet);
     void ItemsChanged(TDataSet* dataSet);
+    void ItemsStateChange(TObject* sender);
+    void ItemsResize(TObject* sender);
     void DrawItemTitle(TObject* sender, const TRect& rect, TColumn* column, TGridDrawState state);
 
     void OpenData();
@@ -90,6 +92,8 @@ private:
     String CheckCard();
     void TakeCard();
     void SetChanged(bool value);
+    bool IsChanged() const { return FChanged || Items->GetState() == dsEdit; }
+    void ShowButtons();
     void ShowDeliveryNeed();
 
     void ShowMessage(const String& text, TColor color);

@@ -57,7 +57,7 @@ object OrdersPage: TOrdersPage
   object CitiesTree: TZORVirtualStringTree
     Left = 16
     Top = 56
-    Width = 140
+    Width = 142
     Height = 237
     Anchors = [akLeft, akTop, akBottom]
     HintMode = hmTooltip
@@ -70,9 +70,9 @@ object OrdersPage: TOrdersPage
     HeaderText = 'Miasta'
   end
   object OrdersGrid: TZORVirtualDBGrid
-    Left = 164
+    Left = 166
     Top = 56
-    Width = 580
+    Width = 578
     Height = 206
     Anchors = [akLeft, akTop, akRight, akBottom]
     Columns = <
@@ -83,17 +83,17 @@ object OrdersPage: TOrdersPage
       item
         FieldName = 'id'
         Title.Caption = 'Nr'
-        Width = 40
+        Width = 52
       end
       item
         FieldName = 'ordered'
         Title.Caption = 'Z'#322'o'#380'one'
-        Width = 100
+        Width = 84
       end
       item
         FieldName = 'customer'
         Title.Caption = 'Klient'
-        Width = 104
+        Width = 80
       end
       item
         FieldName = 'city'
@@ -103,23 +103,25 @@ object OrdersPage: TOrdersPage
       item
         FieldName = 'goods'
         Title.Caption = 'Towary'
-        Width = 100
+        Width = 98
       end
       item
         FieldName = 'shipping'
         Title.Caption = 'Dostawa'
-        Width = 72
+        Width = 78
       end
       item
         FieldName = 'paid'
         Title.Caption = 'Zap'#322'.'
-        Width = 38
+        Width = 48
       end>
     DataSource = OrdersSource
     CheckMode = True
     Footer.Height = 22
     Footer.Options = [hoVisible]
+    Header.AutoSizeIndex = 3
     Header.Height = 22
+    Header.Options = [hoAutoResize, hoColumnResize, hoDblClickResize, hoDrag, hoHotTrack, hoShowHint, hoVisible]
     HintMode = hmHint
     TabOrder = 2
     OnChecked = OrderChecked
@@ -129,7 +131,7 @@ object OrdersPage: TOrdersPage
     AfterInitNode = OrderRead
   end
   object MarkButton: TButton
-    Left = 164
+    Left = 166
     Top = 268
     Width = 80
     Height = 25
@@ -139,7 +141,7 @@ object OrdersPage: TOrdersPage
     OnClick = MarkClick
   end
   object UnmarkButton: TButton
-    Left = 250
+    Left = 252
     Top = 268
     Width = 80
     Height = 25
@@ -149,7 +151,7 @@ object OrdersPage: TOrdersPage
     OnClick = UnmarkClick
   end
   object OnlyMarkedButton: TButton
-    Left = 336
+    Left = 338
     Top = 268
     Width = 120
     Height = 25
@@ -159,7 +161,7 @@ object OrdersPage: TOrdersPage
     OnClick = OnlyMarkedClick
   end
   object ShowAllButton: TButton
-    Left = 462
+    Left = 464
     Top = 268
     Width = 90
     Height = 25
@@ -188,9 +190,9 @@ object OrdersPage: TOrdersPage
     TabOrder = 8
     object NumberEdit: TZOREdit
       Left = 14
-      Top = 34
+      Top = 33
       Width = 54
-      Height = 21
+      Height = 23
       Color = clBtnFace
       ReadOnly = True
       TabOrder = 0
@@ -266,9 +268,9 @@ object OrdersPage: TOrdersPage
     end
     object ShippingEdit: TZORFloatEdit
       Left = 298
-      Top = 81
+      Top = 80
       Width = 90
-      Height = 21
+      Height = 23
       Alignment = taRightJustify
       TabOrder = 4
       OnChange = CardChange
@@ -363,13 +365,13 @@ object OrdersPage: TOrdersPage
           FieldName = 'price'
           Title.Alignment = taRightJustify
           Title.Caption = 'Cena'
-          Width = 54
+          Width = 52
         end
         item
           FieldName = 'discount'
           Title.Alignment = taRightJustify
           Title.Caption = 'Rabat'
-          Width = 42
+          Width = 48
         end
         item
           FieldName = 'amount'
@@ -385,7 +387,7 @@ object OrdersPage: TOrdersPage
   end
   object MessageLabel: TLabel
     Left = 16
-    Top = 524
+    Top = 542
     Width = 728
     Height = 15
     Anchors = [akLeft, akRight, akBottom]
@@ -401,7 +403,7 @@ object OrdersPage: TOrdersPage
   end
   object StatusLabel: TLabel
     Left = 16
-    Top = 541
+    Top = 524
     Width = 728
     Height = 15
     Anchors = [akLeft, akRight, akBottom]
@@ -430,7 +432,7 @@ object OrdersPage: TOrdersPage
     end
     object OrdersOrdered: TDateTimeField
       FieldName = 'ordered'
-      DisplayFormat = 'ddddd hh:nn'
+      DisplayFormat = 'ddddd'
     end
     object OrdersDelivered: TDateField
       FieldName = 'delivered'
@@ -525,6 +527,7 @@ object OrdersPage: TOrdersPage
   end
   object ItemsSource: TDataSource
     DataSet = Items
+    OnStateChange = ItemsStateChange
     Left = 720
     Top = 8
   end

@@ -1,7 +1,10 @@
 // Runs the gallery as a program of its own and listens to what it says.
 
 #include "framework/graphics/handles.h"
+#include "framework/system/numbers.h"
 #include "framework/system/strings.h"
+#include "framework/windows/locale.h"
+#include "tests/support/databases.h"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +45,7 @@ protected:
         Folder = files::temp_directory_path() /
                  ("gallery_test" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++tests));
         files::create_directories(Folder);
+        KeepDataIn(Folder);
     }
     ~Gallery() override {
         std::error_code ignored;
@@ -52,6 +56,9 @@ protected:
         std::ofstream(Folder / name, std::ios::binary) << content;
         return Folder / name;
     }
+
+    /// What the gallery keeps for a person; each test begins with nothing.
+    static void KeepDataIn(const files::path& folder) { SetEnvironmentVariableW(L"LOCALAPPDATA", folder.c_str()); }
 
     /// Starts the gallery; null for `output` gives it neither output nor errors to write to.
     static TUniqueKernelHandle Start(const std::wstring& arguments, HANDLE output) {
@@ -229,6 +236,48 @@ TEST_F(Gallery, AssignsHandlersInTheInspectorAndGoesOnHearingOfThem) {
                                                        "expect CompanyEdit.Text = \"\"\n"
                                                        "expect Log.RecentLines contains \"CompanyEdit.OnChange\"\n");
     const TOutcome outcome = Run(L"--play \"" + script.wstring() + L"\"");
+    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
+}
+
+TEST_F(Gallery, ShowsOrdersAsTheDatabaseHoldsThem) {
+    const TOutcome played = Run(L"--tour --page orders --shots \"" + Folder.wstring() + L"\"");
+    ASSERT_EQ(played.ExitCode, 0u) << played.Output;
+    const auto connection =
+        std::make_shared<TOdbcConnection>(databases::SQLiteConnection(Folder / "ZOR Gallery" / "orders.db"));
+    const auto row = [&](const String& sql) { return OpenRecordset(connection, sql); };
+    const auto text = [](const Variant& value) {
+        return FormatCurr(u"#,##0.00", value.AsCurrency(), UserFormatSettings());
+    };
+
+    // What the script has entered is there, and the order costs what its items cost.
+    const auto card = row(u"SELECT shipping, note FROM orders WHERE id = 16");
+    EXPECT_EQ(card->GetVariant(0).AsCurrency(), Currency(1234));
+    EXPECT_EQ(card->GetVariant(1).AsString(), u"Szk\u0142o!");
+    const auto item = row(u"SELECT quantity, price, (SELECT goods FROM orders WHERE id = 20) FROM items "
+                          u"WHERE order_id = 20 ORDER BY id");
+    Currency goods;
+    EXPECT_EQ(item->GetVariant(0).AsInteger(), 12);
+    for (; !item->GetEOF(); item->MoveNext())
+        goods += item->GetVariant(1).AsCurrency() * Currency(item->GetVariant(0).AsInteger());
+    item->MoveFirst();
+    EXPECT_EQ(item->GetVariant(2).AsCurrency(), goods);
+
+    // Another program changes an amount; the next gallery adds up what it finds.
+    connection->Execute(u"UPDATE orders SET goods = goods + 0.01 WHERE id = 6000");
+    const auto sums = row(u"SELECT sum(goods), sum(shipping) FROM orders");
+    const String status = u"Zam\u00F3wienia: 6000, zaznaczone: 0, towary: " + text(sums->GetVariant(0)) +
+                          u", dostawa: " + text(sums->GetVariant(1));
+    const files::path script =
+        WriteFile("sums.txt", "wait StatusLabel.Caption = \"" + Utf8Encode(status) + "\" within 20000\n");
+    const TOutcome outcome = Run(L"--page orders --play \"" + script.wstring() + L"\"");
+    EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
+}
+
+TEST_F(Gallery, SaysWhyThereAreNoOrders) {
+    KeepDataIn(WriteFile("file", "no folder"));
+    const files::path script = WriteFile("none.txt", "expect MessageLabel.Caption contains \"Nie ma danych\"\n"
+                                                     "expect OrdersGrid.Enabled = False\n");
+    const TOutcome outcome = Run(L"--page orders --play \"" + script.wstring() + L"\"");
     EXPECT_EQ(outcome.ExitCode, 0u) << outcome.Output;
 }
 
