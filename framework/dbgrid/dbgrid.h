@@ -183,6 +183,7 @@ protected:
     bool CanPressTitles() const override { return FOptions.Contains(dgTitleClick) && IsDataActive(); }
     void ColumnResized(int column, int width) override;
     void ColumnDragged(int from, int to) override;
+    void FitColumn(int column) override;
     void TitleClick(int column) override;
     void VisibleRowsChanged() override;
     void UpdateScrollBar() override;
@@ -273,7 +274,7 @@ private:
     void InsertRecord();
     void DeleteRecord();
     bool CanChangeRecords() const;
-    void ClickDataCell(TGridCoord cell, TShiftState shift);
+    void ClickDataCell(TGridCoord cell, TShiftState shift, bool again);
     /// A record was begun, and nothing has been entered into it.
     bool IsUntouchedInsert() const;
     void SelectByClick(TShiftState shift, int rowsMoved);

@@ -3,6 +3,8 @@
 #include "framework/dbgrid/dbgrid.h"
 #include "framework/dbgrid/griddatalink.h"
 #include "framework/dbgrid/inplaceedit.h"
+#include "framework/dbgrid/rowscope.h"
+#include "framework/graphics/textmetrics.h"
 #include "framework/windows/application.h"
 #include "framework/windows/clipboard.h"
 
@@ -412,6 +414,8 @@ void TCustomDBGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int
         TCustomGrid::MouseDown(button, shift, x, y);
     if (!alive || button != mbLeft || IsDragging() || IsDesigning() || !IsDataActive() || cell.Y < TitleOffset())
         return;
+    if (CanFocus() && !Focused())
+        return; // what the person comes from did not let go of him
     if (ButtonRect().Contains({x, y})) {
         FButtonPressed = true;
         InvalidateCell(FocusCell().X, FocusCell().Y);
@@ -419,15 +423,15 @@ void TCustomDBGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int
             OpenList();
         return;
     }
-    FPressedCell = hadFocus && cell == FocusCell() ? cell : TGridCoord{};
-    ClickDataCell(cell, shift);
-    if (alive && FPressedCell == TGridCoord{})
-        FPressedCell = {cell.X, -cell.Y}; // another one than before: a click, but none to edit
+    const bool again = hadFocus && cell == FocusCell();
+    ClickDataCell(cell, shift, again);
+    if (alive)
+        FPressedCell = cell;
 }
 
-void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift) {
+/// `again`: the cell has had the focus before.
+void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift, bool again) {
     TLifeGuard alive(*this);
-    const bool again = cell == FPressedCell;
     const int rows = cell.Y - FocusCell().Y;
     if (rows != 0)
         MoveRows(rows);
@@ -487,7 +491,7 @@ void TCustomDBGrid::MouseUp(TMouseButton button, TShiftState shift, int x, int y
             EditButtonClick();
         return;
     }
-    if (column && cell.Y >= TitleOffset() && cell.X == down.X && cell.Y == std::abs(down.Y))
+    if (column && cell.Y >= TitleOffset() && cell == down)
         CellClick(column);
 }
 
@@ -503,6 +507,23 @@ void TCustomDBGrid::TitleClick(int column) {
 void TCustomDBGrid::ColumnResized(int column, int width) {
     if (TColumn* resized = ColumnOfCell(column))
         resized->SetWidth(width);
+}
+
+void TCustomDBGrid::FitColumn(int column) {
+    TColumn* fitted = ColumnOfCell(column);
+    if (!fitted || !IsDataActive() || ShowsBox(*fitted))
+        return;
+    TLifeGuard alive(*this);
+    int width = TTextMeasure(*fitted->GetTitle()->GetFont()).Extent(fitted->GetTitle()->GetCaption()).Width;
+    for (int row = 0; row < GetShownRowCount(); ++row) {
+        const TRowScope scope(*this, row);
+        TField* field = fitted->GetField();
+        const String text = field ? field->GetDisplayText() : String();
+        if (!alive || ColumnOfCell(column) != fitted)
+            return; // a handler of the text has changed the columns
+        width = std::max(width, TTextMeasure(*fitted->GetFont()).Extent(text).Width);
+    }
+    fitted->SetWidth(width + 2 * kCellMargin + 2);
 }
 
 void TCustomDBGrid::ColumnDragged(int from, int to) {

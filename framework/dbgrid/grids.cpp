@@ -404,27 +404,30 @@ void TCustomGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int y
     if (alive)
         TCustomControl::MouseDown(button, shift, x, y);
     if (alive && button == mbLeft && !IsDesigning())
-        BeginTitleDrag(x, y);
+        BeginTitleDrag(x, y, shift.Contains(ssDouble));
 }
 
-bool TCustomGrid::BeginTitleDrag(int x, int y) {
+void TCustomGrid::BeginTitleDrag(int x, int y, bool twice) {
     const int divider = CanResizeColumns() ? FGeometry.DividerAt({x, y}, kDividerGrip) : -1;
     const TGridCoord cell = MouseCoord(x, y);
     FDragStart = x;
+    if (divider >= 0 && twice) {
+        FitColumn(divider);
+        return;
+    }
     if (divider >= 0) {
         FDrag = TDrag::Size;
         FDragColumn = divider;
         const int width = FGeometry.Columns[static_cast<std::size_t>(divider)].Width;
         FGripOffset = width - FGeometry.DraggedWidth(divider, x);
-        return true;
+        return;
     }
     if (cell.Y != 0 || FGeometry.FixedRows == 0 || cell.X < FGeometry.FixedColumns ||
         !(CanPressTitles() || CanResizeColumns()))
-        return false;
+        return;
     FDrag = TDrag::Press;
     FDragColumn = cell.X;
     SetPressed(CanPressTitles());
-    return true;
 }
 
 void TCustomGrid::SetPressed(bool value) {
@@ -607,6 +610,7 @@ void TCustomGrid::ShowEditor() {
         FEditor->SetParent(this);
     }
     const bool focused = Focused();
+    ShowColumn(FFocusCell.X);
     PrepareEditor(*FEditor);
     if (!alive || !FEditor)
         return;

@@ -103,6 +103,8 @@ protected:
     virtual void ColWidthsChanged() {}
     /// A person gave a column another width.
     virtual void ColumnResized(int column, int width) = 0;
+    /// A divider was clicked twice: the column is to become as wide as what it shows.
+    virtual void FitColumn(int column) = 0;
     /// A person dragged a column to the place of another one.
     virtual void ColumnDragged(int from, int to) = 0;
     virtual void TitleClick(int column) { (void)column; }
@@ -120,8 +122,6 @@ protected:
     virtual bool CanEditAccept(char16_t unit) const;
     /// What the editor begins with.
     virtual void PrepareEditor(TInplaceEdit& editor) = 0;
-    /// A person changed the editor's text.
-    virtual void EditorChanged() {}
     /// Takes over what was entered before the editor goes; raises when it cannot be.
     virtual void StoreEditor() {}
     /// The height of a line in the editor.
@@ -161,7 +161,7 @@ private:
     void PaintLines(TGridCoord cell);
     void PaintDragMark();
     void SetHotTitle(int column);
-    bool BeginTitleDrag(int x, int y);
+    void BeginTitleDrag(int x, int y, bool twice);
     void FinishDrag(int x, int y);
     void SetPressed(bool value);
 

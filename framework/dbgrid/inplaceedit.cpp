@@ -67,10 +67,8 @@ void TInplaceEdit::CreateWnd() {
 void TInplaceEdit::Change() {
     TLifeGuard alive(*this);
     TCustomEdit::Change();
-    if (!alive || FBeginning)
-        return;
-    FEntered = true;
-    FGrid->EditorChanged();
+    if (alive && !FBeginning)
+        FEntered = true;
 }
 
 void TInplaceEdit::WndProc(TMessage& message) {

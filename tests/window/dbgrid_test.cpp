@@ -302,6 +302,13 @@ TEST_F(DBGridTest, TheMouseSizesAndDragsColumns) {
     EXPECT_EQ(Captions().substr(0, 12), u"Id Name City");
     EXPECT_EQ(Data->Fields[0]->FieldName, u"Name");
 
+    const TRect name = Grid->TitleRect(1);
+    const LPARAM divider = PointToLParam({name.Right - 1, 5});
+    SendMessageW(Grid->Handle, WM_LBUTTONDBLCLK, MK_LBUTTON, divider);
+    SendMessageW(Grid->Handle, WM_LBUTTONUP, 0, divider);
+    EXPECT_LT(Grid->TitleRect(1).Width(), name.Width() / 2) << "as wide as the names that show";
+    Grid->Columns->GetColumn(1)->Width = name.Width();
+
     // From right to left everything is on the other side.
     Grid->BiDiMode = bdRightToLeft;
     Paint();

@@ -1,9 +1,9 @@
 // What a data grid shows: on the screen, piece by piece, and to screen readers.
 
 #include "framework/graphics/bitmaps.h"
+#include "tests/support/accessible.h"
 #include "tests/support/gridform.h"
 
-#include <oleacc.h>
 #include <random>
 
 using namespace testsupport;
@@ -113,66 +113,36 @@ TEST_F(DBGridViewTest, ScreenReadersHearCells) {
     Data->MoveBy(2);
     Grid->SelectedIndex = 2;
     Paint();
-    IAccessible* found = nullptr;
-    const auto object = [&](TWinControl& control) -> IAccessible* {
-        return AccessibleObjectFromWindow(control.Handle, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                                          reinterpret_cast<void**>(&found)) == S_OK
-                   ? found
-                   : nullptr;
-    };
-    ASSERT_TRUE(object(*Grid));
-    const auto number = [](long value) {
-        VARIANT child{};
-        child.vt = VT_I4;
-        child.lVal = value;
-        return child;
-    };
-    const auto text = [&](HRESULT (STDMETHODCALLTYPE IAccessible::*ask)(VARIANT, BSTR*), long child) {
-        BSTR answer = nullptr;
-        (found->*ask)(number(child), &answer);
-        const String result = FromWide(answer);
-        SysFreeString(answer);
-        return result;
-    };
-    const auto stateOf = [&](long child) {
-        VARIANT state{};
-        found->get_accState(number(child), &state);
-        return state.lVal;
-    };
+    const TAccessibleView view(*Grid);
+    ASSERT_TRUE(view.Found());
     constexpr long kColumns = 6; // those that show
     long count = 0;
-    found->get_accChildCount(&count);
+    view->get_accChildCount(&count);
     EXPECT_EQ(count, kColumns * (1 + Grid->GetShownRowCount()));
-    EXPECT_EQ(text(&IAccessible::get_accName, 2), u"Town");
+    EXPECT_EQ(view.Name(2), u"Town");
     const long cell = kColumns + 2 * kColumns + 2; // of the third record
-    EXPECT_EQ(text(&IAccessible::get_accName, cell), u"Town");
-    EXPECT_EQ(text(&IAccessible::get_accValue, cell), u"\u0141\u00F3d\u017A");
-    EXPECT_EQ(text(&IAccessible::get_accValue, cell - kColumns), u"Brno");
+    EXPECT_EQ(view.Name(cell), u"Town");
+    EXPECT_EQ(view.Value(cell), u"\u0141\u00F3d\u017A");
+    EXPECT_EQ(view.Value(cell - kColumns), u"Brno");
     EXPECT_EQ(Id(), 3) << "the dataset has not moved";
-    VARIANT focus{};
-    found->get_accFocus(&focus);
-    EXPECT_EQ(focus.lVal, cell);
+    EXPECT_EQ(view.Focus(), cell);
     constexpr long kMarks = STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED | STATE_SYSTEM_READONLY;
-    EXPECT_EQ(stateOf(cell) & kMarks, STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED);
-    EXPECT_EQ(stateOf(cell + 1) & kMarks, STATE_SYSTEM_READONLY);
-    EXPECT_EQ(stateOf(cell + 4) & STATE_SYSTEM_MIXED, STATE_SYSTEM_MIXED) << "a box that is neither";
+    EXPECT_EQ(view.State(cell) & kMarks, STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTED);
+    EXPECT_EQ(view.State(cell + 1) & kMarks, STATE_SYSTEM_READONLY);
+    EXPECT_EQ(view.State(cell + 4) & STATE_SYSTEM_MIXED, STATE_SYSTEM_MIXED) << "a box that is neither";
     long place[4] = {};
-    found->accLocation(&place[0], &place[1], &place[2], &place[3], number(cell));
+    view->accLocation(&place[0], &place[1], &place[2], &place[3], TAccessibleView::Number(cell));
     VARIANT hit{};
-    found->accHitTest(place[0] + 1, place[1] + 1, &hit);
+    view->accHitTest(place[0] + 1, place[1] + 1, &hit);
     EXPECT_EQ(hit.lVal, cell);
-    found->accSelect(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION, number(kColumns + 1));
+    view->accSelect(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION, TAccessibleView::Number(kColumns + 1));
     EXPECT_EQ(Id(), 1);
     EXPECT_EQ(Grid->SelectedIndex, 1);
-    found->accDoDefaultAction(number(cell));
+    view->accDoDefaultAction(TAccessibleView::Number(cell));
     ASSERT_NE(Editor(), nullptr);
     EXPECT_EQ(Id(), 3);
-    EXPECT_NE(found->get_accFocus(&focus) == S_OK && focus.vt == VT_I4 ? focus.lVal : 0, cell)
-        << "the focus is the editor's";
-    found->Release();
-    ASSERT_TRUE(object(*Editor()));
-    EXPECT_EQ(text(&IAccessible::get_accName, 0), u"Town");
-    found->Release();
+    EXPECT_NE(view.Focus(), cell) << "the focus is the editor's";
+    EXPECT_EQ(TAccessibleView(*Editor()).Name(0), u"Town");
 }
 
 } // namespace

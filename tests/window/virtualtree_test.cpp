@@ -3,12 +3,11 @@
 #include "framework/graphics/bitmaps.h"
 #include "framework/graphics/canvas.h"
 #include "framework/windows/clipboard.h"
+#include "tests/support/accessible.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/testtree.h"
 
 #include <gtest/gtest.h>
-
-#include <oleacc.h>
 
 using namespace framework;
 using namespace testsupport;
@@ -301,30 +300,16 @@ TEST_F(VirtualTreeTest, TellsScreenReadersOfRowsAndColumns) {
     Tree->CheckState[Row(3)] = csCheckedNormal;
     Tree->FocusedNode = Row(3);
     Tree->Selected[Row(3)] = true;
-    IAccessible* found = nullptr;
-    ASSERT_EQ(AccessibleObjectFromWindow(Tree->Handle, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
-                                         reinterpret_cast<void**>(&found)),
-              S_OK);
-    const auto number = [](long value) {
-        VARIANT child{};
-        child.vt = VT_I4;
-        child.lVal = value;
-        return child;
-    };
-    const auto text = [&](HRESULT (STDMETHODCALLTYPE IAccessible::*ask)(VARIANT, BSTR*), long child) {
-        BSTR answer = nullptr;
-        (found->*ask)(number(child), &answer);
-        const String result = FromWide(answer);
-        SysFreeString(answer);
-        return result;
-    };
+    const TAccessibleView found(*Tree);
+    ASSERT_TRUE(found.Found());
+    const auto number = &TAccessibleView::Number;
     long count = 0;
     found->get_accChildCount(&count);
     EXPECT_EQ(count, 2 + 50);
-    EXPECT_EQ(text(&IAccessible::get_accName, 2), u"Words");
-    EXPECT_EQ(text(&IAccessible::get_accName, 2 + 4), u"3");
-    EXPECT_EQ(text(&IAccessible::get_accDescription, 2 + 4), u"Words: row 3");
-    EXPECT_EQ(text(&IAccessible::get_accDefaultAction, 2 + 4), u"Uncheck");
+    EXPECT_EQ(found.Text(&IAccessible::get_accName, 2), u"Words");
+    EXPECT_EQ(found.Text(&IAccessible::get_accName, 2 + 4), u"3");
+    EXPECT_EQ(found.Text(&IAccessible::get_accDescription, 2 + 4), u"Words: row 3");
+    EXPECT_EQ(found.Text(&IAccessible::get_accDefaultAction, 2 + 4), u"Uncheck");
     VARIANT state{};
     found->get_accState(number(2 + 4), &state);
     constexpr LONG kAll = STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED | STATE_SYSTEM_CHECKED;
@@ -352,7 +337,6 @@ TEST_F(VirtualTreeTest, TellsScreenReadersOfRowsAndColumns) {
     EXPECT_EQ(rows->Skip(3), S_OK) << "exactly all of them";
     rows->Release();
     state.punkVal->Release();
-    found->Release();
 }
 
 TEST(VirtualTree, GivesItsHandlesBack) {
