@@ -36,7 +36,7 @@ public:
     framework::String Text(HRESULT (STDMETHODCALLTYPE IAccessible::*ask)(VARIANT, BSTR*), long child) const {
         BSTR answer = nullptr;
         (FObject->*ask)(Number(child), &answer);
-        const framework::String result = framework::FromWide(answer);
+        framework::String result = framework::FromWide(answer);
         SysFreeString(answer);
         return result;
     }
