@@ -356,15 +356,19 @@ void TCustomGrid::PaintCell(TGridCoord cell, const TRect& shown) {
 }
 
 void TCustomGrid::PaintLines(TGridCoord cell) {
-    TCanvas& canvas = *GetCanvas();
+    const HDC dc = GetCanvas()->GetHandle();
     const TRect whole = FGeometry.CellRect(cell);
     const TRect shown = FGeometry.ShownRect(cell);
-    canvas.GetBrush()->SetColor(clBtnFace);
+    // The system's own brush: that of the canvas stays as it is for the next cell.
+    const auto line = [&](const TRect& place) {
+        const RECT rect = ToWin(place);
+        ::FillRect(dc, &rect, GetSysColorBrush(COLOR_BTNFACE));
+    };
     if (FLines.Rows)
-        canvas.FillRect({shown.Left, whole.Bottom - 1, shown.Right, whole.Bottom});
+        line({shown.Left, whole.Bottom - 1, shown.Right, whole.Bottom});
     const int x = FGeometry.Mirrored ? whole.Left : whole.Right - 1;
     if (FLines.Columns && x >= shown.Left && x < shown.Right)
-        canvas.FillRect({x, shown.Top, x + 1, whole.Bottom});
+        line({x, shown.Top, x + 1, whole.Bottom});
 }
 
 /// A thick line where the dragged column would go.
