@@ -594,10 +594,15 @@ void TCustomDBGrid::UpdateScrollBar() {
     info.nMax = bar.Last;
     info.nPage = static_cast<UINT>(bar.Page);
     info.nPos = bar.Position;
-    if (GetScrollInfo(FHandle, SB_VERT, &present) && present.nMax == info.nMax && present.nPage == info.nPage &&
-        present.nPos == info.nPos)
+    GetScrollInfo(FHandle, SB_VERT, &present);
+    const bool sameRange = present.nMax == info.nMax && present.nPage == info.nPage;
+    if (sameRange && present.nPos == info.nPos)
         return;
-    SetScrollInfo(FHandle, SB_VERT, &info, TRUE);
+    // Painting a bar costs more than painting the two rows of a move; among many records the thumb seldom moves.
+    const auto pixel = [&](int position) {
+        return static_cast<std::int64_t>(position) * Geometry().Client.Height / std::max(info.nMax, 1);
+    };
+    SetScrollInfo(FHandle, SB_VERT, &info, !sameRange || pixel(present.nPos) != pixel(info.nPos));
 }
 
 void TCustomDBGrid::VerticalScroll(int code) {
