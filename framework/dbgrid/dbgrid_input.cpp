@@ -575,7 +575,7 @@ void TCustomDBGrid::UpdateScrollBar() {
     TCustomGrid::UpdateScrollBar();
     if (!HandleAllocated())
         return;
-    TRowBar bar;
+    TScrollBarPlace bar;
     if (IsDataActive()) {
         TDataSet& dataSet = *GetDataSet();
         const bool inserting = dataSet.GetState() == dsInsert;
@@ -587,22 +587,7 @@ void TCustomDBGrid::UpdateScrollBar() {
             bar = BarOfEnds(FDataLink->GetBof(), FDataLink->GetEof());
         }
     }
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_ALL;
-    SCROLLINFO present = info;
-    info.nMax = bar.Last;
-    info.nPage = static_cast<UINT>(bar.Page);
-    info.nPos = bar.Position;
-    GetScrollInfo(FHandle, SB_VERT, &present);
-    const bool sameRange = present.nMax == info.nMax && present.nPage == info.nPage;
-    if (sameRange && present.nPos == info.nPos)
-        return;
-    // Painting a bar costs more than painting the two rows of a move; among many records the thumb seldom moves.
-    const auto pixel = [&](int position) {
-        return static_cast<std::int64_t>(position) * Geometry().Client.Height / std::max(info.nMax, 1);
-    };
-    SetScrollInfo(FHandle, SB_VERT, &info, !sameRange || pixel(present.nPos) != pixel(info.nPos));
+    SetBar(SB_VERT, bar);
 }
 
 void TCustomDBGrid::VerticalScroll(int code) {

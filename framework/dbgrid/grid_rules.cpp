@@ -107,7 +107,7 @@ int TGridGeometry::NextColumn(int from, int step) const {
     return -1;
 }
 
-TRowBar BarOfNumber(int number, int count, int visible) {
+TScrollBarPlace BarOfNumber(int number, int count, int visible) {
     if (count <= visible)
         return {};
     // One position for each record, so that dragging reaches the last one.
@@ -118,7 +118,7 @@ int NumberOfBar(int position, int count) {
     return std::clamp(position + 1, 1, std::max(count, 1));
 }
 
-TRowBar BarOfEnds(bool atFirst, bool atLast) {
+TScrollBarPlace BarOfEnds(bool atFirst, bool atLast) {
     return {kEndsLast, 1, atFirst ? 0 : atLast ? kEndsLast : kEndsLast / 2};
 }
 

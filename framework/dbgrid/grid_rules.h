@@ -62,20 +62,20 @@ private:
     TRect Place(TRect rect) const;
 };
 
-/// What a vertical scroll bar shows of a dataset.
-struct TRowBar {
+/// What a scroll bar says, from position 0.
+struct TScrollBarPlace {
     int Last = 0; ///< the greatest position; 0 when there is nothing to scroll
     int Page = 0;
     int Position = 0;
-    friend bool operator==(const TRowBar&, const TRowBar&) = default;
+    friend bool operator==(const TScrollBarPlace&, const TScrollBarPlace&) = default;
 };
 
 /// The bar by the number of the active record, from 1, among `count` records of which `visible` fit.
-TRowBar BarOfNumber(int number, int count, int visible);
+TScrollBarPlace BarOfNumber(int number, int count, int visible);
 /// The number that a position of that bar means.
 int NumberOfBar(int position, int count);
 /// Where records have no numbers the thumb has three places: at the first one, at the last one, between.
-TRowBar BarOfEnds(bool atFirst, bool atLast);
+TScrollBarPlace BarOfEnds(bool atFirst, bool atLast);
 enum class TRowBarMove { None, First, PageUp, PageDown, Last };
 /// What dragging that thumb to a position asks for.
 TRowBarMove MoveOfBar(int position);

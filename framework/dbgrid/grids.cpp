@@ -158,18 +158,29 @@ void TCustomGrid::UpdateClient() {
 void TCustomGrid::UpdateScrollBar() {
     if (!HandleAllocated())
         return;
-    SCROLLINFO info{};
-    info.cbSize = sizeof(info);
-    info.fMask = SIF_ALL;
+    TScrollBarPlace bar;
     const int range = FGeometry.ScrollRange();
     const int extent = FGeometry.ScrollExtent();
-    if (range > extent && extent > 0) {
-        info.nMax = range - 1;
-        info.nPage = static_cast<UINT>(extent);
-        // The bar counts from the left in any case.
-        info.nPos = FGeometry.Mirrored ? range - extent - FGeometry.ScrollX : FGeometry.ScrollX;
-    }
-    SetScrollInfo(FHandle, SB_HORZ, &info, TRUE);
+    // The bar counts from the left in any case.
+    if (range > extent && extent > 0)
+        bar = {range - 1, extent, FGeometry.Mirrored ? range - extent - FGeometry.ScrollX : FGeometry.ScrollX};
+    SetBar(SB_HORZ, bar);
+}
+
+/// Painting a bar costs more than painting the two rows of a move, so it is done only when the thumb moves by a pixel.
+void TCustomGrid::SetBar(int which, const TScrollBarPlace& bar) {
+    SCROLLINFO info{sizeof(info), SIF_ALL, 0, bar.Last, static_cast<UINT>(bar.Page), bar.Position, 0};
+    SCROLLINFO present{sizeof(present), SIF_ALL, 0, 0, 0, 0, 0};
+    GetScrollInfo(FHandle, which, &present);
+    const bool shows = (GetWindowLongPtrW(FHandle, GWL_STYLE) & (which == SB_HORZ ? WS_HSCROLL : WS_VSCROLL)) != 0;
+    const bool sameRange = shows == (bar.Last > 0) && present.nMax == info.nMax && present.nPage == info.nPage;
+    if (sameRange && present.nPos == info.nPos)
+        return;
+    const int length = which == SB_HORZ ? FGeometry.Client.Width : FGeometry.Client.Height;
+    const auto pixel = [&](int position) {
+        return static_cast<std::int64_t>(position) * length / std::max(info.nMax, 1);
+    };
+    SetScrollInfo(FHandle, which, &info, !sameRange || pixel(present.nPos) != pixel(info.nPos));
 }
 
 void TCustomGrid::ScrollColumnsTo(int offset) {

@@ -84,6 +84,8 @@ protected:
     /// What is scrolled moves by so many rows, downwards when positive.
     void ScrollRowsBy(int rows);
 
+    /// Shows a scroll bar (SB_HORZ, SB_VERT) with its thumb there, or none.
+    void SetBar(int which, const TScrollBarPlace& bar);
     void InvalidateCell(int column, int row);
     void InvalidateRow(int row);
 

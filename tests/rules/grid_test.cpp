@@ -96,9 +96,9 @@ TEST(GridGeometry, ScrollsSizesAndDrags) {
 }
 
 TEST(GridBar, TellsAndTakesPlaces) {
-    EXPECT_EQ(BarOfNumber(1, 5, 5), TRowBar{}) << "all of them show";
-    EXPECT_EQ(BarOfNumber(1, 6, 5), (TRowBar{9, 5, 0}));
-    const TRowBar last = BarOfNumber(1000000, 1000000, 20);
+    EXPECT_EQ(BarOfNumber(1, 5, 5), TScrollBarPlace{}) << "all of them show";
+    EXPECT_EQ(BarOfNumber(1, 6, 5), (TScrollBarPlace{9, 5, 0}));
+    const TScrollBarPlace last = BarOfNumber(1000000, 1000000, 20);
     EXPECT_EQ(last.Position + last.Page - 1, last.Last) << "the thumb reaches the end with the last record";
     for (const int number : {1, 2, 500000, 1000000})
         EXPECT_EQ(NumberOfBar(BarOfNumber(number, 1000000, 20).Position, 1000000), number);
