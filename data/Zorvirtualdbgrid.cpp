@@ -58,13 +58,30 @@ const TClassInfo& TVirtualDBGridHeader::StaticClass() {
     return info;
 }
 
+/// Its columns are those of the grid, and what they say comes from the data: text forms do without them.
+class TVirtualDBGridFooter final : public TVTHeader {
+    FRAMEWORK_CLASS(TVirtualDBGridFooter)
+
+public:
+    using TVTHeader::TVTHeader;
+};
+
+const TClassInfo& TVirtualDBGridFooter::StaticClass() {
+    static const TClassInfo info = DescribeClass<TVirtualDBGridFooter>(
+        u"TVirtualDBGridFooter", TVTHeader::StaticClass(),
+        {Property<&TVTHeader::GetColumns, &TVTHeader::SetColumns>(u"Columns").NotStored()});
+    return info;
+}
+
 } // namespace
 
 const TClassInfo& TZORVirtualDBGrid::StaticClass() {
     using G = TZORVirtualDBGrid;
     static const TClassInfo info = DescribeClass<G>(
         u"TZORVirtualDBGrid", TVirtualDrawTree::StaticClass(),
-        {Event<&G::OnDrawTextNode>(u"OnDrawTextNode"), Event<&G::OnGetFooterText>(u"OnGetFooterText"),
+        {Property<&G::GetNodeDataSize, &G::SetNodeDataSize>(u"NodeDataSize", 0).NotStored(), // both follow the data
+         Property<&G::GetRootNodeCount, &G::SetRootNodeCount>(u"RootNodeCount", 0).NotStored(),
+         Event<&G::OnDrawTextNode>(u"OnDrawTextNode"), Event<&G::OnGetFooterText>(u"OnGetFooterText"),
          Event<&G::AfterInitNode>(u"AfterInitNode"),
          Property<&G::GetColumns, &G::SetColumns>(u"Columns").StoredWhen<&G::ColumnsStored>(),
          Property<&G::GetDataSource, &G::SetDataSource>(u"DataSource"),
@@ -83,7 +100,7 @@ const TClassInfo& TZORVirtualDBGrid::StaticClass() {
 
 TZORVirtualDBGrid::TZORVirtualDBGrid(TComponent* owner)
     : TVirtualDrawTree(owner), FDataLink(std::make_unique<TVirtualDBGridDataLink>(*this)),
-      FHolder(new TColumnHolder(*this)), FFooter(std::make_unique<TVTHeader>(this)) {
+      FHolder(new TColumnHolder(*this)), FFooter(std::make_unique<TVirtualDBGridFooter>(this)) {
     InitializeGrid();
 }
 
@@ -107,6 +124,7 @@ void TZORVirtualDBGrid::Loaded() {
     TVirtualDrawTree::Loaded();
     if (!alive)
         return;
+    FRemakes = false; // the form has brought the columns as they were
     FooterChanged();
     if (GetColumns()->GetCount() > 0)
         RefreshColumns();
@@ -151,10 +169,9 @@ void TZORVirtualDBGrid::SetCheckMode(bool value) {
         for (TVirtualNode* node = GetRootNode()->GetFirstChild(); node; node = node->GetNextSibling())
             OfferBox(node);
     }
-    if (IsLoading() || GetColumns()->GetCount() == 0)
-        return;
-    RemakeColumns();
-    RefreshColumns();
+    FRemakes = true;
+    if (!IsLoading() && GetColumns()->GetCount() > 0)
+        RefreshColumns();
 }
 
 void TZORVirtualDBGrid::OfferBox(TVirtualNode* node) {
@@ -206,14 +223,18 @@ void TZORVirtualDBGrid::FixCheckColumn(TVirtualTreeColumn& column) const {
     column.SetWidth(kCheckColumnWidth);
 }
 
-void TZORVirtualDBGrid::RemakeColumns() {
+/// Gives header and footer as many columns as there are; those of one that has them already stay unless `all`.
+void TZORVirtualDBGrid::RemakeColumns(bool all) {
     TVTHeader& header = *GetHeader();
     const TColumnIndex mainColumn = header.GetMainColumn();
     const TColumnIndex sortColumn = header.GetSortColumn();
     const TColumnIndex autoSizeIndex = header.GetAutoSizeIndex();
     const int count = GetColumns()->GetCount();
+    FShownColumns.clear();
     for (TVTHeader* each : {&header, FFooter.get()}) {
         TVirtualTreeColumns& columns = *each->GetColumns();
+        if (!all && columns.GetCount() == count)
+            continue;
         WithinUpdate(columns, [&] {
             columns.Clear();
             while (columns.GetCount() < count)
@@ -232,7 +253,7 @@ void TZORVirtualDBGrid::RemakeColumns() {
 
 /// Takes one column over; true when something in the header is otherwise than before. What a column has from its field
 /// stays while the dataset is closed.
-bool TZORVirtualDBGrid::MirrorColumn(int index, bool isNew) {
+bool TZORVirtualDBGrid::MirrorColumn(int index) {
     const TColumn& source = *GetColumns()->GetColumn(index);
     TVirtualTreeColumn& shown = *GetHeader()->GetColumns()->GetColumn(index);
     TVirtualTreeColumn& footer = *FFooter->GetColumns()->GetColumn(index);
@@ -241,7 +262,9 @@ bool TZORVirtualDBGrid::MirrorColumn(int index, bool isNew) {
                           shown.GetAlignment(), footer.GetPosition(), footer.IsVisible(), footer.GetWidth());
     };
     const auto before = looks();
-    const bool follows = isNew || source.GetField();
+    FShownColumns.resize(static_cast<std::size_t>(GetColumns()->GetCount()), -1);
+    int& shownID = FShownColumns[static_cast<std::size_t>(index)];
+    const bool follows = std::exchange(shownID, source.GetID()) != source.GetID() || source.GetField();
     const bool centered = ShowsCheckMark(index) && !source.IsAlignmentStored();
     if (follows || source.GetTitle()->IsCaptionStored())
         shown.SetText(source.GetTitle()->GetCaption());
@@ -265,12 +288,12 @@ void TZORVirtualDBGrid::RefreshColumns() {
     TLifeGuard alive(*this);
     FColumnsChanged = false;
     const int count = GetColumns()->GetCount();
-    const bool remakes = GetHeader()->GetColumns()->GetCount() != count || FFooter->GetColumns()->GetCount() != count;
-    if (remakes)
-        RemakeColumns();
-    bool changed = remakes;
+    const bool all = std::exchange(FRemakes, false);
+    bool changed = all || GetHeader()->GetColumns()->GetCount() != count || FFooter->GetColumns()->GetCount() != count;
+    if (changed)
+        RemakeColumns(all);
     for (int i = 0; alive && i < count; ++i)
-        changed = MirrorColumn(i, remakes) || changed; // a handler of OnColumnResize may do anything
+        changed = MirrorColumn(i) || changed; // a handler of OnColumnResize may do anything
     if (!alive)
         return;
     if (TitleFontStored())

@@ -260,8 +260,8 @@ private:
 
     // Zorvirtualdbgrid.cpp
     void InitializeGrid();
-    void RemakeColumns();
-    bool MirrorColumn(int index, bool isNew);
+    void RemakeColumns(bool all);
+    bool MirrorColumn(int index);
     void FixCheckColumn(TVirtualTreeColumn& column) const;
     void ColumnsChanged();
     void ShowNode(TVirtualNode* node);
@@ -287,7 +287,7 @@ private:
     void WalkRecords(TDataSet& dataSet, TBody&& body);
     void PrepareWalk(TWalk& walk);
     bool ReadRecord(TVirtualDBGridNode& data);
-    TRowId ReadKey(TDataSet& dataSet);
+    static TRowId ReadKey(const TWalk& walk);
     void HideRowsFrom(unsigned index);
     TField* KeyField(TDataSet& dataSet, TKeyField& key) const;
     TVirtualDBGridNode* DataOf(TVirtualNode* node) const;
@@ -302,8 +302,10 @@ private:
     bool DrawsItself() const;
     bool UsesContentRect(const TVTPaintInfo& info) const;
     TFont* FontOf(int column) const;
-    void DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool ownFont);
-    void DrawCheckMark(const TVTPaintInfo& info, HDC dc, bool checked) const;
+    TColor ColorOf(const TVTPaintInfo& info) const;
+    bool HasGround(int column, TColor color) const;
+    void DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool direct);
+    void DrawCheckMark(const TVTPaintInfo& info, HDC dc, bool checked, bool direct) const;
     bool ShowsCheckMark(int column) const;
     bool PrepareFooterTexts();
     void PaintFooterCells(const std::shared_ptr<TCanvas>& canvas, const TRect& rect, int offset);
@@ -318,6 +320,7 @@ private:
     std::unique_ptr<TVTHeader> FFooter;
     std::map<TColumn*, TTotal> FTotals;
     std::vector<std::pair<int, String>> FReadColumns; // IDs and fields of the columns when the rows were read
+    std::vector<int> FShownColumns;                   // IDs of the columns that header and footer show
     TKeyField FKeyFields[2] = {{String(kIdColumnName)}, {String(kGuidColumnName)}};
     TNodePool FRowPool{sizeof(TVirtualDBGridRow)};
     std::vector<int> FHintColumns;
@@ -331,6 +334,7 @@ private:
     bool FReadFiltered = false; // whether the dataset was when the rows were read
     bool FReading = false;
     bool FMirroring = false;      // columns change because others have
+    bool FRemakes = false;        // they are to be made anew
     bool FColumnsChanged = false; // and have not been taken over yet
     bool FFooterDirty = false;
     bool FPaintingFooter = false;

@@ -45,7 +45,7 @@ void TZORVirtualDBGrid::PaintWindow(HDC dc) {
     if (outer)
         outer->Leave();
     TDataSet* dataSet = GetDataSet();
-    FPainting = dataSet ? std::make_shared<TPainting>(*dataSet, IsThemed()) : nullptr;
+    FPainting = dataSet ? std::make_shared<TPainting>(*dataSet) : nullptr;
     const std::shared_ptr<TPainting> painting = FPainting;
     const TAtScopeEnd done(*this, [&] {
         if (painting)
@@ -81,6 +81,16 @@ TFont* TZORVirtualDBGrid::FontOf(int column) const {
     return shown.IsFontStored() ? shown.GetFont() : GetFont();
 }
 
+TColor TZORVirtualDBGrid::ColorOf(const TVTPaintInfo& info) const {
+    return RowColor(info.Node->GetIndex(), static_cast<int>(GetNodeLevel(info.Node)));
+}
+
+/// Whether the tree has filled the column with this colour already.
+bool TZORVirtualDBGrid::HasGround(int column, TColor color) const {
+    return GetHeader()->GetColumns()->GetColumn(column)->GetOptions().Contains(coParentColor) &&
+           static_cast<TColor>(ColorToRGB(GetColor())) == color;
+}
+
 void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintInfo) {
     if (paintInfo.Column < 0 || (FCheckMode && paintInfo.Column == GetHeader()->GetMainColumn()))
         return;
@@ -99,8 +109,8 @@ void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintIn
         info.Canvas->GetFont()->SetColor(TextColor(info));
     }
     const HDC dc = direct ? info.DC : info.Canvas->GetHandle();
-    if (!info.Node->Has(vsSelected))
-        FillArea(dc, info.CellRect, RowColor(info.Node->GetIndex(), static_cast<int>(GetNodeLevel(info.Node))));
+    if (const TColor color = ColorOf(info); !info.Node->Has(vsSelected) && !(direct && HasGround(info.Column, color)))
+        FillArea(dc, info.CellRect, color);
     if (OnDrawTextNode) {
         Fire(*this, OnDrawTextNode, this, info, text);
         return;
@@ -108,14 +118,14 @@ void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintIn
     if (!direct || font == GetFont())
         return DrawCaption(info, text, dc, direct);
     const TSelectedObject selected(dc, font->GetHandle());
-    DrawCaption(info, text, dc, false);
+    DrawCaption(info, text, dc, direct);
 }
 
-void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool ownFont) {
+void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool direct) {
     if (text.empty())
         return;
     if ((text == kTrueText || text == kFalseText) && ShowsCheckMark(info.Column))
-        return DrawCheckMark(info, dc, text == kTrueText);
+        return DrawCheckMark(info, dc, text == kTrueText, direct);
     SetTextColor(dc, ColorToRGB(TextColor(info)));
     SetBkMode(dc, TRANSPARENT);
     const auto isControl = [](char16_t unit) { return unit < u' '; };
@@ -123,9 +133,9 @@ void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text
     if (std::any_of(text.begin(), text.end(), isControl)) {
         String line = text;
         std::replace_if(line.begin(), line.end(), isControl, u' ');
-        fits = DrawCellText(dc, line, info, ownFont);
+        fits = DrawCellText(dc, line, info, direct && FontOf(info.Column) == GetFont());
     } else {
-        fits = DrawCellText(dc, text, info, ownFont);
+        fits = DrawCellText(dc, text, info, direct && FontOf(info.Column) == GetFont());
     }
     if (!fits && !IsHintColumn(info.Column))
         FHintColumns.push_back(info.Column);
@@ -136,18 +146,27 @@ bool TZORVirtualDBGrid::ShowsCheckMark(int column) const {
     return field && field->GetDataType() == ftBoolean;
 }
 
-void TZORVirtualDBGrid::DrawCheckMark(const TVTPaintInfo& info, HDC dc, bool checked) const {
-    std::optional<TCheckPainter> own;
-    const TCheckPainter& boxes = FPainting ? FPainting->Boxes : own.emplace(IsThemed());
-    const TSize size = boxes.Size();
+void TZORVirtualDBGrid::DrawCheckMark(const TVTPaintInfo& info, HDC dc, bool checked, bool direct) const {
+    std::optional<TCheckSeries> own;
+    std::optional<TCheckSeries>& boxes = FPainting && direct ? FPainting->Boxes : own;
+    if (!boxes)
+        boxes.emplace(IsThemed());
+    const TSize size = boxes->Size();
     const TRect room = info.ContentRect.Inflated(-GetTextMargin(), 0);
     int left = (room.Left + room.Right - size.Width) / 2;
     if (info.Alignment != taCenter)
         left = info.Alignment == taLeftJustify ? room.Left : room.Right - size.Width;
     const TRect box = Bounds(left, (room.Top + room.Bottom - size.Height) / 2, size.Width, size.Height);
+    const TCheckLook look{.Mark = checked ? TCheckMark::Checked : TCheckMark::Unchecked, .Enabled = GetEnabled()};
+    const bool fits = box.Left >= info.CellRect.Left && box.Right <= info.CellRect.Right &&
+                      box.Top >= info.CellRect.Top && box.Bottom <= info.CellRect.Bottom;
+    const auto ground = info.Node->Has(vsSelected) ? 0x1000000u | static_cast<unsigned>(info.Column)
+                                                   : static_cast<unsigned>(ColorOf(info));
+    if (fits)
+        return boxes->Draw(dc, box, look, ground);
     const TSavedDC saved(dc);
     IntersectClipRect(dc, info.CellRect.Left, info.CellRect.Top, info.CellRect.Right, info.CellRect.Bottom);
-    boxes.Draw(dc, box, {.Mark = checked ? TCheckMark::Checked : TCheckMark::Unchecked, .Enabled = GetEnabled()});
+    boxes->Draw(dc, box, look, ground);
 }
 
 // The footer's room

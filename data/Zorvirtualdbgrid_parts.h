@@ -25,12 +25,14 @@ private:
 struct TZORVirtualDBGrid::TWalk {
     TCustomADODataSet* DataSet; ///< stands on the record of the row that comes next
     std::vector<std::pair<TField*, TColumnTotal*>> Totals;
+    const TField* Id = nullptr; ///< null where rows have no such key
+    const TField* Guid = nullptr;
     int Number = 0; ///< of records that were read
 };
 
 /// One painting of the rows.
 struct TZORVirtualDBGrid::TPainting {
-    TPainting(TDataSet& dataSet, bool themed) : DataSet(&dataSet), Reader(dataSet), Boxes(themed) {}
+    explicit TPainting(TDataSet& dataSet) : DataSet(&dataSet), Reader(dataSet) {}
 
     /// The next text has to go to its record.
     void Leave() {
@@ -40,9 +42,9 @@ struct TZORVirtualDBGrid::TPainting {
 
     TDataSet* DataSet;
     TDataSet::TPassingReader Reader;
-    TVirtualNode* Node = nullptr; ///< whose record is being read
-    bool Found = false;           ///< whether it is there
-    TCheckPainter Boxes;
+    TVirtualNode* Node = nullptr;      ///< whose record is being read
+    bool Found = false;                ///< whether it is there
+    std::optional<TCheckSeries> Boxes; ///< made with the first one
 };
 
 /// The handler of OnDrawNode that the grid itself assigns.

@@ -195,7 +195,7 @@ bool TZORVirtualDBGrid::ReadBookmarks(TDataSet& dataSet) {
         TVirtualNode* node = GetRootNode()->GetFirstChild();
         for (; same && node && FWalk && !dataSet.GetEof(); node = node->GetNextSibling()) {
             TVirtualDBGridNode* data = DataOf(node);
-            same = data && data->Row && ReadKey(dataSet) == GetRowId(node);
+            same = data && data->Row && ReadKey(*FWalk) == GetRowId(node);
             if (!same)
                 break;
             data->Row->Bookmark = dataSet.GetBookmark();
@@ -208,6 +208,20 @@ bool TZORVirtualDBGrid::ReadBookmarks(TDataSet& dataSet) {
         Invalidate();
     return same;
 }
+
+namespace {
+
+void GoBack(TDataSet& dataSet, const TBookmark& place) {
+    try {
+        if (dataSet.BookmarkValid(place))
+            return dataSet.GotoBookmark(place);
+    } catch (const EDatabaseError&) { // NOLINT(bugprone-empty-catch): a filter keeps the record out
+    }
+    if (dataSet.GetActive())
+        dataSet.First();
+}
+
+} // namespace
 
 /// Runs `body` with the dataset on its first record and controls disabled, and then goes back to where it was.
 template <class TBody>
@@ -223,18 +237,14 @@ void TZORVirtualDBGrid::WalkRecords(TDataSet& dataSet, TBody&& body) {
         const TBookmark place = dataSet.GetBookmark();
         dataSet.First();
         if (alive && there && FDataLink->GetActive()) {
-            TWalk walk{As<TCustomADODataSet>(&dataSet), {}, 0};
+            TWalk walk{.DataSet = As<TCustomADODataSet>(&dataSet)};
             FWalk = walk.DataSet && walk.DataSet->GetRecordset() ? &walk : nullptr;
             const TAtScopeEnd done(*this, [this] { FWalk = nullptr; });
             PrepareWalk(walk);
             body();
         }
-        if (there && dataSet.GetActive()) {
-            if (dataSet.BookmarkValid(place))
-                dataSet.GotoBookmark(place);
-            else
-                dataSet.First();
-        }
+        if (there && dataSet.GetActive())
+            GoBack(dataSet, place);
     } catch (...) {
         enable();
         throw;
@@ -243,6 +253,10 @@ void TZORVirtualDBGrid::WalkRecords(TDataSet& dataSet, TBody&& body) {
 }
 
 void TZORVirtualDBGrid::PrepareWalk(TWalk& walk) {
+    if (!walk.DataSet)
+        return;
+    walk.Id = KeyField(*walk.DataSet, FKeyFields[0]);
+    walk.Guid = KeyField(*walk.DataSet, FKeyFields[1]);
     walk.Totals.clear();
     for (int i = 0; i < GetColumns()->GetCount(); ++i) {
         TField* field = FieldOf(i);
@@ -289,13 +303,9 @@ TGUID GuidOf(const TField& field) {
 
 } // namespace
 
-TRowId TZORVirtualDBGrid::ReadKey(TDataSet& dataSet) {
-    TRowId key;
-    if (const TField* field = KeyField(dataSet, FKeyFields[0]))
-        key.first = NumberOf(*field);
-    if (const TField* field = KeyField(dataSet, FKeyFields[1]))
-        key.second = GuidOf(*field);
-    return key;
+/// The key of the record on which the dataset stands.
+TRowId TZORVirtualDBGrid::ReadKey(const TWalk& walk) {
+    return {walk.Id ? NumberOf(*walk.Id) : 0, walk.Guid ? GuidOf(*walk.Guid) : TGUID()};
 }
 
 /// Takes the record on which the dataset stands; false when there is none for this row.
@@ -307,17 +317,21 @@ bool TZORVirtualDBGrid::ReadRecord(TVirtualDBGridNode& data) {
     data.Row->Number = ++FWalk->Number;
     for (const auto& [field, total] : FWalk->Totals)
         total->Add(field->GetData());
-    const TRowId key = ReadKey(dataSet);
+    const TRowId key = ReadKey(*FWalk);
     data.id = key.first;
     data.guid = key.second;
     return true;
 }
 
 void TZORVirtualDBGrid::DoInitNode(TVirtualNode* parent, TVirtualNode* node, TVirtualNodeInitStates& initialStates) {
-    TLifeGuard alive(*this);
-    const TNodeRef still(Nodes(), node);
-    TVirtualDrawTree::DoInitNode(parent, node, initialStates);
-    TVirtualDBGridNode* data = alive && still ? DataOf(node) : nullptr;
+    if (OnInitNode) {
+        TLifeGuard alive(*this);
+        const TNodeRef still(Nodes(), node);
+        TVirtualDrawTree::DoInitNode(parent, node, initialStates);
+        if (!alive || !still)
+            return;
+    }
+    TVirtualDBGridNode* data = DataOf(node);
     if (!data)
         return;
     MakeRow(*data);

@@ -99,14 +99,31 @@ void TColumnTotal::Add(const TFieldValue& value) {
 }
 
 void TColumnTotal::AddExact(std::int64_t units, int scale) {
+    const bool fits = units >= 0 ? FUnits <= INT64_MAX - units : FUnits >= INT64_MIN - units;
+    if (scale != FUnitsScale || !fits) {
+        AddUnits(std::exchange(FUnits, 0), FUnitsScale);
+        FUnitsScale = scale;
+        FScale = std::max(FScale, scale);
+    }
+    FUnits += units;
+}
+
+void TColumnTotal::AddUnits(std::int64_t units, int scale) {
     const std::int64_t one = PowerOfTen(scale);
     const std::int64_t whole = scale == 0 ? units : units / one;
     FBillions += whole / kBillion;
     FOnes += whole % kBillion;
     if (scale > 0)
         FFraction += units % one * PowerOfTen(kFractionDigits - scale);
-    FScale = std::max(FScale, scale);
     Carry();
+}
+
+/// The same total without anything to be added up.
+TColumnTotal TColumnTotal::Settled() const {
+    TColumnTotal same = *this;
+    same.FUnits = 0;
+    same.AddUnits(FUnits, FUnitsScale);
+    return same;
 }
 
 void TColumnTotal::AddDigits(StringView digits) {
@@ -154,13 +171,14 @@ void TColumnTotal::AddFloat(Extended value) {
 }
 
 String TColumnTotal::Digits() const {
-    TColumnTotal same = *this;
+    TColumnTotal same = Settled();
     // All parts get the sign of the whole.
-    const bool isNegative = FBillions < 0 || (FBillions == 0 && (FOnes < 0 || (FOnes == 0 && FFraction < 0)));
+    const bool isNegative =
+        same.FBillions < 0 || (same.FBillions == 0 && (same.FOnes < 0 || (same.FOnes == 0 && same.FFraction < 0)));
     if (isNegative) {
-        same.FBillions = -FBillions;
-        same.FOnes = -FOnes;
-        same.FFraction = -FFraction;
+        same.FBillions = -same.FBillions;
+        same.FOnes = -same.FOnes;
+        same.FFraction = -same.FFraction;
     }
     if (same.FFraction < 0) {
         same.FFraction += kFractionOne;
@@ -182,9 +200,10 @@ String TColumnTotal::Digits() const {
 }
 
 Extended TColumnTotal::AsFloat() const {
-    const Extended exact = static_cast<Extended>(FBillions) * kBillion + static_cast<Extended>(FOnes) +
-                           static_cast<Extended>(FFraction) / kFractionOne;
-    return FFloat + (FFloatError + exact);
+    const TColumnTotal same = Settled();
+    const Extended exact = static_cast<Extended>(same.FBillions) * kBillion + static_cast<Extended>(same.FOnes) +
+                           static_cast<Extended>(same.FFraction) / kFractionOne;
+    return same.FFloat + (same.FFloatError + exact);
 }
 
 TFieldValue TColumnTotal::Value(OleVariant& keeper) const {

@@ -40,6 +40,8 @@ private:
     using TKind = TFieldValue::TKind;
 
     void AddExact(std::int64_t units, int scale);
+    void AddUnits(std::int64_t units, int scale);
+    TColumnTotal Settled() const;
     void AddDigits(StringView digits);
     void AddFloat(Extended value);
     void Carry();
@@ -47,7 +49,10 @@ private:
     String Digits() const;
     Extended AsFloat() const;
 
-    // The exact part is FBillions * 10^9 + FOnes + FFraction * 10^-18; signs may differ until the digits are asked for.
+    // What came last is summed up as it is, as long as it fits and its scale stays; the rest of the exact part is
+    // FBillions * 10^9 + FOnes + FFraction * 10^-18, whose signs may differ until the digits are asked for.
+    std::int64_t FUnits = 0;
+    int FUnitsScale = 0;
     std::int64_t FBillions = 0;
     std::int64_t FOnes = 0;
     std::int64_t FFraction = 0;

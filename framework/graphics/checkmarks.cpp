@@ -1,5 +1,6 @@
 #include "framework/graphics/checkmarks.h"
 
+#include <algorithm>
 #include <vsstyle.h>
 
 namespace framework {
@@ -52,6 +53,25 @@ void TCheckPainter::Draw(HDC dc, const TRect& place, const TCheckLook& look) con
     if (FTheme && SUCCEEDED(DrawThemeBackground(FTheme.Get(), dc, part, ThemeState(look), &box, nullptr)))
         return;
     DrawFrameControl(dc, &box, DFC_BUTTON, FrameFlags(look));
+}
+
+void TCheckSeries::Draw(HDC dc, const TRect& place, const TCheckLook& look, std::uint32_t ground) {
+    const auto found = std::find_if(FDrawn.begin(), FDrawn.end(), [&](const TDrawn& drawn) {
+        return drawn.Ground == ground && drawn.Look == look && drawn.Place.Width() == place.Width() &&
+               drawn.Place.Height() == place.Height();
+    });
+    if (found != FDrawn.end()) {
+        BitBlt(dc, place.Left, place.Top, place.Width(), place.Height(), dc, found->Place.Left, found->Place.Top,
+               SRCCOPY);
+        return;
+    }
+    FPainter.Draw(dc, place, look);
+    RECT shown{};
+    GetClipBox(dc, &shown);
+    const bool isWhole = place.Left >= shown.left && place.Top >= shown.top && place.Right <= shown.right &&
+                         place.Bottom <= shown.bottom;
+    if (isWhole)
+        FDrawn.push_back({look, ground, place});
 }
 
 } // namespace framework
