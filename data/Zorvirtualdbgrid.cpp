@@ -284,42 +284,41 @@ void TZORVirtualDBGrid::RefreshColumns() {
     if (FMirroring)
         return;
     FMirroring = true;
-    const TAtScopeEnd done(*this, [this] { FMirroring = false; });
-    TLifeGuard alive(*this);
     FColumnsChanged = false;
     const int count = GetColumns()->GetCount();
     const bool all = std::exchange(FRemakes, false);
     bool changed = all || GetHeader()->GetColumns()->GetCount() != count || FFooter->GetColumns()->GetCount() != count;
     if (changed)
         RemakeColumns(all);
-    for (int i = 0; alive && i < count; ++i)
-        changed = MirrorColumn(i) || changed; // a handler of OnColumnResize may do anything
-    if (!alive)
-        return;
+    for (int i = 0; i < count; ++i)
+        changed = MirrorColumn(i) || changed;
     if (TitleFontStored())
         GetHeader()->SetFont(GetTitleFont());
+    FMirroring = false;
     ClearHintColumns();
     if (!changed)
         return;
+    InvalidateFooter();
     UpdateHorizontalRange();
-    if (alive)
-        InvalidateFooter();
 }
 
 void TZORVirtualDBGrid::DoColumnResize(TColumnIndex column) {
+    if (FMirroring)
+        return; // it has the width from the column that it shows
     TLifeGuard alive(*this);
     TVirtualDrawTree::DoColumnResize(column);
+    if (!alive)
+        return;
     const TVirtualTreeColumns& shown = *GetHeader()->GetColumns();
-    if (!alive || FMirroring || !shown.IsValidColumn(column) || column >= GetColumns()->GetCount())
+    if (!shown.IsValidColumn(column) || column >= GetColumns()->GetCount())
         return;
     FMirroring = true;
-    const TAtScopeEnd done(*this, [this] { FMirroring = false; });
     const int width = shown.GetColumn(column)->GetWidth();
     GetColumns()->GetColumn(column)->SetWidth(width);
-    if (alive && FFooter->GetColumns()->IsValidColumn(column))
+    if (FFooter->GetColumns()->IsValidColumn(column))
         FFooter->GetColumns()->GetColumn(column)->SetWidth(width);
-    if (alive)
-        InvalidateFooter();
+    FMirroring = false;
+    InvalidateFooter();
 }
 
 bool TZORVirtualDBGrid::DoHeaderDragging(TColumnIndex column) {
@@ -330,8 +329,10 @@ bool TZORVirtualDBGrid::DoHeaderDragging(TColumnIndex column) {
 void TZORVirtualDBGrid::DoHeaderDragged(TColumnIndex column, int oldPosition) {
     TLifeGuard alive(*this);
     TVirtualDrawTree::DoHeaderDragged(column, oldPosition);
+    if (!alive)
+        return;
     TVTHeader& header = *GetHeader();
-    if (!alive || !header.GetColumns()->IsValidColumn(column) || column >= GetColumns()->GetCount())
+    if (!header.GetColumns()->IsValidColumn(column) || column >= GetColumns()->GetCount())
         return;
     const int position = header.GetColumns()->GetColumn(column)->GetPosition();
     if (position < 0 || position == oldPosition)
