@@ -318,15 +318,15 @@ void TOrdersPage::ShowAllClick(TObject*) {
 /// What the grid has added up beside what the database adds up itself.
 void TOrdersPage::CompareClick(TObject*) {
     const TOrderTotals sums = FDatabase->Totals(Choice());
-    const String stored =
-        IntToStr(sums.Count) + u" wierszy, towary " + Money(sums.Goods) + u", dostawa " + Money(sums.Shipping);
-    const String shown = IntToStr(static_cast<int>(OrdersGrid->GetRootNodeCount())) + u" wierszy, towary " +
-                         OrdersGrid->FormatColumnTotal(OrdersGrid->Get_Column(u"goods")) + u", dostawa " +
-                         OrdersGrid->FormatColumnTotal(OrdersGrid->Get_Column(u"shipping"));
+    const auto summary = [](std::int64_t rows, const String& goods, const String& shipping) {
+        return u"wierszy: " + IntToStr(rows) + u", towary: " + goods + u", dostawa: " + shipping;
+    };
+    const String stored = summary(sums.Count, Money(sums.Goods), Money(sums.Shipping));
+    const String shown = summary(OrdersGrid->GetRootNodeCount(), ShownTotal(u"goods"), ShownTotal(u"shipping"));
     if (stored == shown)
-        ShowMessage(u"SQL SUM liczy tyle samo: " + stored, kGoodColor);
+        ShowMessage(u"SQL SUM liczy tyle samo – " + stored, kGoodColor);
     else
-        ShowMessage(u"SQL SUM liczy inaczej: " + stored + u" (siatka: " + shown + u")", kProblemColor);
+        ShowMessage(u"SQL SUM liczy inaczej – " + stored + u" (siatka – " + shown + u")", kProblemColor);
 }
 
 void TOrdersPage::FooterText(String& text, TColumn* column, const Variant&) {
@@ -471,8 +471,9 @@ bool TOrdersPage::SaveCard() {
         if (FChanged) {
             Orders->Edit();
             TakeCard();
-            Orders->Post();
         }
+        if (Orders->GetState() == dsEdit)
+            Orders->Post();
     } catch (const EDatabaseError& error) {
         FRefused = true; // the values stay in the card and in the record
         ShowMessage(u"Nie zapisano: " + error.GetMessageText(), kProblemColor);
@@ -564,14 +565,15 @@ void TOrdersPage::ShowMessage(const String& text, TColor color) {
     MessageLabel->SetHint(text);
 }
 
+String TOrdersPage::ShownTotal(const String& field) const {
+    return OrdersGrid->FormatColumnTotal(OrdersGrid->Get_Column(field));
+}
+
 void TOrdersPage::ShowStatus() {
-    const auto total = [this](const char16_t* field) {
-        return OrdersGrid->FormatColumnTotal(OrdersGrid->Get_Column(field));
-    };
     StatusLabel->SetText(u"Zamówienia: " + IntToStr(static_cast<int>(OrdersGrid->GetRootNodeCount())) +
                          (FOnlyMarked ? u" (tylko zaznaczone)" : u"") + u", zaznaczone: " +
-                         IntToStr(static_cast<int>(FMarked.size())) + u", towary: " + total(u"goods") + u", dostawa: " +
-                         total(u"shipping"));
+                         IntToStr(static_cast<int>(FMarked.size())) + u", towary: " + ShownTotal(u"goods") +
+                         u", dostawa: " + ShownTotal(u"shipping"));
 }
 
 } // namespace gallery

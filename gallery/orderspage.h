@@ -92,12 +92,14 @@ private:
     String CheckCard();
     void TakeCard();
     void SetChanged(bool value);
-    bool IsChanged() const { return FChanged || Items->GetState() == dsEdit; }
+    bool IsChanged() const { return FChanged || Items->GetState() == dsEdit || Orders->GetState() == dsEdit; }
     void ShowButtons();
     void ShowDeliveryNeed();
 
     void ShowMessage(const String& text, TColor color);
     void ShowStatus();
+    /// As the footer shows it.
+    String ShownTotal(const String& field) const;
 
     std::unique_ptr<TOrdersDatabase> FDatabase; // null where it could not be opened
     std::map<int, int> FCustomerItems;          // the items of the choice field, by the numbers of the customers

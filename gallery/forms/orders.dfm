@@ -410,7 +410,7 @@ object OrdersPage: TOrdersPage
     AutoSize = False
     Caption = ''
     Font.Charset = EASTEUROPE_CHARSET
-    Font.Color = clGrayText
+    Font.Color = clWindowText
     Font.Height = -12
     Font.Name = 'Segoe UI'
     Font.Style = []
