@@ -59,6 +59,7 @@ TEST_F(Packages, ComponentsComeWithThePackageAndLeaveWithIt) {
         const HMODULE package = LoadPackage(u"zor.dll");
         const TPalettePage* page = PageOf(u"ZOR");
         ASSERT_NE(page, nullptr);
+        EXPECT_EQ(page->Classes.size(), 21u);
         EXPECT_NE(std::ranges::find(page->Classes, u"TZOREdit", &TClassInfo::Name), page->Classes.end());
 
         auto form = CreateFromTextForm(formText, nullptr);
