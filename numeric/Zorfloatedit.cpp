@@ -5,6 +5,8 @@
 
 namespace ZOR {
 
+bool TZORFloatEdit::SeparatorFollowsLocale = false;
+
 const TClassInfo& TZORFloatEdit::StaticClass() {
     using F = TZORFloatEdit;
     static const TClassInfo info =

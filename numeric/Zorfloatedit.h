@@ -26,7 +26,7 @@ public:
     /// The separator that is typed is a comma under every locale, so where numbers are written with another one, a
     /// person can type whole numbers only. True lets the typed separator follow the locale, for every float edit and
     /// spin float edit of the program.
-    static inline bool SeparatorFollowsLocale = false;
+    static bool SeparatorFollowsLocale;
 
     /// Kept for the host, never fired by the control.
     TValidateRequest OnValidateRequest;

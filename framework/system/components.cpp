@@ -24,7 +24,7 @@ TRegistry& Registry() {
     return registry;
 }
 
-// The ends of the list of all components. Data modules are made in threads of their own, hence the lock.
+// The ends of the list of all components. A thread may make components of its own, such as a dataset, hence the lock.
 std::mutex livingLock;
 TComponent* oldest = nullptr;
 TComponent* youngest = nullptr;

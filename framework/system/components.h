@@ -218,7 +218,7 @@ struct TPalettePage {
     String Name;
     std::vector<const TClassInfo*> Classes;
 };
-/// The palette's pages in the order of their first registration.
+/// The palette's pages in the order of their first registration. Loading and unloading packages changes them.
 const std::vector<TPalettePage>& PalettePages();
 
 } // namespace framework

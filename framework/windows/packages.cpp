@@ -2,10 +2,13 @@
 
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
+#include "framework/windows/windowclasses.h"
 
+#include <algorithm>
 #include <cstring>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace framework {
 
@@ -13,6 +16,7 @@ namespace {
 
 struct TLoadedPackage {
     String Name;
+    std::vector<const TClassInfo*> Others; ///< its classes that somebody else had registered before
     int Uses = 1;
 };
 
@@ -41,9 +45,16 @@ bool NeedsPackage(const TComponent& component, HMODULE package) {
     return false;
 }
 
-void UnRegisterClassesOf(HMODULE package) {
-    for (const TClassInfo* info : RegisteredClasses())
-        if (LiesIn(*info, package))
+/// The registered classes whose code is the package's.
+std::vector<const TClassInfo*> ClassesOf(HMODULE package) {
+    std::vector<const TClassInfo*> classes = RegisteredClasses();
+    std::erase_if(classes, [&](const TClassInfo* info) { return !LiesIn(*info, package); });
+    return classes;
+}
+
+void UnRegisterClassesOf(HMODULE package, const std::vector<const TClassInfo*>& others) {
+    for (const TClassInfo* info : ClassesOf(package))
+        if (std::ranges::find(others, info) == others.end())
             UnRegisterClasses({info});
 }
 
@@ -62,21 +73,22 @@ void CheckEntry(const TPackageEntry* entry, const String& name) {
 }
 
 String FullPath(const String& name) {
-    String path(GetFullPathNameW(WideChars(name), 0, nullptr, nullptr), u'\0');
-    path.resize(GetFullPathNameW(WideChars(name), static_cast<DWORD>(path.size()), WideChars(path), nullptr));
+    String path(Win32Check(GetFullPathNameW(WideChars(name), 0, nullptr, nullptr)), u'\0');
+    path.resize(
+        Win32Check(GetFullPathNameW(WideChars(name), static_cast<DWORD>(path.size()), WideChars(path), nullptr)));
     return path;
 }
 
 /// The text of what RegisterComponents raised. The exception itself may be of a class whose code goes with the package.
-String Register(const TPackageEntry& entry) {
+std::optional<String> Register(const TPackageEntry& entry) {
     try {
         entry.RegisterComponents();
-    } catch (const Exception& exception) {
-        return exception.GetMessageText();
     } catch (const std::exception& exception) {
         return Utf8Decode(exception.what());
+    } catch (...) {
+        return u"its registration raised something that is no exception";
     }
-    return {};
+    return std::nullopt;
 }
 
 /// As in "Form1.Edit1 (TZOREdit)".
@@ -90,12 +102,13 @@ String NameForMessage(const TComponent& component) {
 } // namespace
 
 HMODULE LoadPackage(const String& name) {
-    // What a package needs lies beside it; that place is searched for paths alone, not for bare names.
+    // Bare names are sought beside the program; what a package needs may lie beside the package.
     const bool isPath = name.find_first_of(u"\\/") != String::npos;
-    TModule module(
-        LoadLibraryExW(WideChars(isPath ? FullPath(name) : name), nullptr, isPath ? LOAD_WITH_ALTERED_SEARCH_PATH : 0));
-    if (!module)
-        CannotLoad(name, SysErrorMessage(GetLastError()));
+    const String file = isPath ? FullPath(name) : name;
+    const DWORD places = LOAD_LIBRARY_SEARCH_DEFAULT_DIRS | (isPath ? LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : 0);
+    TModule module(LoadLibraryExW(WideChars(file), nullptr, places));
+    if (const DWORD error = GetLastError(); !module)
+        CannotLoad(name, SysErrorMessage(error));
     const HMODULE package = module.get();
     if (const auto loaded = Packages().find(package); loaded != Packages().end()) {
         ++loaded->second.Uses;
@@ -104,11 +117,12 @@ HMODULE LoadPackage(const String& name) {
     const auto* entry = reinterpret_cast<const TPackageEntry*>(
         reinterpret_cast<void*>(GetProcAddress(package, FRAMEWORK_PACKAGE_ENTRY)));
     CheckEntry(entry, name);
-    if (const String refused = Register(*entry); !refused.empty()) {
-        UnRegisterClassesOf(package);
-        CannotLoad(name, refused);
+    const std::vector<const TClassInfo*> others = ClassesOf(package);
+    if (const std::optional<String> refusal = Register(*entry)) {
+        UnRegisterClassesOf(package, others);
+        CannotLoad(name, *refusal);
     }
-    Packages().emplace(package, TLoadedPackage{name});
+    Packages().emplace(package, TLoadedPackage{name, others});
     return module.release();
 }
 
@@ -126,7 +140,8 @@ void UnloadPackage(HMODULE package) {
                 text += u" and " + IntToStr(static_cast<int>(living.size() - 1)) + u" more";
             throw EPackageError(text);
         }
-        UnRegisterClassesOf(package);
+        UnRegisterClassesOf(package, loaded->second.Others);
+        UnregisterWindowClasses([&](const TClassInfo& owner) { return LiesIn(owner, package); });
         Packages().erase(loaded);
     } else {
         --loaded->second.Uses;

@@ -17,15 +17,21 @@ public:
     using Exception::Exception;
 };
 
-/// Loads a package (LoadLibrary; for a path its folder is searched for what the package needs) and has it register its
-/// classes: the palette and text forms know them from then on. A package that is loaded already is counted only.
+/// Loads a package (LoadLibraryEx; a bare name is sought beside the program, and beside a path also what the package
+/// needs) and has it register its classes: the palette and text forms know them from then on. A package that is loaded
+/// already is counted only. Versions are those of releases: between them host and packages come from one build.
 /// EPackageError when there is no such file, when it is no package, and when it was built with another version of the
 /// framework or holds a framework of its own; nothing stays registered then.
 HMODULE LoadPackage(const String& name);
 
-/// Takes a package's classes back and frees it (FreeLibrary), if it was unloaded as often as loaded. EPackageError, and
-/// nothing is changed, while components live whose classes, or their ancestors, come from the package, and when the
-/// module was not loaded by LoadPackage.
+/// Takes a package's classes back, also those of windows, and frees it (FreeLibrary), if it was unloaded as often as
+/// loaded. EPackageError, and nothing is changed, while components live whose classes, or their ancestors, come from
+/// the package, and when the module was not loaded by LoadPackage. No other thread may make or free components
+/// meanwhile.
+///
+/// Only components are counted. A host lets go of what else it has of the package before: events of the application
+/// that lead into it, sub-objects that it made by itself, exceptions that it keeps, and TClassInfo pointers taken from
+/// the palette. An object that an assistive program still holds for a list of choices is not counted either.
 void UnloadPackage(HMODULE package);
 
 /// What a package tells of itself.
@@ -44,5 +50,5 @@ struct TPackageEntry {
 #define FRAMEWORK_PACKAGE(registerComponents)                                                                          \
     extern "C" __declspec(dllexport) const ::framework::TPackageEntry FrameworkPackage;                                \
     const ::framework::TPackageEntry FrameworkPackage {                                                                \
-        ::framework::FrameworkVersion, &::framework::TComponent::StaticClass, &registerComponents                      \
+        ::framework::FrameworkVersion, &::framework::TComponent::StaticClass, registerComponents                       \
     }

@@ -8,6 +8,7 @@
 #include "framework/windows/application.h"
 #include "framework/windows/mouse.h"
 #include "framework/windows/wincontrol.h"
+#include "framework/windows/windowclasses.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -249,8 +250,7 @@ void TWinControl::CreateWnd() {
         registered.hbrBackground = nullptr;
         if (!registered.hCursor)
             registered.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512)); // IDC_ARROW
-        if (!RegisterClassW(&registered))
-            throw EInvalidOperation(u"Windows could not register the window class " + params.WinClassName);
+        RegisterWindowClass(registered, params.WinClassName, ClassInfo());
     }
     params.WindowClass.hInstance = instance;
     params.WindowClass.lpszClassName = className;

@@ -100,10 +100,78 @@ TEST_F(Packages, WhatIsNoPackageIsRefusedWithTheReason) {
               u"Cannot load package older.dll: it was built with version 0.1.0 of the framework, "
               u"this is " +
                   Utf8Decode(FrameworkVersion));
-    EXPECT_EQ(refusal(u"refusing.dll"), u"Cannot load package refusing.dll: no licence");
-    EXPECT_EQ(GetClass(u"TRefusingComponent"), nullptr);
-    EXPECT_EQ(PageOf(u"Refused"), nullptr);
-    EXPECT_EQ(GetModuleHandleW(L"refusing.dll"), nullptr);
+    EXPECT_EQ(refusal(u"embedding.dll"),
+              u"Cannot load package embedding.dll: it holds a framework of its own; link it to "
+              u"the framework's shared library");
+    const std::pair<const wchar_t*, String> ways[] = {
+        {L"1", u"no licence"}, {L"2", u""}, {L"3", u"its registration raised something that is no exception"}};
+    for (const auto& [way, text] : ways) {
+        SetEnvironmentVariableW(L"REFUSAL", way);
+        EXPECT_EQ(refusal(u"refusing.dll"), u"Cannot load package refusing.dll: " + text);
+        EXPECT_EQ(GetClass(u"TRefusingComponent"), nullptr);
+        EXPECT_EQ(PageOf(u"Refused"), nullptr);
+        EXPECT_EQ(GetModuleHandleW(L"refusing.dll"), nullptr);
+    }
+}
+
+// A form of everything that is on the page, shown, with what opens opened, before the package goes.
+TEST_F(Packages, GoesAfterAllItsComponentsWereAtWork) {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const String program = FromWide(path);
+    const HMODULE package = LoadPackage(program.substr(0, program.find_last_of(u'\\') + 1) + u"zor.dll");
+    String text = u"object Form1: TForm\n  Width = 900\n  Height = 900\n";
+    for (const TClassInfo* info : PageOf(u"ZOR")->Classes)
+        text += u"  object " + info->Name().substr(1) + u"1: " + info->Name() + u"\n  end\n";
+    {
+        const auto form = CreateFromTextForm(Utf8Encode(text + u"end\n"), nullptr);
+        As<TForm>(form.get())->Show();
+        Application->ProcessMessages();
+        for (int i = 0; i < form->ComponentCount; ++i) {
+            auto* control = As<TWinControl>(form->Components[i]);
+            if (!control || !control->CanFocus())
+                continue;
+            control->SetFocus();
+            for (const WPARAM key : {VK_F7, VK_F4, VK_ESCAPE}) {
+                SendMessageW(control->Handle, WM_KEYDOWN, key, 0);
+                Application->ProcessMessages();
+            }
+        }
+    }
+    Application->ProcessMessages();
+    UnloadPackage(package);
+    EXPECT_EQ(GetModuleHandleW(L"zor.dll"), nullptr);
+    WNDCLASSW windowClass;
+    EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"TZOREdit", &windowClass)) << "its window classes went, too";
+    Application->ProcessMessages();
+}
+
+// A package of one's own with a control that descends from one of the library's.
+TEST_F(Packages, StandOnEachOther) {
+    const HMODULE codes = LoadPackage(u"derived.dll");
+    EXPECT_NE(GetModuleHandleW(L"zor.dll"), nullptr) << "Windows loads what it needs";
+    EXPECT_EQ(PageOf(u"ZOR"), nullptr) << "but nobody asked for its palette page";
+    const HMODULE package = LoadPackage(u"zor.dll");
+    const auto form = CreateFromTextForm("object Form1: TForm\n"
+                                         "  object Code1: TCodeEdit\n"
+                                         "    LocalComma = True\n"
+                                         "    Wymagany = wRequired\n"
+                                         "  end\n"
+                                         "end\n",
+                                         nullptr);
+    TComponent* code = form->FindComponent(u"Code1");
+    EXPECT_EQ(GetPropValue(*code, u"LocalComma"), Variant(true));
+    // Its ancestor's package has to stay as well.
+    EXPECT_NE(RefusalOf([&] { UnloadPackage(codes); }), u"(done)");
+    EXPECT_NE(RefusalOf([&] { UnloadPackage(package); }), u"(done)");
+    SetPropValue(*code, u"LocalComma", Variant(false));
+    delete code;
+    UnloadPackage(package);
+    EXPECT_EQ(GetClass(u"TZOREdit"), nullptr);
+    EXPECT_NE(GetClass(u"TCodeEdit"), nullptr);
+    UnloadPackage(codes);
+    EXPECT_EQ(GetClass(u"TCodeEdit"), nullptr);
+    EXPECT_EQ(GetModuleHandleW(L"zor.dll"), nullptr);
 }
 
 } // namespace

@@ -16,8 +16,15 @@ public:
     using Exception::Exception;
 };
 
+/// Refuses in another way each time.
 void RegisterAndRefuse() {
     framework::RegisterComponents(u"Refused", {&TRefusingComponent::StaticClass()});
+    wchar_t way[8] = {};
+    GetEnvironmentVariableW(L"REFUSAL", way, 8);
+    if (way[0] == L'2')
+        throw ENoLicence(u"");
+    if (way[0] == L'3')
+        throw 3;
     throw ENoLicence(u"no licence");
 }
 
