@@ -9,20 +9,16 @@ if(WIN32)
 endif()
 
 foreach(room IN ITEMS framework ${ZOR_LIBRARY_ROOMS})
-    if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/${room})
-        install(DIRECTORY ${room} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor FILES_MATCHING PATTERN "*.h")
-    endif()
+    install(DIRECTORY ${room} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor FILES_MATCHING PATTERN "*.h")
 endforeach()
-if(EXISTS ${PROJECT_SOURCE_DIR}/zor.h)
-    install(FILES zor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor)
-endif()
+install(FILES zor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor)
 install(TARGETS ${exported} EXPORT zorTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT zorTargets NAMESPACE zor:: DESTINATION ${packageFolder})
 if(WIN32)
-    install(FILES cmake/zor.manifest cmake/zor_manifest.rc DESTINATION ${packageFolder})
+    install(FILES cmake/zor.manifest cmake/zor_manifest.rc cmake/windows-clang-mingw.cmake DESTINATION ${packageFolder})
     install(FILES ${ZOR_RUNTIME_MODULES} DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 

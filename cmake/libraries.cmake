@@ -30,29 +30,22 @@ endfunction()
 
 # A static library of the given sources, found by includes that start at the root of the tree.
 function(zor_add_library name)
-    if(ARGN)
-        add_library(${name} STATIC ${ARGN})
-        set(scope PUBLIC)
-        zor_set_warnings(${name})
-    else()
-        add_library(${name} INTERFACE)
-        set(scope INTERFACE)
-    endif()
+    add_library(${name} STATIC ${ARGN})
+    zor_set_warnings(${name})
     add_library(zor::${name} ALIAS ${name})
-    target_include_directories(${name} ${scope}
+    target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/zor>)
-    target_compile_features(${name} ${scope} cxx_std_20)
+    target_compile_features(${name} PUBLIC cxx_std_20)
     if(WIN32)
-        target_compile_definitions(${name} ${scope}
+        target_compile_definitions(${name} PUBLIC
             UNICODE _UNICODE NOMINMAX STRICT WIN32_LEAN_AND_MEAN WINVER=0x0A00 _WIN32_WINNT=0x0A00)
     endif()
     if(MSVC)
-        target_compile_options(${name} ${scope} /utf-8 /EHsc /bigobj)
+        target_compile_options(${name} PUBLIC /utf-8 /EHsc /bigobj)
     elseif(WIN32)
-        target_compile_options(${name} ${scope} -fms-extensions)
+        target_compile_options(${name} PUBLIC -fms-extensions)
     endif()
-    set(zor_scope ${scope} PARENT_SCOPE)
 endfunction()
 
 set(frameworkRooms
@@ -74,7 +67,6 @@ else()
 endif()
 
 zor_add_library(framework ${frameworkSources})
-set(frameworkScope ${zor_scope})
 if(MINGW)
     # Programs of the static library need no other file beside them, the C++ runtime's included.
     target_link_options(framework INTERFACE -static)
@@ -85,13 +77,13 @@ endif()
 if(WIN32)
     set(ZOR_SYSTEM_LIBRARIES user32 gdi32 msimg32 comctl32 comdlg32 uxtheme dwmapi imm32 shell32 shlwapi
         ole32 oleaut32 oleacc uuid version advapi32 odbc32)
-    target_link_libraries(framework ${frameworkScope} ${ZOR_SYSTEM_LIBRARIES})
+    target_link_libraries(framework PUBLIC ${ZOR_SYSTEM_LIBRARIES})
 elseif(ZOR_HAS_ODBC)
-    target_link_libraries(framework ${frameworkScope} ODBC::ODBC)
+    target_link_libraries(framework PUBLIC ODBC::ODBC)
 endif()
 
 zor_add_library(zor ${librarySources})
-target_link_libraries(zor ${zor_scope} framework)
+target_link_libraries(zor PUBLIC framework)
 
 # Linking zor::manifest gives a program common controls 6 and per-monitor DPI awareness. It is a resource, which a
 # static library cannot carry, so it is compiled into each program.

@@ -4,10 +4,8 @@
 function(zor_add_module name output)
     add_library(${name} SHARED ${ARGN})
     add_library(zor::${name} ALIAS ${name})
-    get_target_property(features framework COMPILE_FEATURES)
     set_target_properties(${name} PROPERTIES
         OUTPUT_NAME ${output} ARCHIVE_OUTPUT_NAME ${output}_shared PREFIX "" IMPORT_PREFIX lib
-        WINDOWS_EXPORT_ALL_SYMBOLS ON
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/modules)
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
@@ -22,6 +20,8 @@ function(zor_add_module name output)
     endforeach()
     if(MINGW)
         target_link_options(${name} PRIVATE -Wl,--export-all-symbols)
+    else()
+        set_target_properties(${name} PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
     endif()
 endfunction()
 
@@ -34,3 +34,6 @@ zor_set_warnings(zor_shared)
 foreach(module IN LISTS ZOR_RUNTIME_MODULES)
     file(COPY ${module} DESTINATION ${PROJECT_BINARY_DIR}/modules)
 endforeach()
+
+# What an install tree needs.
+add_custom_target(libraries DEPENDS framework zor framework_shared zor_shared)

@@ -1,9 +1,8 @@
 # The gallery, with the forms it loads and the scripts it plays in folders beside it.
 
-file(GLOB_RECURSE gallerySources CONFIGURE_DEPENDS
-    "${PROJECT_SOURCE_DIR}/gallery/*.cpp" "${PROJECT_SOURCE_DIR}/gallery/*.rc")
+file(GLOB_RECURSE gallerySources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/gallery/*.cpp")
 list(FILTER gallerySources EXCLUDE REGEX "/gallery/sampledata/") # a program of its own
-if(ZOR_BUILD_GALLERY AND gallerySources)
+if(ZOR_BUILD_GALLERY)
     add_executable(gallery WIN32 ${gallerySources})
     zor_set_warnings(gallery)
     target_link_libraries(gallery PRIVATE zor::zor zor::manifest)

@@ -1,5 +1,5 @@
-// Nothing but the installed files: a form read from text, with a framed edit whose properties answer. Then the program
-// that is named, which a newcomer has built: its form comes up, and it ends well when that is closed.
+// Nothing but the installed files: a form read from text, with a framed edit whose properties answer. Then the programs
+// that are named, each with its folder, which a newcomer has built: the form comes up, and ends well when it is closed.
 
 #include "zor.h"
 
@@ -49,5 +49,8 @@ int main(int argc, char** argv) {
     std::puts(Utf8Encode(edit->Text).c_str());
     if (edit->Width != 120 || edit->Text != u"found")
         return 1;
-    return argc < 3 || RunsAndEnds(argv[1], argv[2], L"Customer") ? 0 : 1;
+    for (int i = 1; i + 1 < argc; i += 2)
+        if (!RunsAndEnds(argv[i], argv[i + 1], L"Customer"))
+            return 1;
+    return 0;
 }
