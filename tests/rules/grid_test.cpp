@@ -53,8 +53,9 @@ TEST(GridGeometry, PlacesCells) {
             // Every pixel that shows leads back to its cell.
             const TRect shown = grid.ShownRect(each.Cell);
             for (const int x : {shown.Left, shown.Right - 1}) {
-                if (!shown.IsEmpty())
+                if (!shown.IsEmpty()) {
                     EXPECT_TRUE(grid.CellAt({x, shown.Bottom - 1}) == each.Cell) << &each - cases << mirrored;
+                }
             }
         }
     }
