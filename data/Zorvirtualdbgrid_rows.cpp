@@ -177,7 +177,9 @@ void TZORVirtualDBGrid::ReadRows(TDataSet& dataSet) {
         return;
     SetRootNodeCount(static_cast<unsigned>(std::max(dataSet.GetRecordCount(), 0)));
     WalkRecords(dataSet, [&] {
-        ValidateNode(nullptr, true);
+        TNodeRef node(Nodes(), GetRootNode()->GetFirstChild());
+        while (node && InitNode(node.Get()))
+            node.Set(node.Get()->GetNextSibling());
         if (alive && FWalk && FWalk->DataSet->GetEof())
             HideRowsFrom(static_cast<unsigned>(FWalk->Number)); // a filter lets fewer records through
     });
@@ -311,8 +313,10 @@ TRowId TZORVirtualDBGrid::ReadKey(const TWalk& walk) {
 /// Takes the record on which the dataset stands; false when there is none for this row.
 bool TZORVirtualDBGrid::ReadRecord(TVirtualDBGridNode& data) {
     TCustomADODataSet& dataSet = *FWalk->DataSet;
-    if (!dataSet.GetRecordset() || !AreCounted(dataSet) || dataSet.GetEof())
+    if (!dataSet.GetRecordset() || dataSet.GetEof())
         return false;
+    if ((AfterInitNode || dataSet.AfterScroll) && !AreCounted(dataSet))
+        return false; // a handler has changed the number
     data.Row->Bookmark = dataSet.GetBookmark();
     data.Row->Number = ++FWalk->Number;
     for (const auto& [field, total] : FWalk->Totals)
@@ -482,7 +486,7 @@ int TZORVirtualDBGrid::DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) {
 String TZORVirtualDBGrid::DoGetNodeHint(TVirtualNode* node, TColumnIndex column) {
     TLifeGuard alive(*this);
     const TNodeRef still(Nodes(), node);
-    const String hint = TVirtualDrawTree::DoGetNodeHint(node, column);
+    String hint = TVirtualDrawTree::DoGetNodeHint(node, column);
     if (!alive || !still || !hint.empty() || !IsHintColumn(column))
         return hint;
     const int room = GetHeader()->GetColumns()->GetColumn(column)->GetWidth() - 2 * (GetMargin() + GetTextMargin());
