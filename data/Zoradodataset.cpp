@@ -34,16 +34,21 @@ void TZORADODataSet::AddBookmark(int number) {
     if (!buffer || GetBookmarkFlag(buffer) != bfCurrent)
         DatabaseError(u"There is no record to be marked", this);
     FBookmarks.Put(HeaderOf(buffer).Bookmark, number);
+    if (FFilteredByBookmarks)
+        ViewChanged();
 }
 
 void TZORADODataSet::ClearBookmarks() {
     FBookmarks.Clear();
+    if (FFilteredByBookmarks)
+        ViewChanged();
 }
 
 void TZORADODataSet::SetFilteredByBookmarks(bool value) {
     if (FFilteredByBookmarks == value)
         return;
     FFilteredByBookmarks = value && !FBookmarks.IsEmpty();
+    ViewChanged();
     Operation([&] {
         CheckBrowseMode();
         DestroyLookupCursor();
@@ -55,7 +60,10 @@ void TZORADODataSet::SetFilteredByBookmarks(bool value) {
 
 /// The filter ends when it has nothing left to show.
 bool TZORADODataSet::IsNarrowed() {
-    FFilteredByBookmarks = FFilteredByBookmarks && !FBookmarks.IsEmpty();
+    if (FFilteredByBookmarks && FBookmarks.IsEmpty()) {
+        FFilteredByBookmarks = false;
+        ViewChanged();
+    }
     return FFilteredByBookmarks;
 }
 

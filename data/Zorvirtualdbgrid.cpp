@@ -357,21 +357,29 @@ void TZORVirtualDBGrid::DoHeaderDragged(TColumnIndex column, int oldPosition) {
 void TZORVirtualDBGrid::Get_Selected(std::vector<TRowId>* selected) {
     if (!selected)
         return;
-    TVirtualNode* node = GetFirstSelected();
-    if (!node) {
-        node = GetRootNode()->GetFirstChild();
-        if (node)
-            selected->push_back(GetRowId(node));
+    TVirtualNode* node = Get_FirstSelectedNode();
+    if (!node)
         return;
-    }
+    if (GetSelectedCount() == 0)
+        return selected->push_back(GetRowId(node));
     selected->reserve(selected->size() + static_cast<std::size_t>(GetSelectedCount()));
     for (; node; node = GetNextSelected(node))
         selected->push_back(GetRowId(node));
 }
 
 TVirtualNode* TZORVirtualDBGrid::Get_FirstSelectedNode() {
-    TVirtualNode* node = GetFirstSelected();
-    return node ? node : GetFirst();
+    TLifeGuard alive(*this);
+    CatchUp();
+    TVirtualNode* node = alive ? GetFirstSelected() : nullptr;
+    if (node || !alive)
+        return node;
+    node = GetRootNode()->GetFirstChild();
+    return node && IsLeftOver(node) ? nullptr : node;
+}
+
+/// A row for which a filter left no record; it does not show.
+bool TZORVirtualDBGrid::IsLeftOver(TVirtualNode* node) const {
+    return !node->Has(vsVisible) && GetRowBookmark(node).IsEmpty();
 }
 
 void TZORVirtualDBGrid::ApplyFocusedColumn() {

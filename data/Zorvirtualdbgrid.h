@@ -136,11 +136,12 @@ public:
     void BuildTree();
     /// Takes the columns over into header and footer.
     void RefreshColumns();
-    /// Reads all rows anew if the number of records has changed. Otherwise rows and totals stay, except where other
-    /// records have come: after Refresh each row gets the record at its place, and if that has another key, all are
-    /// read anew.
+    /// Reads all rows anew if the number of records has changed, or the dataset was opened or shows other ones since.
+    /// Otherwise rows and totals stay: after Refresh each row gets the record at its place, and only if that has
+    /// another key, all are read anew.
     void RefreshRows();
-    /// Reads all rows and totals anew. Selection and focus stay with the keys of their rows.
+    /// Reads all rows and totals anew. Selection and focus stay with their records, and where these were fetched again
+    /// too, with the keys of their rows.
     void Reload();
     int GetDefaultRowHeight() const { return GetDefaultNodeHeight(); }
     /// The text of a cell: as the field displays it, "#B1" and "#B0" for True and False. Empty when the record is gone
@@ -152,12 +153,14 @@ public:
     /// The key of a row, and its record's bookmark.
     TRowId GetRowId(TVirtualNode* node) const;
     TBookmark GetRowBookmark(TVirtualNode* node) const;
+    // Totals, selection and keys are asked for with rows in line: what was posted or deleted before counts.
+
     /// The sum of a column's values; Null when it has none.
-    Variant GetColumnTotal(TColumn* column) const;
+    Variant GetColumnTotal(TColumn* column);
     /// Its digits, all of them; empty without one.
-    String GetPlainTotal(TColumn* column) const;
+    String GetPlainTotal(TColumn* column);
     /// The sum as the column's field would show it.
-    String FormatColumnTotal(TColumn* column) const;
+    String FormatColumnTotal(TColumn* column);
 
     // Selection and focus
 
@@ -248,7 +251,16 @@ private:
     struct TPainting;
     struct TTotal {
         int ColumnID = 0; // addresses of columns come back, these do not
+        String FieldName;
         TColumnTotal Sum;
+    };
+    enum class TReading { Due, BrokenOff, Done };
+    /// The last reading of the records.
+    struct TReadRecords {
+        TReading State = TReading::Due;
+        int Count = 0;         // of rows that have a record; the others, which do not show, come behind them
+        TBookmark First, Last; // of those
+        unsigned View = 0;     // of the dataset
     };
     /// The field that one part of the keys comes from.
     struct TKeyField {
@@ -265,6 +277,7 @@ private:
     void FixCheckColumn(TVirtualTreeColumn& column) const;
     void ColumnsChanged();
     void ShowNode(TVirtualNode* node);
+    bool IsLeftOver(TVirtualNode* node) const;
     bool SelectRows(const TRowIds& wanted, TVirtualNode* node);
     void ApplyFocusedColumn();
     void OfferBox(TVirtualNode* node);
@@ -279,6 +292,9 @@ private:
     bool RowsAreBehind();
     void CatchUp();
     bool WereReadAnew(TDataSet& dataSet) const;
+    bool ShowsOtherRecords(TDataSet& dataSet) const;
+    void FindAgain(TRowsToFind& selected, TRowsToFind& focused, std::int64_t offset);
+    void KeepEnds();
     bool TotalsAreBehind() const;
     bool AreCounted(TDataSet& dataSet) const;
     void ReadRows(TDataSet& dataSet);
@@ -293,6 +309,7 @@ private:
     TVirtualDBGridNode* DataOf(TVirtualNode* node) const;
     void MakeRow(TVirtualDBGridNode& data);
     const TTotal* TotalOf(TColumn* column) const;
+    const TTotal* PresentTotalOf(TColumn* column);
     TField* FieldOf(int column) const;
     static String CaptionOf(TField* field);
     String CaptionInPassing(TDataSet::TPassingReader& reader, TVirtualNode* node, int column) const;
@@ -324,6 +341,7 @@ private:
     TKeyField FKeyFields[2] = {{String(kIdColumnName)}, {String(kGuidColumnName)}};
     TNodePool FRowPool{sizeof(TVirtualDBGridRow)};
     std::vector<int> FHintColumns;
+    TReadRecords FRead;
     TWalk* FWalk = nullptr;               // while the rows are being read
     std::shared_ptr<TPainting> FPainting; // while they are being painted
     TFooterPaintInfo FFooterPaintInfo;
@@ -331,7 +349,6 @@ private:
     int FFooterRoom = 0; // that the window has made
     bool FColumnFocusLocked = false;
     bool FCheckMode = false;
-    bool FReadFiltered = false; // whether the dataset was when the rows were read
     bool FReading = false;
     bool FMirroring = false;      // columns change because others have
     bool FRemakes = false;        // they are to be made anew

@@ -27,7 +27,6 @@ struct TZORVirtualDBGrid::TWalk {
     std::vector<std::pair<TField*, TColumnTotal*>> Totals;
     const TField* Id = nullptr; ///< null where rows have no such key
     const TField* Guid = nullptr;
-    int Number = 0; ///< of records that were read
 };
 
 /// One painting of the rows.
@@ -55,9 +54,13 @@ struct TZORVirtualDBGrid::TOwnDrawing {
     }
 };
 
-/// The first row of the tree whose key is wanted; null when none is.
+/// The first row of the tree whose key is wanted, with rows in line; null when none is.
 template <class TWanted>
 TVirtualNode* TZORVirtualDBGrid::FindNode(TWanted wanted) {
+    TLifeGuard alive(*this);
+    CatchUp();
+    if (!alive)
+        return nullptr;
     TVirtualNode* node = GetRootNode()->GetFirstChild();
     while (node && !wanted(GetRowId(node)))
         node = node->GetNextSibling();

@@ -40,6 +40,7 @@ void TZORVirtualDBGrid::DataSetReplaced() {
     FWalk = nullptr;
     for (TKeyField& key : FKeyFields)
         key.Index = TKeyField::NotSought;
+    FRead = {};
     Invalidate();
     InvalidateFooter();
     BuildTree();
@@ -48,7 +49,7 @@ void TZORVirtualDBGrid::DataSetReplaced() {
 void TZORVirtualDBGrid::DataEvent(TDataEvent event) {
     if (event == deCheckBrowseMode)
         BuildTree();
-    else if (event == deUpdateState || event == deLayoutChange || RowsAreBehind())
+    else if (event == deUpdateState || event == deLayoutChange || event == deDataSetChange || RowsAreBehind())
         Invalidate(); // texts are others, and rows that are behind are read when it comes to painting them
 }
 
@@ -85,23 +86,28 @@ bool TZORVirtualDBGrid::TotalsAreBehind() const {
 
 /// The records were fetched again, so that the bookmarks of the rows lead nowhere: that of neither end is valid.
 bool TZORVirtualDBGrid::WereReadAnew(TDataSet& dataSet) const {
-    const auto isStale = [&](TVirtualNode* node) {
-        const TVirtualDBGridNode* data = node ? DataOf(node) : nullptr;
-        return data && data->Row && !data->Row->Bookmark.IsEmpty() && !dataSet.BookmarkValid(data->Row->Bookmark);
-    };
-    return isStale(GetRootNode()->GetFirstChild()) && isStale(GetRootNode()->GetLastChild());
+    return !FRead.First.IsEmpty() && !dataSet.BookmarkValid(FRead.First) && !dataSet.BookmarkValid(FRead.Last);
+}
+
+/// Other records than those that were read: RecordCount alone does not tell, nor do keys where there are none.
+bool TZORVirtualDBGrid::ShowsOtherRecords(TDataSet& dataSet) const {
+    return !AreCounted(dataSet) || FRead.View != dataSet.GetViewNumber();
 }
 
 bool TZORVirtualDBGrid::RowsAreBehind() {
     if (!IsReady())
         return false;
+    if (FRead.State != TReading::Done)
+        return FRead.State == TReading::Due;
     TDataSet& dataSet = *GetDataSet();
-    return FColumnsChanged || GetNodeDataSize() != VirtualDBGridNodeSize || !AreCounted(dataSet) ||
-           FReadFiltered != dataSet.GetFiltered() || TotalsAreBehind() || WereReadAnew(dataSet);
+    return FColumnsChanged || GetNodeDataSize() != VirtualDBGridNodeSize || ShowsOtherRecords(dataSet) ||
+           TotalsAreBehind() || WereReadAnew(dataSet);
 }
 
-/// Before the grid is painted.
+/// Before the grid is painted, or asked for what it has of its rows.
 void TZORVirtualDBGrid::CatchUp() {
+    if (FPainting || FPaintingFooter)
+        return;
     if (RowsAreBehind())
         BuildTree();
     else if (FColumnsChanged && !IsLoading() && GetColumns()->GetCount() > 0)
@@ -124,7 +130,7 @@ void TZORVirtualDBGrid::RefreshRows() {
     if (!IsReady())
         return;
     TDataSet& dataSet = *GetDataSet();
-    if (!AreCounted(dataSet) || FReadFiltered != dataSet.GetFiltered() || TotalsAreBehind())
+    if (FRead.State != TReading::Done || ShowsOtherRecords(dataSet) || TotalsAreBehind())
         return Reload();
     TLifeGuard alive(*this);
     if (WereReadAnew(dataSet) && !ReadBookmarks(dataSet) && alive)
@@ -134,41 +140,74 @@ void TZORVirtualDBGrid::RefreshRows() {
 void TZORVirtualDBGrid::Reload() {
     if (!IsReady())
         return;
-    const auto keyOf = [this](TVirtualNode* node) { return node ? GetRowId(node) : TRowId(); };
-    std::vector<TRowId> selected;
-    if (GetSelectedCount() > 0)
-        Get_Selected(&selected);
-    std::erase(selected, TRowId()); // rows without a key are not found again
-    const TRowId focused = keyOf(GetFocusedNode());
+    TDataSet& dataSet = *GetDataSet();
+    const bool byKey = FRead.State == TReading::Due || WereReadAnew(dataSet);
+    TRowsToFind selected(byKey);
+    for (TVirtualNode* node = GetFirstSelected(); node; node = GetNextSelected(node))
+        selected.Add(GetRowBookmark(node), GetRowId(node));
+    TRowsToFind focused(byKey);
+    if (TVirtualNode* node = GetFocusedNode())
+        focused.Add(GetRowBookmark(node), GetRowId(node));
     const std::int64_t offset = HandleAllocated() ? GetOffsetY() : 0;
     TLifeGuard alive(*this);
-    ReadRows(*GetDataSet());
-    if (!alive)
-        return;
-    if (!selected.empty() && SelectRows(TRowIds(selected), GetRootNode()->GetFirstChild()))
-        DoChange(nullptr);
-    if (!alive || focused == TRowId())
-        return;
-    if (TVirtualNode* node = FindNode([&](const TRowId& row) { return IsRow(row, focused); })) {
-        SetFocusedNode(node);
-        if (alive && HandleAllocated())
-            SetOffsetY(offset);
+    std::exception_ptr failure;
+    {
+        SetRebuilding(true);
+        const TAtScopeEnd rebuilt(*this, [this] { SetRebuilding(false); });
+        try {
+            ReadRows(dataSet);
+        } catch (...) {
+            failure = std::current_exception(); // what has been read stays as it was before
+        }
     }
+    if (alive)
+        FindAgain(selected, focused, offset);
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+/// Selects rows and gives one the focus; tells only of those that are not there any more.
+void TZORVirtualDBGrid::FindAgain(TRowsToFind& selected, TRowsToFind& focused, std::int64_t offset) {
+    const bool hadFocus = focused.Count() > 0;
+    TVirtualNode* node = GetRootNode()->GetFirstChild();
+    for (; node && selected.Count() + focused.Count() > 0; node = node->GetNextSibling()) {
+        if (selected.Take(GetRowBookmark(node), GetRowId(node)))
+            Nodes().SetState(node, vsSelected, true);
+        if (focused.Take(GetRowBookmark(node), GetRowId(node)))
+            PutFocus(node);
+    }
+    TLifeGuard alive(*this);
+    if (hadFocus && focused.Count() == 0 && HandleAllocated())
+        SetOffsetY(offset);
+    if (alive && selected.Count() > 0)
+        DoChange(nullptr);
+    if (alive && focused.Count() > 0 && !GetFocusedNode())
+        DoFocusChange(nullptr, GetFocusedColumn());
 }
 
 // Reading records
 
 /// Makes the nodes anew. Each of them takes the record on which the dataset stands and moves it on, see DoInitNode.
+/// Where this is broken off there are no totals, and it is not tried again before the dataset moves.
 void TZORVirtualDBGrid::ReadRows(TDataSet& dataSet) {
     FReading = true;
-    const TAtScopeEnd done(*this, [this] { FReading = false; });
+    FRead = {};
+    FRead.State = TReading::BrokenOff;
+    FRead.View = dataSet.GetViewNumber();
+    const TAtScopeEnd done(*this, [this] {
+        FReading = false;
+        if (FRead.State != TReading::Done) {
+            FTotals.clear();
+            HideRowsFrom(static_cast<unsigned>(FRead.Count));
+        }
+        InvalidateFooter();
+    });
     TLifeGuard alive(*this);
     TLifeGuard there(dataSet);
     FTotals.clear();
     FReadColumns.clear();
     for (int i = 0; i < GetColumns()->GetCount(); ++i)
         FReadColumns.emplace_back(GetColumns()->GetColumn(i)->GetID(), GetColumns()->GetColumn(i)->GetFieldName());
-    FReadFiltered = dataSet.GetFiltered();
     if (GetNodeDataSize() != VirtualDBGridNodeSize)
         SetNodeDataSize(VirtualDBGridNodeSize);
     if (alive)
@@ -177,49 +216,69 @@ void TZORVirtualDBGrid::ReadRows(TDataSet& dataSet) {
         return;
     SetRootNodeCount(static_cast<unsigned>(std::max(dataSet.GetRecordCount(), 0)));
     WalkRecords(dataSet, [&] {
+        const bool hasRecords = FWalk != nullptr;
         TNodeRef node(Nodes(), GetRootNode()->GetFirstChild());
         while (node && InitNode(node.Get()))
             node.Set(node.Get()->GetNextSibling());
-        if (alive && FWalk && FWalk->DataSet->GetEof())
-            HideRowsFrom(static_cast<unsigned>(FWalk->Number)); // a filter lets fewer records through
+        if (!alive || (hasRecords && !FWalk))
+            return;
+        if (hasRecords && dataSet.GetEof())
+            HideRowsFrom(static_cast<unsigned>(FRead.Count)); // a filter lets fewer records through
+        KeepEnds();
     });
-    if (alive)
-        InvalidateFooter();
 }
 
-/// Gives each row the record at its place; false, and rows are half done, when one of them has another key.
+/// The rows are those of the records now.
+void TZORVirtualDBGrid::KeepEnds() {
+    FRead.State = TReading::Done;
+    FRead.First = FRead.Last = {};
+    if (FRead.Count > 0 && static_cast<unsigned>(FRead.Count) <= GetRootNodeCount()) {
+        FRead.First = GetRowBookmark(GetRootNode()->GetFirstChild());
+        FRead.Last = GetRowBookmark(TNodeStore::Child(GetRootNode(), static_cast<unsigned>(FRead.Count) - 1));
+    }
+}
+
+/// Gives each row the record at its place; false, and rows are half done, when these are not all, or one of them has
+/// another key.
 bool TZORVirtualDBGrid::ReadBookmarks(TDataSet& dataSet) {
     FReading = true;
-    const TAtScopeEnd done(*this, [this] { FReading = false; });
+    FRead.State = TReading::BrokenOff;
+    const TAtScopeEnd done(*this, [this] {
+        FReading = false;
+        Invalidate();
+    });
     TLifeGuard alive(*this);
-    bool same = true;
+    bool same = false;
     WalkRecords(dataSet, [&] {
         TVirtualNode* node = GetRootNode()->GetFirstChild();
-        for (; same && node && FWalk && !dataSet.GetEof(); node = node->GetNextSibling()) {
+        int number = 0;
+        for (; node && FWalk && !dataSet.GetEof(); node = node->GetNextSibling()) {
             TVirtualDBGridNode* data = DataOf(node);
-            same = data && data->Row && ReadKey(*FWalk) == GetRowId(node);
-            if (!same)
-                break;
+            if (number == FRead.Count || !data || !data->Row || ReadKey(*FWalk) != GetRowId(node))
+                return;
             data->Row->Bookmark = dataSet.GetBookmark();
+            ++number;
             dataSet.Next();
             if (!alive)
                 return;
         }
+        same = FWalk && dataSet.GetEof() && number == FRead.Count;
+        if (same)
+            KeepEnds();
     });
-    if (alive)
-        Invalidate();
     return same;
 }
 
 namespace {
 
 void GoBack(TDataSet& dataSet, const TBookmark& place) {
+    TLifeGuard there(dataSet);
     try {
         if (dataSet.BookmarkValid(place))
             return dataSet.GotoBookmark(place);
     } catch (const EDatabaseError&) { // NOLINT(bugprone-empty-catch): a filter keeps the record out
     }
-    if (dataSet.GetActive())
+    if (there && dataSet.GetActive())
         dataSet.First();
 }
 
@@ -267,6 +326,7 @@ void TZORVirtualDBGrid::PrepareWalk(TWalk& walk) {
         TColumn* column = GetColumns()->GetColumn(i);
         TTotal& total = FTotals[column];
         total.ColumnID = column->GetID();
+        total.FieldName = column->GetFieldName();
         walk.Totals.emplace_back(field, &total.Sum);
     }
 }
@@ -318,7 +378,7 @@ bool TZORVirtualDBGrid::ReadRecord(TVirtualDBGridNode& data) {
     if ((AfterInitNode || dataSet.AfterScroll) && !AreCounted(dataSet))
         return false; // a handler has changed the number
     data.Row->Bookmark = dataSet.GetBookmark();
-    data.Row->Number = ++FWalk->Number;
+    data.Row->Number = ++FRead.Count;
     for (const auto& [field, total] : FWalk->Totals)
         total->Add(field->GetData());
     const TRowId key = ReadKey(*FWalk);
@@ -505,24 +565,34 @@ const TZORVirtualDBGrid::TTotal* TZORVirtualDBGrid::TotalOf(TColumn* column) con
     if (found == FTotals.end())
         return nullptr;
     for (int i = 0; i < GetColumns()->GetCount(); ++i) {
-        if (GetColumns()->GetColumn(i) == column)
-            return column->GetID() == found->second.ColumnID ? &found->second : nullptr;
+        if (GetColumns()->GetColumn(i) != column)
+            continue;
+        const TTotal& total = found->second;
+        const bool isItsOwn = column->GetID() == total.ColumnID && column->GetFieldName() == total.FieldName;
+        return isItsOwn ? &total : nullptr;
     }
     return nullptr;
 }
 
-Variant TZORVirtualDBGrid::GetColumnTotal(TColumn* column) const {
-    const TTotal* total = TotalOf(column);
+/// With rows in line.
+const TZORVirtualDBGrid::TTotal* TZORVirtualDBGrid::PresentTotalOf(TColumn* column) {
+    TLifeGuard alive(*this);
+    CatchUp();
+    return alive ? TotalOf(column) : nullptr;
+}
+
+Variant TZORVirtualDBGrid::GetColumnTotal(TColumn* column) {
+    const TTotal* total = PresentTotalOf(column);
     return total ? total->Sum.AsVariant() : Null();
 }
 
-String TZORVirtualDBGrid::GetPlainTotal(TColumn* column) const {
-    const TTotal* total = TotalOf(column);
+String TZORVirtualDBGrid::GetPlainTotal(TColumn* column) {
+    const TTotal* total = PresentTotalOf(column);
     return total ? total->Sum.AsText() : String();
 }
 
-String TZORVirtualDBGrid::FormatColumnTotal(TColumn* column) const {
-    const TTotal* total = TotalOf(column);
+String TZORVirtualDBGrid::FormatColumnTotal(TColumn* column) {
+    const TTotal* total = PresentTotalOf(column);
     if (!total)
         return {};
     const TField* field = column->GetField();

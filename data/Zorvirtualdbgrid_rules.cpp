@@ -249,14 +249,17 @@ String TColumnTotal::AsText(const TFormatSettings& settings) const {
 // Rows and their keys
 
 bool IsRow(const TRowId& row, const TRowId& wanted) {
-    return row.first > 0 ? row.first == wanted.first : row.first == 0 && row.second == wanted.second;
+    if (row.first != 0)
+        return row.first > 0 && row.first == wanted.first;
+    return row.second != TGUID() && row.second == wanted.second;
 }
 
 TRowIds::TRowIds(const std::vector<TRowId>& wanted) {
     for (const TRowId& each : wanted) {
         if (each.first > 0)
             FNumbers.insert(each.first);
-        FGuids.insert(each.second);
+        if (each.second != TGUID())
+            FGuids.insert(each.second);
     }
 }
 
@@ -269,6 +272,39 @@ std::size_t TRowIds::THash::operator()(const TGUID& value) const {
     static_assert(sizeof halves == sizeof value);
     std::memcpy(halves, &value, sizeof halves);
     return std::hash<std::uint64_t>()(halves[0] * 0x9E3779B97F4A7C15u ^ halves[1]);
+}
+
+std::size_t TRowIds::THash::operator()(const TRowId& value) const {
+    return operator()(value.second) * 31 + static_cast<std::size_t>(value.first);
+}
+
+void TRowsToFind::Add(const TBookmark& bookmark, const TRowId& key) {
+    ++FCount;
+    if (FByKey) {
+        if (key != TRowId())
+            ++FKeys[key];
+    } else if (!bookmark.IsEmpty()) {
+        FSorted = FSorted && (FBookmarks.empty() || std::is_lteq(FBookmarks.back() <=> bookmark.Value()));
+        FBookmarks.push_back(bookmark.Value());
+    }
+}
+
+bool TRowsToFind::Take(const TBookmark& bookmark, const TRowId& key) {
+    if (FCount == 0)
+        return false;
+    if (FByKey) {
+        const auto found = FKeys.find(key);
+        if (found == FKeys.end() || found->second == 0)
+            return false;
+        --found->second;
+    } else {
+        if (!std::exchange(FSorted, true))
+            std::sort(FBookmarks.begin(), FBookmarks.end());
+        if (!std::binary_search(FBookmarks.begin(), FBookmarks.end(), bookmark.Value()))
+            return false;
+    }
+    --FCount;
+    return true;
 }
 
 TColor RowColor(unsigned index, int level) {

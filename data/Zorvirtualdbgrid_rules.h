@@ -3,10 +3,11 @@
 // What the virtual data grid decides without a window: the totals of its columns, which row has which key, where the
 // cells of the footer and their texts lie, the colours of the rows, and which columns may be dragged where.
 
-#include "framework/db/olevariant.h"
+#include "framework/db/bookmarks.h"
 #include "framework/vtree/treeoptions_rules.h"
 
 #include <array>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -64,7 +65,8 @@ private:
 
 // Rows and their keys
 
-/// What identifies a row to the program: a number above 0, or where that is 0 the GUID.
+/// What identifies a row to the program: a number above 0, or where that is 0 the GUID. A GUID of nothing but zeros is
+/// none.
 using TRowId = std::pair<int, TGUID>;
 
 /// Whether a row with the first key is one that a program means by the second one. Rows with a negative number have no
@@ -78,12 +80,34 @@ public:
     /// Whether it is the row of one of them.
     bool Contains(const TRowId& row) const;
 
-private:
     struct THash {
         std::size_t operator()(const TGUID& value) const;
+        std::size_t operator()(const TRowId& value) const;
     };
+
+private:
     std::unordered_set<int> FNumbers;
     std::unordered_set<TGUID, THash> FGuids;
+};
+
+/// Rows that are to be found again after all were made anew: by their bookmarks, as long as these lead to the records
+/// that they led to, and otherwise by their keys. Each is found once, and without either not at all.
+class TRowsToFind {
+public:
+    explicit TRowsToFind(bool byKey) : FByKey(byKey) {}
+    /// Quickest in the order of the bookmarks.
+    void Add(const TBookmark& bookmark, const TRowId& key);
+    /// Whether this is one of them; then it is no more.
+    bool Take(const TBookmark& bookmark, const TRowId& key);
+    /// Of those that have not been found.
+    std::size_t Count() const { return FCount; }
+
+private:
+    bool FByKey;
+    bool FSorted = true;
+    std::size_t FCount = 0;
+    std::vector<OleVariant> FBookmarks;
+    std::unordered_map<TRowId, int, TRowIds::THash> FKeys;
 };
 
 /// The background of a row by its place among its siblings: white, and for each second one a colour that is the lighter

@@ -596,6 +596,7 @@ void TCustomADODataSet::MasterChanged() {
     Operation([&] {
         CheckBrowseMode();
         TakeMasterValues();
+        ViewChanged();
         if (differs && !FGivenRecordset) {
             // Whatever goes wrong, rows of the former master are not shown for this one.
             Attempt(

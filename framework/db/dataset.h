@@ -198,6 +198,9 @@ public:
 
     bool GetFiltered() const { return FFiltered; }
     virtual void SetFiltered(bool value);
+    /// Another number than before when other records may be shown: a filter came or went, a record was posted anew or
+    /// deleted, the master moved. The same when the records are edited, or read again by Refresh.
+    unsigned GetViewNumber() const { return FViewNumber; }
     bool GetAutoCalcFields() const { return FAutoCalcFields; }
     /// Calculated fields are set anew after each change of a field, not only when a record is read.
     void SetAutoCalcFields(bool value) { FAutoCalcFields = value; }
@@ -280,6 +283,8 @@ protected:
     /// do with it, calls it in its own.
     void CloseToDie();
     void SetState(TDataSetState value);
+    /// To be called before anybody is told, see GetViewNumber.
+    void ViewChanged() { ++FViewNumber; }
     void SetBookmarkSize(int value) { FBookmarkSize = value; }
     /// EDatabaseError unless open, or unless closed.
     void CheckActive() const;
@@ -455,6 +460,7 @@ private:
     int FDepth = 0;
     int FBookmarkSize = 0;
     int FCalculatedCount = 0;
+    unsigned FViewNumber = 0;
     bool FBof = true;
     bool FEof = true;
     bool FModified = false;

@@ -159,7 +159,10 @@ void TDataSet::Post() {
         if (FState != dsEdit && FState != dsInsert)
             return; // a handler has ended the edit itself
         CheckRequiredFields();
+        const bool isNew = FState == dsInsert;
         CheckOperation([&] { InternalPost(); }, &TDataSet::OnPostError);
+        if (isNew)
+            ViewChanged();
         CursorPosChanged();
         SetState(dsBrowse);
         Resync({});
@@ -213,6 +216,7 @@ void TDataSet::Delete() {
         FireOrLeave(BeforeDelete, this);
         DoBeforeScroll();
         CheckOperation([&] { InternalDelete(); }, &TDataSet::OnDeleteError);
+        ViewChanged();
         CursorPosChanged();
         SetState(dsBrowse);
         Resync({});

@@ -379,6 +379,7 @@ void TDataSet::SetFiltered(bool value) {
     Operation([&] {
         CheckBrowseMode();
         FFiltered = value;
+        ViewChanged();
         First();
     });
 }
