@@ -252,6 +252,8 @@ void TOrdersPage::ReloadRows() {
 }
 
 void TOrdersPage::CitiesChecked(TBaseVirtualTree*, TVirtualNode*) {
+    if (FUpdating)
+        return;
     ShowMessage({}, clWindowText);
     Narrow();
 }
@@ -306,11 +308,9 @@ void TOrdersPage::ShowAllClick(TObject*) {
     FOnlyMarked = false;
     {
         const TWhile updating(FUpdating);
-        CitiesTree->OnChecked = nullptr;
         CitiesTree->SetFraza({});
         CitiesTree->GetSearchEdit()->SetText({});
         CitiesTree->CheckListBox_SetChecked(csUncheckedNormal);
-        CitiesTree->OnChecked = [this](TBaseVirtualTree* sender, TVirtualNode* node) { CitiesChecked(sender, node); };
     }
     Narrow();
 }

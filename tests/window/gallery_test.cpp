@@ -253,6 +253,10 @@ TEST_F(Gallery, ShowsOrdersAsTheDatabaseHoldsThem) {
     const auto card = row(u"SELECT shipping, note FROM orders WHERE id = 16");
     EXPECT_EQ(card->GetVariant(0).AsCurrency(), Currency(1234));
     EXPECT_EQ(card->GetVariant(1).AsString(), u"Szk\u0142o!");
+    const auto customer = row(u"SELECT name, city FROM customers WHERE id = (SELECT customer_id FROM orders "
+                              u"WHERE id = 15)");
+    EXPECT_EQ(customer->GetVariant(0).AsString(), u"Zofia Kr\u00F3l");
+    EXPECT_EQ(customer->GetVariant(1).AsString(), u"Krak\u00F3w");
     const auto item = row(u"SELECT quantity, price, (SELECT goods FROM orders WHERE id = 20) FROM items "
                           u"WHERE order_id = 20 ORDER BY id");
     Currency goods;
