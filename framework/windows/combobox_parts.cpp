@@ -179,8 +179,12 @@ void TCustomCombo::EditWndProc(TMessage& message) {
         return;
     case WM_KILLFOCUS:
         CallNative(part.Native, part.Window, message);
-        if (alive && !OwnsWindow(reinterpret_cast<HWND>(message.WParam)))
+        if (alive && !OwnsWindow(reinterpret_cast<HWND>(message.WParam))) {
+            // The part would go on showing its selection; the platform ends it here, Wine does not.
+            if (FEdit.Window == part.Window)
+                CallWindowProcW(part.Native, part.Window, EM_SETSEL, 0, 0);
             Perform(CM_LOSTFOCUS);
+        }
         return;
     case WM_SETCURSOR: // as if the part were the combo box itself, so that Cursor counts here too
         if (reinterpret_cast<HWND>(message.WParam) == part.Window) {

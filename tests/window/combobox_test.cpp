@@ -214,7 +214,11 @@ TEST_F(ComboBoxTest, IsOneControlToTheFocusTheKeysAndTheMouse) {
     EXPECT_EQ(::GetFocus(), EditWindow());
     EXPECT_TRUE(Box.Focused());
     EXPECT_EQ(Form->GetActiveControl(), &Box);
+    Box.SetText(u"Kielce");
+    Box.SelectAll();
+    ASSERT_EQ(Box.GetSelLength(), 6);
     other.SetFocus();
+    EXPECT_EQ(Box.GetSelLength(), 0) << "only the field with the focus shows a selection";
     EXPECT_EQ(std::exchange(told, {}), u"enter exit ");
     TPoint down{};
     Box.OnMouseDown = [&](TObject*, TMouseButton, TShiftState, int x, int y) { down = {x, y}; };
