@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kCheckColumn = 0;
 constexpr int kTextColumn = 1;
-constexpr int kCheckColumnWidth = 37; // pixels
+// Pixels at 96 to an inch:
+constexpr int kCheckColumnWidth = 37;
 constexpr int kCheckListIndent = 10;
 constexpr int kCheckListRow = 16;
 constexpr int kCheckListHeader = 20;
@@ -25,7 +26,7 @@ constexpr int kSearchEditGap = 2; // pixels below the header, and between the ed
 std::string UserSortKey(StringView text) {
     if (text.empty())
         return {};
-    constexpr DWORD kHow = LCMAP_SORTKEY | NORM_IGNORECASE | LINGUISTIC_IGNORECASE;
+    constexpr DWORD kHow = LCMAP_SORTKEY | NORM_IGNORECASE;
     std::string key(text.size() * 4 + 16, '\0');
     const auto map = [&] {
         return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, kHow, WideData(text), static_cast<int>(text.size()),
@@ -38,7 +39,9 @@ std::string UserSortKey(StringView text) {
         key.resize(static_cast<std::size_t>(size));
         size = map();
     }
-    key.resize(static_cast<std::size_t>(std::max(size - 1, 0))); // without the zero at its end
+    if (size == 0)
+        return PlainSortKey(text);                  // the system refuses
+    key.resize(static_cast<std::size_t>(size - 1)); // without the zero at its end
     return key;
 }
 
@@ -134,12 +137,20 @@ void TZORVirtualStringTree::SetUpCheckList() {
                             TVTPaintOptions{toUseBlendedSelection});
     options.SetMiscOptions(options.GetMiscOptions() + TVTMiscOptions{toCheckSupport});
     options.SetSelectionOptions(options.GetSelectionOptions() + TVTSelectionOptions{toFullRowSelect});
-    SetIndent(kCheckListIndent);
-    SetDefaultNodeHeight(kCheckListRow);
+    SetIndent(FormPixels(kCheckListIndent));
+    SetDefaultNodeHeight(FormPixels(kCheckListRow));
     SetUpColumns();
     // Only now: the order of what there was before is nobody's concern.
     options.SetAutoOptions(options.GetAutoOptions() + TVTAutoOptions{toAutoSort});
     SetCheckListBox();
+}
+
+/// Pixels of the form as it is scaled now; a form that is being loaded is scaled with all that is on it afterwards.
+int TZORVirtualStringTree::FormPixels(int pixels) const {
+    if (GetComponentState().Contains(csLoading))
+        return pixels;
+    const TCustomForm* form = GetParentForm(this);
+    return MulDiv(pixels, form ? form->GetPixelsPerInch() : TheScreen().GetPixelsPerInch(), USER_DEFAULT_SCREEN_DPI);
 }
 
 void TZORVirtualStringTree::SetUpColumns() {
@@ -149,16 +160,17 @@ void TZORVirtualStringTree::SetUpColumns() {
     TVirtualTreeColumns& columns = *header.GetColumns();
     columns.Clear();
     TVirtualTreeColumn& box = *columns.Add();
-    box.SetMinWidth(kCheckColumnWidth);
-    box.SetMaxWidth(kCheckColumnWidth);
-    box.SetWidth(kCheckColumnWidth);
+    const int boxWidth = FormPixels(kCheckColumnWidth);
+    box.SetMinWidth(boxWidth);
+    box.SetMaxWidth(boxWidth);
+    box.SetWidth(boxWidth);
     box.SetCheckType(ctTriStateCheckBox);
     box.SetCheckBox(true);
     columns.Add();
     header.SetMainColumn(kCheckColumn);
     header.SetAutoSizeIndex(kTextColumn);
     header.SetSort(kTextColumn, sdAscending);
-    header.SetDefaultHeight(kCheckListHeader);
+    header.SetDefaultHeight(FormPixels(kCheckListHeader));
     UstawLabel();
 }
 
@@ -259,6 +271,8 @@ void TZORVirtualStringTree::SetFraza(const String& phrase) {
         return;
     TLifeGuard alive(*this);
     SetCheckListBox();
+    if (alive && FCheckBoxStyle && !GetFocusedNode())
+        SetOffsetY(0); // what was found is read from its beginning
     if (alive)
         UstawLabel();
     if (!alive || !FCheckBoxStyle || (GetHeader()->GetSortColumn() == kTextColumn && HasAuto(toAutoSort)))
@@ -430,11 +444,10 @@ void TZORVirtualStringTree::CheckListBox_SetChecked(TCheckState state) {
          node = Nodes().Next(node, TNodeMeasure::Initialized))
         PutCheckState(node, state);
     TLifeGuard alive(*this);
+    const TAtScopeEnd told(*this, [this] { UstawLabel(); }); // whatever handlers raise
     TellChecked(changed);
     if (alive)
         DoChange(nullptr);
-    if (alive)
-        UstawLabel();
 }
 
 /// OnChecked for each node whose item changed, or during a click on the header's box once for all of them.
@@ -469,7 +482,9 @@ void TZORVirtualStringTree::DoInitNode(TVirtualNode* parent, TVirtualNode* node,
 void TZORVirtualStringTree::DoGetText(TVirtualNode* node, TColumnIndex column, TVSTTextType textType, String& text) {
     if (FCheckBoxStyle) {
         const std::size_t item = ItemOf(node);
-        text = column == kCheckColumn || item == FItems.Count() ? String() : FItems.Item(item).text;
+        text.clear();
+        if (column != kCheckColumn && item < FItems.Count())
+            text.assign(FItems.Item(item).text, 0, TextWanted());
     }
     TZORFramed::DoGetText(node, column, textType, text);
 }
@@ -481,9 +496,8 @@ void TZORVirtualStringTree::DoChecked(TVirtualNode* node) {
         if (const std::size_t item = ItemOf(node); item < FItems.Count())
             FItems.SetState(item, node->GetCheckState());
         if (!IsCheckingSeveral()) {
+            UstawLabel();
             SetFocusedNode(node);
-            if (alive)
-                UstawLabel();
         }
         if (!alive || !still)
             return;

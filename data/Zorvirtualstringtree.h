@@ -98,6 +98,7 @@ private:
     std::size_t ItemOf(TVirtualNode* node) const;
     void SetUpCheckList();
     void SetUpColumns();
+    int FormPixels(int pixels) const;
     TCheckListOrder OrderBy(TColumnIndex column, TSortDirection direction) const;
     void RestoreSelection(const std::vector<std::uint32_t>& selected, std::size_t focused,
                           const std::vector<std::uint32_t>& shown);

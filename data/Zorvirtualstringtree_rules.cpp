@@ -54,6 +54,17 @@ std::size_t FindPart(StringView text, StringView part, std::size_t from) {
 
 #endif
 
+std::string PlainSortKey(StringView text) {
+    std::string key;
+    key.reserve(text.size() * 2);
+    for (const char16_t unit : text) {
+        const char16_t lower = ToLowerCase(unit);
+        key += static_cast<char>(lower >> 8);
+        key += static_cast<char>(lower & 0xFF);
+    }
+    return key;
+}
+
 // Items
 
 void TCheckList::Add(int id, const String& text) {

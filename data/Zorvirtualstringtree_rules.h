@@ -98,6 +98,9 @@ private:
     std::vector<std::uint32_t> FByRank; // item numbers
 };
 
+/// A text as bytes that compare as its units in lower case do, where there is nobody to ask how a person sorts.
+std::string PlainSortKey(StringView text);
+
 /// Where `part` lies in `text` at or behind `from`, npos for nowhere: as find does, several units at a time.
 std::size_t FindPart(StringView text, StringView part, std::size_t from = 0);
 

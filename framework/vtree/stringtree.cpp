@@ -4,8 +4,15 @@
 #include "framework/graphics/textmetrics.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace framework {
+
+namespace {
+
+constexpr std::size_t kLongestShown = 10000; // characters; what is longer is wider than any screen
+
+} // namespace
 
 const TEnumInfo& DescribeEnum(TVSTTextType) {
     static const TEnumInfo info{u"TVSTTextType", {u"ttNormal", u"ttStatic"}};
@@ -124,16 +131,21 @@ void TCustomVirtualStringTree::DoPaintText(TVirtualNode* node, TCanvas& canvas, 
     Fire(*this, OnPaintText, this, &canvas, node, column, textType);
 }
 
-String TCustomVirtualStringTree::NodeText(TVirtualNode* node, TColumnIndex column) {
+String TCustomVirtualStringTree::TextOf(TVirtualNode* node, TColumnIndex column, std::size_t wanted) {
+    const std::size_t before = std::exchange(FTextWanted, wanted); // of a handler that asks for another text
+    const TAtScopeEnd asked(*this, [this, before] { FTextWanted = before; });
     String text = FDefaultText;
     DoGetText(node, column, ttNormal, text);
     return text;
 }
 
+String TCustomVirtualStringTree::NodeText(TVirtualNode* node, TColumnIndex column) {
+    return TextOf(node, column, String::npos);
+}
+
 int TCustomVirtualStringTree::DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) {
-    constexpr std::size_t kMost = 10000; // characters; what is longer is wider than any screen anyway
-    const String text = NodeText(node, column);
-    return TTextMeasure(*GetFont()).Extent(StringView(text).substr(0, kMost)).Width;
+    const String text = TextOf(node, column, kLongestShown);
+    return TTextMeasure(*GetFont()).Extent(StringView(text).substr(0, kLongestShown)).Width;
 }
 
 TColor TBaseVirtualTree::TextColor(const TVTPaintInfo& info) const {
@@ -149,8 +161,7 @@ TColor TBaseVirtualTree::TextColor(const TVTPaintInfo& info) const {
 void TCustomVirtualStringTree::DoPaintNode(TVTPaintInfo& info) {
     TLifeGuard alive(*this);
     const TNodeRef still(Nodes(), info.Node);
-    String text = FDefaultText;
-    DoGetText(info.Node, info.Column, ttNormal, text);
+    const String text = TextOf(info.Node, info.Column, kLongestShown);
     if (!alive || !still || text.empty())
         return;
     TColor color = TextColor(info);

@@ -38,6 +38,8 @@ public:
 
 protected:
     virtual void DoGetText(TVirtualNode* node, TColumnIndex column, TVSTTextType textType, String& text);
+    /// How much of a text DoGetText is asked for, in characters: painting needs no more than fits on any screen.
+    std::size_t TextWanted() const { return FTextWanted; }
     virtual void DoPaintText(TVirtualNode* node, TCanvas& canvas, TColumnIndex column, TVSTTextType textType);
     void DoPaintNode(TVTPaintInfo& info) override;
     int DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) override;
@@ -45,7 +47,10 @@ protected:
 private:
     static constexpr StringView kDefaultText = u"Node";
 
+    String TextOf(TVirtualNode* node, TColumnIndex column, std::size_t wanted);
+
     String FDefaultText{kDefaultText};
+    std::size_t FTextWanted = String::npos;
 };
 
 class TVirtualStringTree : public TCustomVirtualStringTree {

@@ -235,6 +235,7 @@ void TBaseVirtualTree::ChangeScale(int m, int d) {
             FStore->SetHeight(node, MulDiv(node->GetNodeHeight(), m, d));
         FDefaultNodeHeight = height;
         StructureChanged();
+        FBoxSize = {};
         FHeader->ChangeScale(m, d);
     }
     TCustomControl::ChangeScale(m, d);
@@ -544,23 +545,23 @@ TVirtualNode* TBaseVirtualTree::Asked(TVirtualNode* node) {
 void TBaseVirtualTree::ReinitNode(TVirtualNode* node, bool recursive) {
     const std::shared_ptr<TNodeStore> store = FStore;
     TVirtualNode* top = ParentOf(node);
-    TVirtualNode* each = top == store->Root() ? store->First(TNodeMeasure::Initialized) : top;
     TLifeGuard alive(*this);
-    TNodeRef next(*store);
-    for (; each && TNodeStore::IsWithin(each, top); each = next.Get()) {
-        next.Set(recursive ? store->Next(each, TNodeMeasure::Initialized) : nullptr);
-        if (!each->Has(vsInitialized))
-            continue;
-        store->SetState(each, vsHeightMeasured, false);
-        TVirtualNodeInitStates states{ivsReInit};
-        const TNodeRef still(*store, each);
-        DoInitNode(each->GetParent() == store->Root() ? nullptr : each->GetParent(), each, states);
-        if (!alive)
-            return;
-        if (still)
-            ApplyInitialStates(each, states);
-        if (!alive)
-            return;
+    TVirtualNode* first = top;
+    if (top == store->Root())
+        first = recursive ? store->First(TNodeMeasure::Initialized) : nullptr;
+    TNodeWalk walk(store, first, &TNodeWalk::NextBy<TNodeMeasure::Initialized>);
+    for (; walk && TNodeStore::IsWithin(walk.Node(), top); walk.Step()) {
+        if (TVirtualNode* each = walk.Node(); each->Has(vsInitialized)) {
+            store->SetState(each, vsHeightMeasured, false);
+            TVirtualNodeInitStates states{ivsReInit};
+            DoInitNode(each->GetParent() == store->Root() ? nullptr : each->GetParent(), each, states);
+            if (alive && walk)
+                ApplyInitialStates(each, states);
+            if (!alive)
+                return;
+        }
+        if (!recursive)
+            break;
     }
     Invalidate();
 }
@@ -568,11 +569,11 @@ void TBaseVirtualTree::ReinitNode(TVirtualNode* node, bool recursive) {
 void TBaseVirtualTree::ValidateNode(TVirtualNode* node, bool recursive) {
     TVirtualNode* top = ParentOf(node);
     TLifeGuard alive(*this);
-    TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
-    while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
-        if (!InitNode(each.Get()) || !recursive)
+    TNodeWalk walk(FStore, top == FStore->Root() ? top->GetFirstChild() : top, &TNodeWalk::NextBy<TNodeMeasure::Nodes>);
+    for (; walk && TNodeStore::IsWithin(walk.Node(), top); walk.Step()) {
+        InitNode(walk.Node());
+        if (!alive || !recursive)
             return;
-        each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
     }
 }
 
@@ -694,12 +695,11 @@ void TBaseVirtualTree::FullExpand(TVirtualNode* node) {
     WhileUpdating([&] {
         TVirtualNode* top = ParentOf(node);
         TLifeGuard alive(*this);
-        TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
-        while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
-            if (InitNode(each.Get()) && each && each.Get()->Has(vsHasChildren))
-                SetExpanded(each.Get(), true);
-            if (alive && each)
-                each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
+        TNodeWalk walk(FStore, top == FStore->Root() ? top->GetFirstChild() : top,
+                       &TNodeWalk::NextBy<TNodeMeasure::Nodes>);
+        for (; alive && walk && TNodeStore::IsWithin(walk.Node(), top); walk.Step()) {
+            if (InitNode(walk.Node()) && walk.Node()->Has(vsHasChildren))
+                SetExpanded(walk.Node(), true);
         }
     });
 }
@@ -708,12 +708,10 @@ void TBaseVirtualTree::FullCollapse(TVirtualNode* node) {
     WhileUpdating([&] {
         TVirtualNode* top = ParentOf(node);
         TLifeGuard alive(*this);
-        TNodeRef each(*FStore, top == FStore->Root() ? top->GetFirstChild() : top);
-        while (alive && each && TNodeStore::IsWithin(each.Get(), top)) {
-            SetExpanded(each.Get(), false);
-            if (alive && each)
-                each.Set(FStore->Next(each.Get(), TNodeMeasure::Nodes));
-        }
+        TNodeWalk walk(FStore, top == FStore->Root() ? top->GetFirstChild() : top,
+                       &TNodeWalk::NextBy<TNodeMeasure::Nodes>);
+        for (; alive && walk && TNodeStore::IsWithin(walk.Node(), top); walk.Step())
+            SetExpanded(walk.Node(), false);
     });
 }
 
@@ -794,9 +792,9 @@ void TBaseVirtualTree::Sort(TVirtualNode* node, TColumnIndex column, TSortDirect
     TLifeGuard alive(*this);
     const TNodeRef still(*FStore, parent);
     if (doInit) {
-        TNodeRef child(*FStore, parent->GetFirstChild());
-        while (child && InitNode(child.Get()))
-            child.Set(child.Get()->GetNextSibling());
+        TNodeWalk walk(FStore, parent->GetFirstChild(), &TNodeWalk::NextSibling);
+        for (; alive && walk; walk.Step())
+            InitNode(walk.Node());
     }
     if (!alive || !still)
         return;
@@ -811,12 +809,10 @@ void TBaseVirtualTree::SortTree(TColumnIndex column, TSortDirection direction, b
     const std::shared_ptr<TNodeStore> store = FStore;
     TLifeGuard alive(*this);
     Sort(nullptr, column, direction, doInit);
-    TNodeRef each(*store, alive ? store->First(TNodeMeasure::Nodes) : nullptr);
-    while (alive && each) {
-        if (each.Get()->GetChildCount() > 1)
-            Sort(each.Get(), column, direction, doInit);
-        if (each)
-            each.Set(store->Next(each.Get(), TNodeMeasure::Nodes));
+    TNodeWalk walk(store, alive ? store->First(TNodeMeasure::Nodes) : nullptr, &TNodeWalk::NextBy<TNodeMeasure::Nodes>);
+    for (; alive && walk; walk.Step()) {
+        if (walk.Node()->GetChildCount() > 1)
+            Sort(walk.Node(), column, direction, doInit);
     }
 }
 

@@ -8,7 +8,7 @@
 // nodes deleted, the tree cleared or freed, the tree notices and goes on without them.
 
 #include "framework/graphics/textmetrics.h"
-#include "framework/vtree/nodestore_rules.h"
+#include "framework/vtree/nodewalk_rules.h"
 #include "framework/vtree/treeheader.h"
 #include "framework/windows/scrollbox_rules.h"
 #include "framework/windows/wincontrol.h"
@@ -577,6 +577,7 @@ private:
 
     // virtualtree_select.cpp
     void SelectSingle(TVirtualNode* node);
+    void UnselectOthers();
     void SelectRange(TVirtualNode* from, TVirtualNode* to, bool add);
     bool UnselectAll(const TVirtualNode* except);
     void SelectByUser(TVirtualNode* node, TShiftState shift, bool byKey);

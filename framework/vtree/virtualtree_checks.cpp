@@ -65,12 +65,9 @@ bool TBaseVirtualTree::AskForSiblings(TVirtualNode* node) {
     TLifeGuard alive(*this);
     TNodeRef parent(*FStore, node->GetParent());
     while (alive && parent && parent.Get()->GetCheckType() == ctTriStateCheckBox) {
-        TNodeRef child(*FStore, parent.Get()->GetFirstChild());
-        while (alive && child) {
-            InitNode(child.Get());
-            if (alive && child)
-                child.Set(child.Get()->GetNextSibling());
-        }
+        TNodeWalk walk(FStore, parent.Get()->GetFirstChild(), &TNodeWalk::NextSibling);
+        for (; alive && walk; walk.Step())
+            InitNode(walk.Node());
         if (alive && parent)
             parent.Set(parent.Get()->GetParent());
     }

@@ -197,8 +197,11 @@ void TBaseVirtualTree::MouseDown(TMouseButton button, TShiftState shift, int x, 
     if (!alive || !selects || IsDesigning())
         return;
     const THitInfo hit = GetHitTestInfoAt({x, y});
-    if (!hit.HitNode)
+    if (!hit.HitNode) {
+        if (button == mbLeft && !shift.Contains(ssShift) && !shift.Contains(ssCtrl))
+            UnselectOthers();
         return;
+    }
     FClickedNode.Set(hit.HitNode);
     if (button == mbLeft && PressOn(hit, shift))
         return;
@@ -482,12 +485,10 @@ void TBaseVirtualTree::CheckSelected() {
         FCheckingSeveral = false;
         DoCheckedSeveral();
     });
-    TNodeRef each(*FStore, GetFirstSelected());
-    while (alive && each) {
-        if (each.Get() != focused.Get() && ShowsBox(each.Get()) && each.Get()->GetCheckState() != state)
-            ClickCheck(each.Get());
-        if (alive && each)
-            each.Set(GetNextSelected(each.Get()));
+    TNodeWalk walk(FStore, GetFirstSelected(), &TNodeWalk::NextBy<TNodeMeasure::Selected>);
+    for (; alive && walk; walk.Step()) {
+        if (TVirtualNode* each = walk.Node(); each != focused.Get() && ShowsBox(each) && each->GetCheckState() != state)
+            ClickCheck(each);
     }
 }
 

@@ -205,8 +205,9 @@ bool TBaseVirtualTree::PaintCell(TRowPainting& painting, TVTPaintInfo& info) {
     if (!goesOn())
         return false;
     if (info.Column == NoColumn) {
-        const int width =
-            layout.Content.Left + FScrollX + DoGetNodeWidth(info.Node, NoColumn) + 2 * FTextMargin + FMargin;
+        const int start = UseRightToLeftAlignment() ? layout.Cell.Right - layout.Content.Right
+                                                    : layout.Content.Left - layout.Cell.Left;
+        const int width = start + DoGetNodeWidth(info.Node, NoColumn) + 2 * FTextMargin + FMargin;
         if (goesOn() && width > FPaintedWidth) {
             FPaintedWidth = width;
             FLayoutDirty = true; // wider than all before: the bar follows

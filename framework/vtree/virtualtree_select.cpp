@@ -65,6 +65,16 @@ void TBaseVirtualTree::SelectSingle(TVirtualNode* node) {
     DoChange(node);
 }
 
+/// Of several rows only the one with the focus stays selected, if it is.
+void TBaseVirtualTree::UnselectOthers() {
+    if (GetSelectedCount() < 2)
+        return;
+    if (FFocusedNode && FFocusedNode.Get()->Has(vsSelected))
+        SelectSingle(FFocusedNode.Get());
+    else
+        ClearSelection();
+}
+
 void TBaseVirtualTree::SelectRange(TVirtualNode* from, TVirtualNode* to, bool add) {
     if (!add)
         UnselectAll(nullptr);

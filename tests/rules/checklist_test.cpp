@@ -12,15 +12,6 @@ using namespace ZOR;
 
 namespace {
 
-std::string FoldedKey(StringView text) {
-    std::string key;
-    for (const char16_t unit : AnsiLowerCase(text)) {
-        key += static_cast<char>(unit >> 8);
-        key += static_cast<char>(unit & 0xFF);
-    }
-    return key;
-}
-
 std::vector<String> Texts(TCheckList& list, TCheckListOrder order) {
     std::vector<String> texts;
     for (const std::uint32_t index : list.Shown(order))
@@ -49,7 +40,7 @@ TEST(CheckList, PhrasesFindTextsLetterCaseAside) {
         {u"a.b", u".", true},
     };
     for (const TCase& each : cases) {
-        TCheckList list(&FoldedKey);
+        TCheckList list(&PlainSortKey);
         list.Add(1, each.Text);
         EXPECT_TRUE(list.SetPhrase(each.Phrase));
         EXPECT_EQ(list.IsVisible(0), each.Found) << Utf8Encode(each.Text) << " / " << Utf8Encode(each.Phrase);
@@ -60,7 +51,7 @@ TEST(CheckList, PhrasesFindTextsLetterCaseAside) {
 }
 
 TEST(CheckList, BoxAndCaptionTellOfTheRightItems) {
-    TCheckList list(&FoldedKey);
+    TCheckList list(&PlainSortKey);
     EXPECT_EQ(list.HeaderState(), csUncheckedNormal);
     for (const char16_t* text : {u"Gda\u0144sk", u"Gdynia", u"\u0141\u00F3d\u017A"})
         list.Add(0, text);
@@ -83,7 +74,7 @@ TEST(CheckList, BoxAndCaptionTellOfTheRightItems) {
 }
 
 TEST(CheckList, OrdersKeepEqualTextsAsTheyCame) {
-    TCheckList list(&FoldedKey);
+    TCheckList list(&PlainSortKey);
     for (const char16_t* text : {u"b", u"A", u"a", u"c", u"B"})
         list.Add(0, text);
     list.SetState(1, csCheckedNormal);
@@ -108,7 +99,7 @@ TEST(CheckList, RandomPhrasesAgreeWithAPlainLoop) {
             result += u"abAB\u0104\u0105"[random() % 6];
         return result;
     };
-    TCheckList list(&FoldedKey);
+    TCheckList list(&PlainSortKey);
     String phrase;
     for (int step = 0; step < 3000; ++step) {
         if (random() % 3 == 0 || list.Count() == 0)

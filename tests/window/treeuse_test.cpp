@@ -150,6 +150,72 @@ TEST_F(TreeUseTest, TheFocusGoesOnWhenItsRowGoes) {
     }
 }
 
+TEST_F(TreeUseTest, WalksGoOnWhenTheNextNodeGoes) {
+    int asked = 0;
+    TVirtualNode* last = nullptr;
+    const auto deletesNodes = [&](auto*, auto*, TVirtualNode* node, auto&) {
+        last = node;
+        if (++asked == 3)
+            Tree->DeleteNode(node->NextSibling);
+        else if (asked == 5)
+            Tree->DeleteNode(node);
+    };
+    const std::function<void()> walks[] = {[&] { Tree->ValidateNode(nullptr, true); },
+                                           [&] { Tree->ReinitNode(nullptr, true); },
+                                           [&] { Tree->Sort(nullptr, 0, sdAscending); }};
+    for (const auto& walk : walks) {
+        Tree->OnInitNode = {};
+        Tree->RootNodeCount = 0;
+        Tree->RootNodeCount = 40;
+        if (&walk == &walks[1])
+            Tree->ValidateNode(nullptr, true); // only what was asked for is asked again
+        asked = 0;
+        Tree->OnInitNode = deletesNodes;
+        walk();
+        EXPECT_EQ(Tree->RootNodeCount, 38u);
+        EXPECT_EQ(last, Tree->RootNode->LastChild) << "walk " << &walk - walks;
+    }
+}
+
+TEST_F(TreeUseTest, AClickBelowTheRowsLeavesOneSelected) {
+    SetOptions({toMultiSelect, toFullRowSelect});
+    Tree->RootNodeCount = 3;
+    const auto clickBelow = [&] { ClickOn(*Tree, {50, 4 * kRow}); };
+    Click(1, 0);
+    PressKey('A', {ssCtrl});
+    clickBelow();
+    EXPECT_EQ(SelectedRows(), u"1") << "that with the focus";
+    Tree->ClearSelection();
+    for (const int row : {0, 2})
+        Tree->Selected[Row(row)] = true;
+    clickBelow();
+    EXPECT_EQ(SelectedRows(), u"");
+}
+
+TEST_F(TreeUseTest, ScrollsAsFarInBothDirections) {
+    Tree->Header->Columns->Clear();
+    Tree->RootNodeCount = 2;
+    String shown;
+    Tree->OnGetText = [&](auto*, auto*, int, auto, String& text) { text = shown; };
+    const auto farthest = [&](TBiDiMode mode, const String& text) {
+        shown = text;
+        Tree->BiDiMode = mode;
+        Tree->Clear(); // with the width of what was painted
+        Tree->Update();
+        Tree->RootNodeCount = 2;
+        Tree->Update();
+        Tree->OffsetX = -10000;
+        Tree->Update();
+        Tree->OffsetX = -10000;
+        return Tree->OffsetX;
+    };
+    const String wide(100, u'W');
+    const int distance = farthest(bdLeftToRight, wide);
+    EXPECT_LT(distance, -100);
+    EXPECT_EQ(farthest(bdRightToLeft, wide), distance);
+    EXPECT_EQ(farthest(bdRightToLeft, u"w"), 0);
+}
+
 TEST_F(TreeUseTest, TellsOfItsNodesWhenItDies) {
     int freed = 0;
     {

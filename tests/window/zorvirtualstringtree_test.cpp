@@ -252,6 +252,52 @@ TEST_F(CheckListTest, SpaceOnSeveralRowsStaysWhereItIs) {
     EXPECT_EQ(Column(1).Text, u"Cities: 8/8");
 }
 
+TEST_F(CheckListTest, BearsTextsOfAMegabyteAndHandlersThatRaise) {
+    const String longText(1 << 20, u'x');
+    for (const char16_t last : {u'c', u'A', u'b'})
+        Tree->AddToDeque(0, longText + last);
+    std::size_t longest = 0;
+    Tree->OnGetText = [&](auto*, auto*, int, auto, String& text) { longest = std::max(longest, text.size()); };
+    Tree->SetCheckListBox();
+    Tree->OffsetY = -INT_MAX;
+    Tree->Repaint();
+    EXPECT_GT(longest, 5000u) << "they were painted";
+    EXPECT_LE(longest, 10000u) << "as much of a text is copied for a cell as can show";
+    String ends;
+    for (const int row : {8, 9, 10})
+        ends += Tree->NodeText(Tree->NodeOfRow(row), 1).back();
+    EXPECT_EQ(ends, u"Abc");
+    Tree->SetFraza(u"XB");
+    EXPECT_EQ(Tree->GetCheckListBox_FrazaVisibleCount(), 1);
+    Tree->OnChecked = [](auto...) { throw Exception(u"not this one"); };
+    EXPECT_THROW(Tree->CheckListBox_SetChecked(csCheckedNormal), Exception);
+    EXPECT_EQ(Column(0).CheckState, csCheckedNormal);
+    EXPECT_EQ(Column(1).Text, u"Cities: 1/11");
+}
+
+TEST_F(CheckListTest, ShowsAPhraseFromItsBeginning) {
+    for (int i = 0; i < 1000; ++i)
+        Tree->AddToDeque(i, u"Nowy " + IntToStr(i));
+    Tree->SetCheckListBox();
+    Tree->OffsetY = -5000;
+    Tree->SetFraza(u"nowy");
+    EXPECT_EQ(Tree->OffsetY, 0);
+    Tree->FocusedNode = Tree->NodeOfRow(500);
+    const std::int64_t before = Tree->OffsetY;
+    Tree->SetFraza(u"nowy ");
+    EXPECT_EQ(Tree->OffsetY, before) << "the row with the focus stays in view";
+}
+
+TEST_F(CheckListTest, TurnedOnLateItIsAsLargeAsItsForm) {
+    const int before = Form->PixelsPerInch;
+    Form->PixelsPerInch = 144;
+    Tree->CheckBoxStyle = true;
+    Form->PixelsPerInch = before;
+    const std::vector<int> sizes{Tree->Indent, static_cast<int>(Tree->DefaultNodeHeight), Tree->Header->Height,
+                                 Column(0).Width, Column(0).MaxWidth};
+    EXPECT_EQ(sizes, (std::vector{15, 24, 30, 56, 56}));
+}
+
 TEST_F(CheckListTest, TheSearchEditStaysInItsPlace) {
     TEdit before(Form.get());
     before.Parent = Form.get();
