@@ -157,17 +157,36 @@ void TZORVirtualDBGrid::SetFixedColor(TColor value) {
     FFooter->SetBackground(value);
 }
 
+void TZORVirtualDBGrid::SetFooter(TVTHeader* value) {
+    FFooter->Assign(value);
+    FRemakes = true; // its columns are those of this grid
+    ColumnsChanged();
+}
+
 void TZORVirtualDBGrid::SetCheckMode(bool value) {
     if (FCheckMode == value)
         return;
     FCheckMode = value;
+    // The boxes stand where those of a tree would have its buttons.
+    TVirtualTreeOptions& options = *GetTreeOptions();
+    const TVTMiscOptions support{toCheckSupport};
+    const TVTPaintOptions indent{toShowRoot};
     if (value) {
-        // The boxes stand where those of a tree would have its buttons.
-        TVirtualTreeOptions& options = *GetTreeOptions();
-        options.SetMiscOptions(options.GetMiscOptions() + TVTMiscOptions{toCheckSupport});
-        options.SetPaintOptions(options.GetPaintOptions() - TVTPaintOptions{toShowRoot});
-        for (TVirtualNode* node = GetRootNode()->GetFirstChild(); node; node = node->GetNextSibling())
+        FAddedSupport = !HasMisc(toCheckSupport);
+        FTookIndent = HasPaint(toShowRoot);
+        options.SetMiscOptions(options.GetMiscOptions() + support);
+        options.SetPaintOptions(options.GetPaintOptions() - indent);
+    } else {
+        if (FAddedSupport)
+            options.SetMiscOptions(options.GetMiscOptions() - support);
+        if (FTookIndent)
+            options.SetPaintOptions(options.GetPaintOptions() + indent);
+    }
+    for (TVirtualNode* node = GetRootNode()->GetFirstChild(); node; node = node->GetNextSibling()) {
+        if (value)
             OfferBox(node);
+        else if (node->GetCheckType() == ctCheckBox)
+            SetCheckType(node, ctNone);
     }
     FRemakes = true;
     if (!IsLoading() && GetColumns()->GetCount() > 0)
@@ -190,13 +209,13 @@ TColumn* TZORVirtualDBGrid::Get_Column(const String& name) const {
 }
 
 int TZORVirtualDBGrid::GetColumnByX(int x) {
+    GetOffsetX(); // brings the layout up to date
     std::vector<TGridColumn> columns;
     const TVirtualTreeColumns& shown = *GetHeader()->GetColumns();
     for (int i = 0; i < shown.GetCount(); ++i) {
         const TVirtualTreeColumn& column = *shown.GetColumn(i);
         columns.push_back({column.GetLeft(), column.GetWidth(), column.IsVisible()});
     }
-    GetOffsetX(); // the layout is up to date
     return ColumnByX(columns, ContentX(x));
 }
 
@@ -383,7 +402,9 @@ bool TZORVirtualDBGrid::IsLeftOver(TVirtualNode* node) const {
 }
 
 void TZORVirtualDBGrid::ApplyFocusedColumn() {
-    if (FFocusedColumn != GetFocusedColumn())
+    if (!FColumnFocusLocked)
+        Get_FocusedColumn();
+    else if (FFocusedColumn != GetFocusedColumn())
         SetFocusedColumn(FFocusedColumn);
 }
 
@@ -471,9 +492,7 @@ void TZORVirtualDBGrid::Set_FocusedColumn(int index) {
 
 void TZORVirtualDBGrid::Set_ColumnFocusLocked(bool value) {
     TLifeGuard alive(*this);
-    if (value)
-        Get_FocusedColumn(); // it is the present one that is locked
-    else
+    if (!value)
         SetFocusedColumn(FFocusedColumn);
     if (alive)
         FColumnFocusLocked = value;

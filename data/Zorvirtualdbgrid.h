@@ -121,12 +121,13 @@ public:
     TDataSet* GetDataSet() const;
     /// The rows of the dataset; null unless it is an open ADO dataset.
     std::shared_ptr<_Recordset> Get_Recordset() const;
-    /// The fields from which the keys of rows come. A number that has no place in 32 bits is no key.
+    /// The fields from which the keys of rows come. A number that has no place in 32 bits is no key; a GUID may also be
+    /// a text, or 16 bytes as they lie in memory. After a change the rows are read anew with the next painting.
     const String& GetIdColumnName() const { return FKeyFields[0].Name; }
-    void SetIdColumnName(const String& value) { FKeyFields[0] = {value}; }
+    void SetIdColumnName(const String& value) { SetKeyName(FKeyFields[0], value); }
     bool IdColumnNameStored() const { return FKeyFields[0].Name != kIdColumnName; }
     const String& GetGuidColumnName() const { return FKeyFields[1].Name; }
-    void SetGuidColumnName(const String& value) { FKeyFields[1] = {value}; }
+    void SetGuidColumnName(const String& value) { SetKeyName(FKeyFields[1], value); }
     bool GuidColumnNameStored() const { return FKeyFields[1].Name != kGuidColumnName; }
 
     // The rows
@@ -199,7 +200,7 @@ public:
     // The footer
 
     TVTHeader* GetFooter() const { return FFooter.get(); }
-    void SetFooter(TVTHeader* value) { FFooter->Assign(value); }
+    void SetFooter(TVTHeader* value);
     /// The footer in window pixels; without height while it does not show.
     TRect GetFooterRect() const;
     /// Where the text of a footer column goes in its cell, for handlers of OnFooterDraw. `text` stays as it is when the
@@ -305,6 +306,7 @@ private:
     bool ReadRecord(TVirtualDBGridNode& data);
     static TRowId ReadKey(const TWalk& walk);
     void HideRowsFrom(unsigned index);
+    void SetKeyName(TKeyField& key, const String& name);
     TField* KeyField(TDataSet& dataSet, TKeyField& key) const;
     TVirtualDBGridNode* DataOf(TVirtualNode* node) const;
     void MakeRow(TVirtualDBGridNode& data);
@@ -320,6 +322,7 @@ private:
     bool UsesContentRect(const TVTPaintInfo& info) const;
     TFont* FontOf(int column) const;
     TColor ColorOf(const TVTPaintInfo& info) const;
+    TRect GroundOf(const TVTPaintInfo& info) const;
     bool HasGround(int column, TColor color) const;
     void DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool direct);
     void DrawCheckMark(const TVTPaintInfo& info, HDC dc, bool checked, bool direct) const;
@@ -349,6 +352,8 @@ private:
     int FFooterRoom = 0; // that the window has made
     bool FColumnFocusLocked = false;
     bool FCheckMode = false;
+    bool FAddedSupport = false; // options that check mode has changed
+    bool FTookIndent = false;
     bool FReading = false;
     bool FMirroring = false;      // columns change because others have
     bool FRemakes = false;        // they are to be made anew

@@ -91,6 +91,15 @@ bool TZORVirtualDBGrid::HasGround(int column, TColor color) const {
            static_cast<TColor>(ColorToRGB(GetColor())) == color;
 }
 
+/// The cell, without what the tree has painted in it already, such as a check box.
+TRect TZORVirtualDBGrid::GroundOf(const TVTPaintInfo& info) const {
+    TRect ground = info.CellRect;
+    if (info.Column == GetHeader()->GetMainColumn() && HasMisc(toCheckSupport) && info.Node->GetCheckType() != ctNone)
+        (info.BidiMode == bdLeftToRight ? ground.Left : ground.Right) =
+            info.BidiMode == bdLeftToRight ? info.ContentRect.Left : info.ContentRect.Right;
+    return ground;
+}
+
 void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintInfo) {
     if (paintInfo.Column < 0 || (FCheckMode && paintInfo.Column == GetHeader()->GetMainColumn()))
         return;
@@ -110,7 +119,7 @@ void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintIn
     }
     const HDC dc = direct ? info.DC : info.Canvas->GetHandle();
     if (const TColor color = ColorOf(info); !info.Node->Has(vsSelected) && !(direct && HasGround(info.Column, color)))
-        FillArea(dc, info.CellRect, color);
+        FillArea(dc, GroundOf(paintInfo), color);
     if (OnDrawTextNode) {
         Fire(*this, OnDrawTextNode, this, info, text);
         return;
@@ -223,14 +232,21 @@ void TZORVirtualDBGrid::CMEnabledChanged(TMessage& message) {
 void TZORVirtualDBGrid::Dispatch(TMessage& message) {
     TLifeGuard alive(*this);
     switch (message.Msg) {
-    case WM_PAINT:
-        CatchUp();
-        if (!alive || !HandleAllocated())
-            return;
-        TVirtualDrawTree::Dispatch(message);
+    case WM_PAINT: {
+        std::exception_ptr failure; // goes on when what is there has been painted
+        try {
+            CatchUp();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        if (alive && HandleAllocated())
+            TVirtualDrawTree::Dispatch(message);
         if (alive && FFooterDirty && HandleAllocated())
             PaintFooterBand();
+        if (failure)
+            std::rethrow_exception(failure);
         return;
+    }
     case WM_NCHITTEST: {
         TVirtualDrawTree::Dispatch(message);
         RECT window{};
@@ -324,6 +340,7 @@ void TZORVirtualDBGrid::PaintFooterCells(const std::shared_ptr<TCanvas>& canvas,
         extents.push_back({index, column.GetWidth(), column.IsVisible()});
     }
     const auto [edge, flags] = FooterFrame(FFooter->GetStyle());
+    const TAtScopeEnd done(*this, [this] { FFooterPaintInfo = {}; });
     for (const TFooterCell& cell : FooterCells(extents, rect, offset, UseRightToLeftAlignment())) {
         if (!columns.IsValidColumn(cell.Column))
             return; // a handler has changed the columns
@@ -337,7 +354,6 @@ void TZORVirtualDBGrid::PaintFooterCells(const std::shared_ptr<TCanvas>& canvas,
                   dmmNone))
             return;
     }
-    FFooterPaintInfo = {};
 }
 
 void TZORVirtualDBGrid::ComputeFooterLayout(const TVirtualTreeColumn& column, HDC dc, const TRect& cell,

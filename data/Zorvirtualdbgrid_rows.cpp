@@ -6,6 +6,7 @@
 #include "framework/system/strings.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 namespace ZOR {
@@ -13,7 +14,7 @@ namespace ZOR {
 // The data
 
 TDataSource* TZORVirtualDBGrid::GetDataSource() const {
-    return FDataLink->GetDataSource();
+    return FDataLink ? FDataLink->GetDataSource() : nullptr;
 }
 
 void TZORVirtualDBGrid::SetDataSource(TDataSource* value) {
@@ -331,6 +332,14 @@ void TZORVirtualDBGrid::PrepareWalk(TWalk& walk) {
     }
 }
 
+void TZORVirtualDBGrid::SetKeyName(TKeyField& key, const String& name) {
+    if (key.Name == name)
+        return;
+    key = {name};
+    FRead.State = TReading::Due;
+    Invalidate();
+}
+
 TField* TZORVirtualDBGrid::KeyField(TDataSet& dataSet, TKeyField& key) const {
     if (key.Index == TKeyField::NotSought) {
         const TField* field = key.Name.empty() ? nullptr : dataSet.FindField(key.Name);
@@ -359,7 +368,9 @@ TGUID GuidOf(const TField& field) {
     if (value.Kind() == TFieldValue::TKind::Guid)
         guid = value.GuidValue();
     else if (value.Kind() == TFieldValue::TKind::Text)
-        TryStringToGUID(value.Units(), guid);
+        TryStringToGUID(Trim(value.Units()), guid); // a column of fixed width fills up with blanks
+    else if (value.Kind() == TFieldValue::TKind::Bytes && value.Octets().size() == sizeof guid)
+        std::memcpy(&guid, value.Octets().data(), sizeof guid);
     return guid;
 }
 
@@ -521,7 +532,7 @@ String TZORVirtualDBGrid::Get_NodeCaption(TVirtualNode* node, int column) {
 
 String TZORVirtualDBGrid::NodeText(TVirtualNode* node, TColumnIndex column) {
     TDataSet* dataSet = GetDataSet();
-    if (!dataSet || !FDataLink->GetActive())
+    if (!dataSet || !FDataLink->GetActive() || (FCheckMode && column == GetHeader()->GetMainColumn()))
         return {};
     const std::shared_ptr<TPainting> painting = FPainting;
     if (painting)
@@ -547,7 +558,7 @@ String TZORVirtualDBGrid::DoGetNodeHint(TVirtualNode* node, TColumnIndex column)
     TLifeGuard alive(*this);
     const TNodeRef still(Nodes(), node);
     String hint = TVirtualDrawTree::DoGetNodeHint(node, column);
-    if (!alive || !still || !hint.empty() || !IsHintColumn(column))
+    if (!alive || !still || !hint.empty() || !GetHeader()->GetColumns()->IsValidColumn(column))
         return hint;
     const int room = GetHeader()->GetColumns()->GetColumn(column)->GetWidth() - 2 * (GetMargin() + GetTextMargin());
     const bool isCut = DoGetNodeWidth(node, column) > room;

@@ -328,7 +328,7 @@ bool MayDragColumn(bool checkMode, TColumnIndex column, TColumnIndex mainColumn)
 }
 
 bool MayDropColumn(bool checkMode, TColumnIndex column, int newPosition, TColumnIndex mainColumn) {
-    return !checkMode || (column != mainColumn && newPosition != mainColumn);
+    return !checkMode || (column != mainColumn && IndexAfterMove(mainColumn, column, newPosition) == mainColumn);
 }
 
 int IndexAfterMove(int index, int from, int to) {

@@ -127,7 +127,7 @@ int ColumnByX(const std::vector<TGridColumn>& columns, int x);
 
 /// Whether a column may be dragged at all: in check mode not the column of the boxes, and nothing beside the columns.
 bool MayDragColumn(bool checkMode, TColumnIndex column, TColumnIndex mainColumn);
-/// Whether a column that was dragged goes to the new position; in check mode that of the boxes is taken.
+/// Whether a column that was dragged goes to the new position; in check mode the column of the boxes keeps its place.
 bool MayDropColumn(bool checkMode, TColumnIndex column, int newPosition, TColumnIndex mainColumn);
 /// Where the item at `index` is after the item at `from` has been moved to `to`.
 int IndexAfterMove(int index, int from, int to);

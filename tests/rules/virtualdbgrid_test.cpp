@@ -105,7 +105,7 @@ TEST(RowKeys, NumbersAboveZeroCountBeforeGuids) {
     const TCase cases[] = {
         {{5, one}, {5, two}, true},   {{5, one}, {6, one}, false}, {{5, one}, {0, one}, false},
         {{0, one}, {5, one}, true},   {{0, one}, {0, two}, false}, {{-5, one}, {-5, one}, false},
-        {{-5, one}, {0, one}, false}, {{0, two}, {-1, two}, true},
+        {{-5, one}, {0, one}, false}, {{0, two}, {-1, two}, true}, {{0, {}}, {7, {}}, false},
     };
     for (const TCase& each : cases) {
         EXPECT_EQ(IsRow(each.Row, each.Wanted), each.Is) << each.Row.first << " and " << each.Wanted.first;
@@ -126,6 +126,7 @@ TEST(Columns, AreFoundDraggedAndColoured) {
     EXPECT_FALSE(MayDropColumn(true, 2, 0, 0)) << "the place of the boxes";
     EXPECT_TRUE(MayDropColumn(true, 2, 1, 0));
     EXPECT_TRUE(MayDropColumn(false, 2, 0, 0));
+    EXPECT_FALSE(MayDropColumn(true, 0, 2, 1)) << "the boxes would be in another column";
     // Against a real move of items.
     for (int from = 0; from < 4; ++from) {
         for (int to = 0; to < 4; ++to) {

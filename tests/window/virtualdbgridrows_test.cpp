@@ -178,6 +178,67 @@ TEST_F(VirtualDBGridRowsTest, KeepSelectionAndFocusSilently) {
     EXPECT_EQ(told, 1);
 }
 
+TEST_F(VirtualDBGridRowsTest, ShowWhatIsThereNow) {
+    Paint();
+    DataSet->DisableControls();
+    DataSet->Edit();
+    DataSet->FieldByName(u"Name")->AsString = u"Another";
+    DataSet->Post();
+    DataSet->EnableControls();
+    EXPECT_TRUE(GetUpdateRect(Grid->Handle, nullptr, FALSE)) << "what was edited in silence is painted";
+    // A reading that fails in the middle of a painting does not keep the rows from being painted.
+    int painted = 0;
+    int failed = 0;
+    Grid->OnAfterCellPaint = [&](TBaseVirtualTree*, const TVTPaintInfo&) { ++painted; };
+    Grid->AfterInitNode = [&](TBaseVirtualTree*, TVirtualNode*, TVirtualNode*, TVirtualNodeInitStates&) {
+        if (DataSet->RecNo > 4)
+            throw Exception(u"Not this one");
+    };
+    Application->OnException = [&](TObject*, const std::exception&) { ++failed; };
+    Grid->id_column_name = u"City";
+    Paint();
+    Application->OnException = nullptr;
+    EXPECT_EQ(failed, 1);
+    EXPECT_GE(painted, 8) << "four rows of two cells";
+    Grid->AfterInitNode = nullptr;
+    Grid->id_column_name = u"Id";
+    // A total belongs to the field of its column.
+    EXPECT_NE(Grid->GetPlainTotal(Grid->Columns->Items[1]), u"");
+    Grid->Columns->Items[1]->FieldName = u"Name";
+    EXPECT_EQ(Grid->GetPlainTotal(Grid->Columns->Items[1]), u"");
+    // Check mode leaves nothing behind.
+    const auto options = Grid->TreeOptions->PaintOptions;
+    Grid->CheckMode = true;
+    EXPECT_EQ(Grid->NodeText(Grid->GetFirst(), 0), u"") << "boxes have no text";
+    Grid->CheckMode = false;
+    EXPECT_EQ(Grid->CheckType[Grid->GetFirst()], ctNone);
+    EXPECT_EQ(Grid->TreeOptions->PaintOptions, options);
+    EXPECT_EQ(Grid->NodeText(Grid->GetFirst(), 0), u"Another");
+}
+
+TEST_F(VirtualDBGridRowsTest, AreThoseOfTheMaster) {
+    SetRecordsetOpener([](TRecordsetQuery& query) -> std::shared_ptr<_Recordset> {
+        TRowStore rows({MemoryColumn(u"Amount", adInteger)});
+        const auto* customer = std::get_if<std::int64_t>(&query.Parameters.at(0).Value);
+        for (int i = 0; i < 3; ++i)
+            rows.AppendRow(std::vector<TDataValue>{*customer});
+        return std::make_shared<TClientRecordset>(std::move(rows));
+    });
+    TADODataSet items(nullptr);
+    items.CommandText = u"SELECT amount FROM items WHERE customer = :Id";
+    items.DataSource = &DataSource;
+    items.Open();
+    TDataSource itemSource(nullptr);
+    itemSource.DataSet = &items;
+    Grid->Columns->Items[1]->FieldName = u"Amount";
+    Grid->DataSource = &itemSource;
+    EXPECT_EQ(Shown(), "0 0 0 = 3");
+    DataSet->Next();
+    EXPECT_EQ(Shown(), "0 0 0 = 6") << "no keys, as many rows, another order";
+    Grid->DataSource = nullptr;
+    SetRecordsetOpener({});
+}
+
 TEST_F(VirtualDBGridRowsTest, AnswerWithWhatWasPosted) {
     String total;
     DataSet->AfterPost = [&](TDataSet*) {
