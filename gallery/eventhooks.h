@@ -50,7 +50,6 @@ public:
     void Watch(TComponent* root);
     /// Hooks again those events that were assigned anew.
     void Refresh();
-    int GetHookCount() const { return static_cast<int>(FHooks.size()); }
 
     void Report(const TComponent& component, const String& event, const String& arguments) const;
 

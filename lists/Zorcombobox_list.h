@@ -89,7 +89,6 @@ public:
     /// The fonts of texts and of the characters that match. They are made from the field's each time the list opens.
     TFont* GetNormalFont() const { return FNormalFont.get(); }
     TFont* GetMatchFont() const { return FMatchFont.get(); }
-    const String& GetSearchText() const { return FSearchText; }
     /// What is marked in the rows: the first place where it stands in them, letter case aside, and accents where the
     /// field says so.
     void SetSearchText(const String& value, const TTextFolding& folding);

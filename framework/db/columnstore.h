@@ -20,8 +20,6 @@ public:
     ~TColumnStore();
 
     const TColumnInfo& GetInfo() const { return FInfo; }
-    /// For what does not change the type of the values.
-    TColumnInfo& ChangeInfo() { return FInfo; }
 
     int GetRowCount() const { return FRowCount; }
     /// Adds a row, NULL.

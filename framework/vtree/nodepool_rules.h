@@ -24,7 +24,6 @@ public:
     /// Bytes of each cell, rounded up so that every cell is aligned for pointers and 64-bit numbers. The pool must be
     /// empty.
     void SetCellSize(std::size_t value);
-    std::size_t GetCellSize() const { return FCellSize; }
 
     TCell Allocate();
     void Free(void* memory, std::uint32_t chunk);
