@@ -34,8 +34,19 @@ void TDataSet::Notification(TComponent* component, TOperation operation) {
 
 void TDataSet::Loaded() {
     TComponent::Loaded();
-    if (std::exchange(FOpenWhenLoaded, false))
+    if (!std::exchange(FOpenWhenLoaded, false))
+        return;
+    if (!GetComponentState().Contains(csDesigning)) {
         SetActive(true);
+        return;
+    }
+    // A designer shows the form where its database is not there, too, and keeps what it says.
+    try {
+        SetActive(true);
+    } catch (const std::exception&) {
+        FOpenWhenPossible = true;
+        ApplicationHandleException(this);
+    }
 }
 
 std::vector<TComponent*> TDataSet::GetChildren(TComponent* root) const {
@@ -58,6 +69,7 @@ void TDataSet::SetActive(bool value) {
         FOpenWhenLoaded = value;
         return;
     }
+    FOpenWhenPossible = FOpenWhenPossible && value;
     if (value == (FState != dsInactive))
         return;
     if (!GetComponentState().Contains(csDestroying))

@@ -80,6 +80,8 @@ public:
 
     bool GetActive() const { return FState != dsInactive && FState != dsOpening; }
     void SetActive(bool value);
+    /// What a form says of Active: in a designer also true for a dataset that could not be opened there.
+    bool GetStoredActive() const { return GetActive() || FOpenWhenPossible; }
     void Open() { SetActive(true); }
     void Close() { SetActive(false); }
     TDataSetState GetState() const { return FState; }
@@ -468,6 +470,7 @@ private:
     bool FAutoCalcFields = true;
     bool FDefaultFields = false;
     bool FOpenWhenLoaded = false;
+    bool FOpenWhenPossible = false; // in a designer, where it failed
 };
 
 } // namespace framework

@@ -72,7 +72,8 @@ std::unique_ptr<TComponent> CreateForm(const TClassInfo& info, TComponent* owner
 TFormLoader::TFormLoader(const TFormDocument& document, const TLoadOptions& options)
     : FDocument(document), FOptions(options),
       FFileName(options.FileName.empty() ? document.FileName() : options.FileName) {
-    if ((options.SkipUnknownProperties || options.SkipUnknownClasses) && !options.OnSkipped)
+    const bool skips = options.SkipUnknownProperties || options.SkipUnknownClasses || options.SkipUnknownReferences;
+    if (skips && !options.OnSkipped)
         throw EInvalidOperation(u"Nobody would hear of what the loading of a form skips");
 }
 

@@ -63,7 +63,9 @@ struct TLoadOptions {
     bool SkipUnknownProperties = false;
     /// Objects of classes that are not registered are passed over with everything in them, as are references to them.
     bool SkipUnknownClasses = false;
-    /// Hears of everything passed over. Without it, both switches raise EInvalidOperation.
+    /// References to components that are not there are passed over.
+    bool SkipUnknownReferences = false;
+    /// Hears of everything passed over. Without it, the switches raise EInvalidOperation.
     std::function<void(const TSkippedPart& part)> OnSkipped;
     /// For references such as `Data.Customers`. Asked before the components of the root's owner are searched.
     TFindRoot FindRoot;
@@ -104,7 +106,7 @@ std::unique_ptr<TComponent> CreateFromTextForm(std::string_view bytes, TComponen
                                                const TLoadOptions& options = {});
 
 /// The references of this thread's loaded forms whose form has not come yet, in the order of loading: empty once
-/// everything is there, unless a name is wrong. One that waits is not saved.
+/// everything is there, unless a name is wrong. SaveTextForm writes them as they were.
 std::vector<TPendingReference> PendingReferences();
 /// Sets those whose form came into being otherwise than by a text form, found by `findRoot` or among the components of
 /// the referring root's owner. EFormLoad, with the place of the reference, when one does not fit; it waits no longer.

@@ -162,12 +162,13 @@ void TFormLoader::Resolve(const TScopedReference& scoped) {
     StringView rest = reference.Wanted;
     const StringView first = TakeName(rest);
     const String problem = u"there is no component " + reference.Wanted;
-    if (FSkippedNames.contains(first))
+    const bool waits = !rest.empty() && !FindFirst(first, *scoped.Scope);
+    if (FSkippedNames.contains(first) || (FOptions.SkipUnknownReferences && !waits))
         Skip(problem, FindDestination(*reference.Target, reference.Property).Object->ClassName());
-    else if (rest.empty() || FindFirst(first, *scoped.Scope))
-        Refuse(problem);
-    else
+    else if (waits)
         TWaitingReferences::Current().Add(reference, *FRoot->Component, FFileName, FSession->Number());
+    else
+        Refuse(problem);
 }
 
 void TFormLoader::SetReference(const TReference& reference, TComponent* component) {

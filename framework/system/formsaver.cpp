@@ -2,6 +2,7 @@
 
 #include "framework/system/collections.h"
 #include "framework/system/formvalues.h"
+#include "framework/system/waitingreferences.h"
 
 #include <algorithm>
 
@@ -16,17 +17,6 @@ bool IsDesignPlace(const TPropInfo& row) {
             return true;
     }
     return false;
-}
-
-/// The rows that are stored, in the order in which a form has them.
-std::vector<const TPropInfo*> StoredRows(const TPersistent& object) {
-    std::vector<const TPropInfo*> rows;
-    for (const TPropInfo& row : object.ClassInfo().Properties()) {
-        if (IsStoredProp(object, row))
-            rows.push_back(&row);
-    }
-    std::stable_partition(rows.begin(), rows.end(), [](const TPropInfo* row) { return !IsDesignPlace(*row); });
-    return rows;
 }
 
 bool IsInherited(const TComponent* component) {
@@ -52,7 +42,7 @@ bool HaveMoved(const std::vector<TComponent*>& children, const TComponent& owner
 /// Writes one root. As in the loader, nesting is kept in frames of its own.
 class TFormSaver {
 public:
-    explicit TFormSaver(TComponent& root) : FRoot(root) {}
+    explicit TFormSaver(TComponent& root);
     ~TFormSaver();
 
     TFormDocument Save();
@@ -61,6 +51,7 @@ private:
     /// An object, sub-object, collection or item whose writing has begun.
     struct TFrame {
         const TPersistent* Target = nullptr;
+        const TPersistent* Holder = nullptr;     ///< of a sub-object: the component or item that it belongs to
         TComponent* Component = nullptr;         ///< an object of the form
         const TCollection* Collection = nullptr; ///< a collection
         bool IsItem = false;
@@ -81,19 +72,35 @@ private:
     void OpenItem();
     void CloseFrame();
 
+    void FindStoredRows(TFrame& frame) const;
+    const String* WaitingFor(const TFrame& frame, const TPropInfo& row) const;
     void WriteRow(const TPropInfo& row);
     void WriteObjectRow(const TPropInfo& row, const String& name);
     bool IsOpen(const TPersistent* object) const;
     String PathTo(const TComponent& component, const TPropInfo& row) const;
     String MethodPath(const TPropInfo& row) const;
 
+    /// A reference into a form that is not there.
+    struct TWaiting {
+        const TPersistent* Holder;
+        String Property; ///< the path from there
+        String Wanted;
+    };
+
     TComponent& FRoot;
     TFormBuilder FBuilder;
     std::vector<TFrame> FFrames;
+    std::vector<TWaiting> FWaiting;
 };
 
 TFormDocument SaveTextForm(TComponent& root) {
     return TFormSaver(root).Save();
+}
+
+TFormSaver::TFormSaver(TComponent& root) : FRoot(root) {
+    TWaitingReferences::Current().ForEach([this](const TWaitingReference& each) {
+        FWaiting.push_back({each.Reference.Target, each.Reference.Property, each.Reference.Wanted});
+    });
 }
 
 TFormSaver::~TFormSaver() {
@@ -132,10 +139,10 @@ void TFormSaver::OpenObject(TComponent& component, TComponent& scope, std::optio
     FBuilder.BeginObject(kind, component.GetName(), component.ClassName(), position);
     component.ChangeState(csWriting, true);
     TFrame& frame = FFrames.emplace_back();
-    frame.Target = &component;
+    frame.Target = frame.Holder = &component;
     frame.Component = &component;
     frame.Scope = state.Contains(csInline) ? &component : &scope;
-    frame.Rows = StoredRows(component);
+    FindStoredRows(frame);
     frame.Children = component.GetChildren(frame.Scope);
     std::erase_if(frame.Children, [](const TComponent* child) {
         return child->GetComponentStyle().Contains(csSubComponent); // written where it belongs
@@ -156,10 +163,10 @@ void TFormSaver::OpenChild() {
 
 void TFormSaver::OpenItem() {
     TFrame item;
-    item.Target = FFrames.back().Collection->GetItem(FFrames.back().NextItem++);
+    item.Target = item.Holder = FFrames.back().Collection->GetItem(FFrames.back().NextItem++);
     item.IsItem = true;
     item.Scope = FFrames.back().Scope;
-    item.Rows = StoredRows(*item.Target);
+    FindStoredRows(item);
     FBuilder.BeginItem();
     FFrames.push_back(std::move(item));
 }
@@ -178,6 +185,26 @@ void TFormSaver::CloseFrame() {
 }
 
 // Properties
+
+/// The rows that are stored, in the order in which a form has them.
+void TFormSaver::FindStoredRows(TFrame& frame) const {
+    for (const TPropInfo& row : frame.Target->ClassInfo().Properties()) {
+        if (IsStoredProp(*frame.Target, row) || WaitingFor(frame, row))
+            frame.Rows.push_back(&row);
+    }
+    std::stable_partition(frame.Rows.begin(), frame.Rows.end(),
+                          [](const TPropInfo* row) { return !IsDesignPlace(*row); });
+}
+
+/// What an empty reference will lead to when its form has come; null when it waits for none.
+const String* TFormSaver::WaitingFor(const TFrame& frame, const TPropInfo& row) const {
+    if (FWaiting.empty() || row.Kind != tkClass || row.GetInstance(*frame.Target))
+        return nullptr;
+    const auto waiting = std::find_if(FWaiting.begin(), FWaiting.end(), [&](const TWaiting& each) {
+        return each.Holder == frame.Holder && TNameEqual()(each.Property, frame.Prefix + row.Name);
+    });
+    return waiting == FWaiting.end() ? nullptr : &waiting->Wanted;
+}
 
 void TFormSaver::WriteRow(const TPropInfo& row) {
     const TFrame& frame = FFrames.back();
@@ -200,14 +227,16 @@ void TFormSaver::WriteObjectRow(const TPropInfo& row, const String& name) {
     const TFrame& outer = FFrames.back();
     TPersistent* instance = row.GetInstance(*outer.Target);
     if (!IsSubObject(*outer.Target, row)) {
+        const String* waiting = WaitingFor(outer, row);
         FBuilder.Property(name);
-        FBuilder.Identifier(instance ? PathTo(*As<TComponent>(instance), row) : u"nil");
+        FBuilder.Identifier(instance ? PathTo(*As<TComponent>(instance), row) : waiting ? *waiting : u"nil");
         return;
     }
     if (IsOpen(instance))
         return; // a way back to what holds it
     TFrame frame;
     frame.Target = instance;
+    frame.Holder = outer.Holder;
     frame.Scope = outer.Scope;
     frame.Collection = As<TCollection>(instance);
     if (frame.Collection) {
@@ -215,7 +244,7 @@ void TFormSaver::WriteObjectRow(const TPropInfo& row, const String& name) {
         FBuilder.BeginCollection();
     } else {
         frame.Prefix = name + u".";
-        frame.Rows = StoredRows(*instance);
+        FindStoredRows(frame);
     }
     FFrames.push_back(std::move(frame));
 }

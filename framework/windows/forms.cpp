@@ -345,7 +345,8 @@ void TCustomForm::Loaded() {
         SetClientHeight(FPendingClient.Height);
     FPendingClient = {};
     TWinControl::Loaded();
-    if (!FScaled && FDesignPixelsPerInch > 0)
+    // In a designer the form keeps the pixels that it was designed in, so that looking at it changes nothing.
+    if ((!FScaled || IsDesigning()) && FDesignPixelsPerInch > 0)
         FPixelsPerInch = FDesignPixelsPerInch;
     FScaledOnLoad = FDesignPixelsPerInch > 0 && FDesignPixelsPerInch != FPixelsPerInch;
     TLifeGuard alive(*this);

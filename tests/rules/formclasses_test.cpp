@@ -50,6 +50,8 @@ TEST_F(Forms, WaitForThoseThatTheyReferTo) {
     EXPECT_EQ(Box(*form, u"Box1")->GetPeer(), form.get()); // designers call the form so
     EXPECT_EQ(Waiting(), "zoo.dfm(2,3) Form1.Peer=Data.Source zoo.dfm(4,21) Box1.Columns[0].Link=Data.Owner "
                          "zoo.dfm(4,48) Box1.Columns[1].Link=Other.Box ");
+    EXPECT_NE(Saved(*form).find("\n  Peer = Data.Source\n"), std::string::npos) << Saved(*form);
+    EXPECT_NE(Saved(*form).find("        Link = Other.Box\n"), std::string::npos) << Saved(*form);
     auto brief = Load("object Form2: TZooForm Peer = Data.Source end");
     brief.reset(); // waits no longer
     EXPECT_NE(Fault([] { Load("object F: TZooForm Peer = Data.Source Width = 'x' end"); }), "none");

@@ -296,6 +296,13 @@ TEST_F(Forms, SkipWhatIsUnknownOnlyWhenAskedAndNeverSilently) {
 
     options.SkipUnknownClasses = false;
     EXPECT_EQ(Fault([&] { Load(text, options); }), "zoo.dfm(5,3): Strange: Class TStrange not found");
+
+    skipped.clear();
+    constexpr char lost[] = "object Form1: TZooForm Peer = Nobody object Box1: TZooBox Peer = Form1.Nobody end end";
+    EXPECT_EQ(Fault([&] { Load(lost, options); }), "zoo.dfm(1,24): Form1.Peer: there is no component Nobody");
+    options.SkipUnknownReferences = true;
+    EXPECT_EQ(As<TZooForm>(Load(lost, options).get())->GetPeer(), nullptr);
+    EXPECT_EQ(skipped, "1,24 Form1:TZooForm.Peer; 1,59 Box1:TZooBox.Peer; ");
 }
 
 TEST_F(Forms, TakeValuesInAllTheirForms) {
