@@ -3,9 +3,15 @@
 file(GLOB_RECURSE gallerySources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/gallery/*.cpp")
 list(FILTER gallerySources EXCLUDE REGEX "/gallery/sampledata/") # a program of its own
 if(ZOR_BUILD_GALLERY)
-    add_executable(gallery WIN32 ${gallerySources})
+    # Tests drive its parts, too.
+    set(galleryMain ${PROJECT_SOURCE_DIR}/gallery/main.cpp)
+    list(REMOVE_ITEM gallerySources ${galleryMain})
+    add_library(gallery_parts OBJECT ${gallerySources})
+    zor_set_warnings(gallery_parts)
+    target_link_libraries(gallery_parts PUBLIC zor::zor)
+    add_executable(gallery WIN32 ${galleryMain})
     zor_set_warnings(gallery)
-    target_link_libraries(gallery PRIVATE zor::zor zor::manifest)
+    target_link_libraries(gallery PRIVATE gallery_parts zor::manifest)
     if(MINGW)
         target_link_options(gallery PRIVATE -municode)
     endif()

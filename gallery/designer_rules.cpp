@@ -221,16 +221,6 @@ std::string ObjectTexts(const std::string& form, const std::vector<std::string>&
     return text;
 }
 
-std::string WithoutObjects(const std::string& form, const std::vector<std::string>& names) {
-    std::vector<std::string> lines = Lines(form);
-    const std::vector<TObjectLines> chosen = Chosen(ObjectsOf(lines), names);
-    for (auto object = chosen.rbegin(); object != chosen.rend(); ++object) {
-        const auto first = lines.begin() + static_cast<std::ptrdiff_t>(object->First);
-        lines.erase(first, first + static_cast<std::ptrdiff_t>(object->Count));
-    }
-    return Joined(lines);
-}
-
 TPastedObjects WithObjects(const std::string& form, const std::string& objects, const std::string& parent) {
     std::vector<std::string> lines = Lines(form);
     const std::vector<TObjectLines> present = ObjectsOf(lines);

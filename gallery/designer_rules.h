@@ -70,8 +70,6 @@ private:
 /// The text of the objects with these names, those inside them included, as it is put on the clipboard. Names that
 /// stand inside another one of them, and unknown ones, are left out.
 std::string ObjectTexts(const std::string& form, const std::vector<std::string>& names);
-/// The form without these objects.
-std::string WithoutObjects(const std::string& form, const std::vector<std::string>& names);
 
 struct TPastedObjects {
     std::string Form;

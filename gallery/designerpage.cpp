@@ -3,6 +3,7 @@
 #include "framework/system/files.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
+#include "framework/windows/application.h"
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "framework/windows/memo.h"
@@ -29,9 +30,10 @@ constexpr char kNewForm[] = "object Form1: TForm\n"
                             "  ClientWidth = 400\n"
                             "end\n";
 
-/// The file that the person chooses; nothing when the dialog was cancelled.
-std::optional<String> AskForFile(HWND owner, bool toSave) {
-    String name(32768, u'\0');
+/// The file that the person chooses, at first the one given; nothing when the dialog was cancelled.
+std::optional<String> AskForFile(HWND owner, bool toSave, const String& present) {
+    String name = present;
+    name.resize(32768);
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof(dialog);
     dialog.hwndOwner = owner;
@@ -44,6 +46,35 @@ std::optional<String> AskForFile(HWND owner, bool toSave) {
         return std::nullopt;
     name.resize(name.find(u'\0'));
     return name;
+}
+
+/// The form in work. It stays when the page goes, to be there when the page comes back.
+struct TDesignWork {
+    std::string Text; ///< as of the last step, lines ended by LF
+    std::string Kept; ///< the same as it was opened or saved
+    String FileName;  ///< empty for one that was never saved
+    bool HasWindowsLines = true;
+};
+
+TDesignWork& Work() {
+    static TDesignWork work{kNewForm, {}, {}, true};
+    return work;
+}
+
+/// Writes all of a file or leaves the old one.
+void ReplaceFile(const String& fileName, const std::string& bytes) {
+    const std::filesystem::path path(fileName);
+    const std::filesystem::path fresh(fileName + u".new");
+    std::ofstream file(fresh, std::ios::binary | std::ios::trunc);
+    const bool isWritten = !file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush().fail();
+    file.close();
+    std::error_code problem;
+    if (isWritten)
+        std::filesystem::rename(fresh, path, problem);
+    if (!isWritten || problem) {
+        std::filesystem::remove(fresh, problem);
+        throw EWriteError(u"Cannot write file " + QuotedStr(fileName));
+    }
 }
 
 String WithWindowsLines(const std::string& text) {
@@ -77,7 +108,11 @@ void TDesignerPage::Loaded() {
     FSurface->OnSelect = [this](TObject* sender) { SurfaceSelect(sender); };
     FSurface->OnChange = [this](TObject* sender) { SurfaceChange(sender); };
     FSurface->OnPlaced = [this](TObject* sender) { SurfacePlaced(sender); };
-    FSurface->Open(kNewForm);
+    FSurface->OnProblem = [this](const String& problem) { Tell(problem); };
+    const bool isNew = Work().Kept.empty();
+    FSurface->Open(Work().Text);
+    if (isNew)
+        Work().Kept = Work().Text;
 }
 
 TComponent* TDesignerPage::GetInspected() const {
@@ -100,14 +135,26 @@ void TDesignerPage::SurfaceSelect(TObject*) {
 }
 
 void TDesignerPage::SurfaceChange(TObject*) {
+    Work().Text = FSurface->StepText();
+    EnableButtons();
+    const int count = FSurface->GetForm() ? FSurface->GetForm()->GetComponentCount() : 0;
+    String status = IntToStr(count) + (count == 1 ? u" component" : u" components");
+    for (const String& note : FSurface->TakeNotes())
+        status += u"; " + note;
+    Tell(status);
+}
+
+/// What works on components has nothing to work on while the form shows as text.
+void TDesignerPage::EnableButtons() {
+    const bool isForm = FSurface->GetVisible();
     const auto enable = [this](const char16_t* name, bool enabled) {
         if (auto* button = As<TButton>(FindComponent(name)))
             button->SetEnabled(enabled);
     };
-    enable(u"UndoButton", FSurface->CanUndo());
-    enable(u"RedoButton", FSurface->CanRedo());
-    const int count = FSurface->GetForm() ? FSurface->GetForm()->GetComponentCount() : 0;
-    Tell(IntToStr(count) + (count == 1 ? u" component" : u" components"));
+    enable(u"UndoButton", isForm && FSurface->CanUndo());
+    enable(u"RedoButton", isForm && FSurface->CanRedo());
+    for (const char16_t* name : {u"CutButton", u"CopyButton", u"PasteButton", u"DeleteButton"})
+        enable(name, isForm);
 }
 
 void TDesignerPage::SurfacePlaced(TObject*) {
@@ -119,22 +166,10 @@ void TDesignerPage::Tell(const String& text) {
         label->SetText(text);
 }
 
-bool TDesignerPage::Try(const std::function<void()>& action) {
-    try {
-        action();
-        return true;
-    } catch (const Exception& error) {
-        Tell(Utf8Decode(error.what()));
-        return false;
-    }
-}
-
 // Buttons
 
 void TDesignerPage::OnSurface(void (TDesignSurface::*action)()) {
-    if (!FSurface->GetVisible())
-        return;
-    Try([&] { (FSurface->*action)(); });
+    FSurface->Try([&] { (FSurface->*action)(); });
     FSurface->SetFocus(); // where the keys do the same
 }
 
@@ -170,45 +205,78 @@ void TDesignerPage::ShowText(bool asText) {
     memo->SetVisible(asText);
     FSurface->SetVisible(!asText);
     button->SetText(asText ? u"&Form" : u"&Text");
+    EnableButtons();
     if (asText) {
         memo->SetText(WithWindowsLines(FSurface->FormText()));
+        memo->SetModified(false);
         memo->SetFocus();
     } else {
         FSurface->SetFocus();
     }
 }
 
-void TDesignerPage::TextClick(TObject*) {
-    if (FSurface->GetVisible()) {
-        Try([this] { ShowText(true); });
-        return;
-    }
-    // A text that is no form can be corrected where it is.
+/// Makes the text in view the form; false when it is none. It stays then, to be corrected.
+bool TDesignerPage::TakeText() {
     auto* memo = As<TMemo>(FindComponent(u"TextMemo"));
-    if (Try([&] { FSurface->Replace(WithPlainLines(memo->GetText())); }))
+    if (FSurface->GetVisible() || !memo || !memo->GetModified())
+        return true;
+    const bool taken = FSurface->Try([&] { FSurface->Replace(WithPlainLines(memo->GetText())); });
+    memo->SetModified(!taken);
+    return taken;
+}
+
+void TDesignerPage::TextClick(TObject*) {
+    if (FSurface->GetVisible())
+        FSurface->Try([this] { ShowText(true); });
+    else if (TakeText())
         ShowText(false);
 }
 
+// Files
+
+bool TDesignerPage::IsChanged() const {
+    const auto* memo = As<TMemo>(FindComponent(u"TextMemo"));
+    return Work().Text != Work().Kept || (memo && memo->GetVisible() && memo->GetModified());
+}
+
+bool TDesignerPage::MayLeave() {
+    return !IsChanged() || TheApplication().MessageDialog(u"The form was changed. Discard the changes?", u"Designer",
+                                                          MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+bool TDesignerPage::OpenFile(const String& fileName) {
+    return FSurface->Try([&] {
+        const std::string bytes = ReadFileBytes(fileName);
+        FSurface->Open(bytes);
+        Work().Kept = Work().Text;
+        Work().FileName = fileName;
+        Work().HasWindowsLines = bytes.find("\r\n") != std::string::npos;
+        ShowText(false);
+    });
+}
+
+bool TDesignerPage::SaveFile(const String& fileName) {
+    return TakeText() && FSurface->Try([&] {
+        const std::string text = FSurface->FormText();
+        ReplaceFile(fileName, Work().HasWindowsLines ? Utf8Encode(WithWindowsLines(text)) : text);
+        Work().Kept = Work().Text = text;
+        Work().FileName = fileName;
+        Tell(u"Saved as " + fileName);
+    });
+}
+
 void TDesignerPage::OpenClick(TObject*) {
-    const std::optional<String> file = AskForFile(GetParentForm(this)->GetHandle(), false);
-    if (file)
-        Try([&] {
-            FSurface->Open(ReadFileBytes(*file));
-            ShowText(false);
-        });
+    if (!MayLeave())
+        return;
+    if (const std::optional<String> file = AskForFile(GetParentForm(this)->GetHandle(), false, {}))
+        OpenFile(*file);
 }
 
 void TDesignerPage::SaveClick(TObject*) {
-    const std::optional<String> fileName = AskForFile(GetParentForm(this)->GetHandle(), true);
-    if (!fileName)
+    if (!TakeText())
         return;
-    Try([&] {
-        const std::string text = Utf8Encode(WithWindowsLines(FSurface->FormText()));
-        std::ofstream file(std::filesystem::path(*fileName), std::ios::binary | std::ios::trunc);
-        if (!file.write(text.data(), static_cast<std::streamsize>(text.size())).flush())
-            throw EWriteError(u"Cannot write file " + QuotedStr(*fileName));
-        Tell(u"Saved");
-    });
+    if (const std::optional<String> file = AskForFile(GetParentForm(this)->GetHandle(), true, Work().FileName))
+        SaveFile(*file);
 }
 
 } // namespace gallery

@@ -19,6 +19,15 @@ public:
 
     TComponent* GetInspected() const override;
     void InspectorWritten() override;
+    bool MayLeave() override;
+
+    /// Shows the form of a file. False, with the reason in the status line, when that cannot be done; the form before
+    /// stays then.
+    bool OpenFile(const String& fileName);
+    /// Writes what shows, form or text, with the line ends of the file that was opened; false when it could not.
+    bool SaveFile(const String& fileName);
+    /// Whether something would be lost by opening another form.
+    bool IsChanged() const;
 
 protected:
     void Loaded() override;
@@ -39,11 +48,11 @@ private:
     void OpenClick(TObject* sender);
     void SaveClick(TObject* sender);
 
-    /// Does it, and tells in the status line why when it fails; false then.
-    bool Try(const std::function<void()>& action);
     void OnSurface(void (TDesignSurface::*action)());
     void Tell(const String& text);
     void ShowText(bool asText);
+    bool TakeText();
+    void EnableButtons();
 
     TPaletteList* FPalette = nullptr;
     TDesignSurface* FSurface = nullptr;

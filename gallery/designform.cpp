@@ -1,7 +1,6 @@
 #include "gallery/designform.h"
 
 #include "framework/graphics/canvas.h"
-#include "framework/system/formloader.h"
 #include "gallery/designer_rules.h"
 
 namespace gallery {
@@ -17,12 +16,13 @@ TDesignForm::TDesignForm(const TFormObject& form)
                           Property<&TDesignForm::GetScreenTop, &TDesignForm::SetScreenTop>(u"Top")}) {
 }
 
-std::unique_ptr<TDesignForm> TDesignForm::Load(const TFormDocument& document, TWinControl* parent) {
+std::unique_ptr<TDesignForm> TDesignForm::Load(const TFormDocument& document, TWinControl* parent,
+                                               const TLoadOptions& options) {
     std::unique_ptr<TDesignForm> form(new TDesignForm(document.Root()));
     form->SetDesigning(true);
     form->SetVisible(false);
     form->SetParent(parent); // before its size, which is that of its inside from now on
-    LoadTextForm(*form, document);
+    LoadTextForm(*form, document, options);
     return form;
 }
 

@@ -3,6 +3,7 @@
 // The form on the designer's surface: it shows the grid, knows its place on the screen without being there, and is
 // written to a text form as the program that it belongs to would write it.
 
+#include "framework/system/formloader.h"
 #include "gallery/standinform.h"
 
 namespace gallery {
@@ -10,7 +11,8 @@ namespace gallery {
 class TDesignForm : public TStandInForm {
 public:
     /// The form that the text describes, in design state and complete, hidden on `parent`. Raises EFormLoad.
-    static std::unique_ptr<TDesignForm> Load(const TFormDocument& document, TWinControl* parent);
+    static std::unique_ptr<TDesignForm> Load(const TFormDocument& document, TWinControl* parent,
+                                             const TLoadOptions& options);
 
     /// The form became larger or smaller.
     TNotifyEvent OnSized;

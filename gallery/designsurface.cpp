@@ -4,10 +4,12 @@
 #include "framework/system/formsaver.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
+#include "framework/windows/application.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/label.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace gallery {
@@ -16,13 +18,20 @@ namespace {
 
 constexpr TPoint kFormPlace{12, 40}; // of the form's client area on the surface
 constexpr int kCaptionHeight = 28;
-constexpr int kIconSize = 28; // of a component that a program does not show
+constexpr int kScrollStep = 24; // pixels
+constexpr int kIconSize = 28;   // of a component that a program does not show
 constexpr int kDragThreshold = 4;
 constexpr TColor kMark = 0xDD9746;
 constexpr TColor kOtherMark = 0x909090;
 
 bool IsControl(const TComponent* component) {
     return As<TControl>(component) != nullptr;
+}
+
+/// Has no place in a program, so that the designer shows it as a picture: not a control, nor a part of another
+/// component, as a dataset's fields are.
+bool IsIcon(const TComponent* component) {
+    return !IsControl(component) && !component->HasParent();
 }
 
 } // namespace
@@ -67,13 +76,18 @@ private:
 const TClassInfo& TDesignSurface::StaticClass() {
     namespace row = controlrows;
     static const TClassInfo info = DescribeClass<TDesignSurface>(
-        u"TDesignSurface", TCustomControl::StaticClass(),
+        u"TDesignSurface", TScrollingWinControl::StaticClass(),
         {row::Align(), row::Anchors(), row::Color(clWindow), row::TabOrder(), row::TabStop(true), row::Visible()});
     return info;
 }
 
-TDesignSurface::TDesignSurface(TComponent* owner) : TCustomControl(owner), FHost(new TCustomControl(nullptr)) {
+TDesignSurface::TDesignSurface(TComponent* owner) : TScrollingWinControl(owner), FHost(new TCustomControl(nullptr)) {
     FControlStyle << csAcceptsControls; // so that it does not paint over its form
+    SetAutoScroll(false);               // its extent is that of the form, whatever marks lie over it
+    for (TControlScrollBar* bar : {GetHorzScrollBar(), GetVertScrollBar()}) {
+        bar->SetIncrement(kScrollStep);
+        bar->SetTracking(true);
+    }
     SetBounds(0, 0, 400, 300);
     SetColor(clAppWorkSpace);
     SetTabStop(true);
@@ -90,10 +104,22 @@ TDesignSurface::~TDesignSurface() {
 
 // The form
 
-void TDesignSurface::Show(const std::string& text, const std::vector<std::string>& selected) {
+void TDesignSurface::Show(const std::string& text, const TShowing& how) {
     TParseOptions parsing;
     parsing.FallbackEncoding = TFallbackEncoding::Windows1250; // what designers of this part of the world wrote
-    std::unique_ptr<TDesignForm> form = TDesignForm::Load(ParseTextForm(text, parsing), FHost.get());
+    std::vector<String> notes;
+    TLoadOptions loading;
+    loading.SkipUnknownReferences = how.LeaveOutReferences;
+    loading.OnSkipped = [&](const TSkippedPart& part) {
+        notes.push_back(part.Object + u"." + part.Property + u" was left out: " + part.Problem);
+    };
+    TExceptionEvent others = std::exchange(TheApplication().OnException, [&](TObject* sender, const std::exception& e) {
+        const auto* component = As<TComponent>(sender);
+        notes.push_back((component ? component->GetName() + u": " : String()) + Utf8Decode(e.what()));
+    });
+    const TAtScopeEnd restored(TheApplication(), [&] { TheApplication().OnException = std::move(others); });
+    std::unique_ptr<TDesignForm> form = TDesignForm::Load(ParseTextForm(text, parsing), FHost.get(), loading);
+    FNotes = std::move(notes);
     Select({});
     form->SetBounds(0, 0, form->GetWidth(), form->GetHeight());
     form->OnSized = [this](TObject*) { FitHost(); };
@@ -101,7 +127,7 @@ void TDesignSurface::Show(const std::string& text, const std::vector<std::string
     FitHost();
     FForm->SetVisible(true);
     std::vector<TComponent*> found;
-    for (const std::string& name : selected) {
+    for (const std::string& name : how.Selected) {
         if (TComponent* component = FForm->FindComponent(Utf8Decode(name)))
             found.push_back(component);
     }
@@ -109,14 +135,14 @@ void TDesignSurface::Show(const std::string& text, const std::vector<std::string
 }
 
 void TDesignSurface::Open(const std::string& text) {
-    Show(text, {});
+    Show(text, {{}});
     FHistory.Begin(FormText());
     if (OnChange)
         OnChange(this);
 }
 
 void TDesignSurface::Replace(const std::string& text) {
-    Show(text, SelectedNames());
+    Show(text, {SelectedNames()});
     NoteChange();
 }
 
@@ -126,10 +152,26 @@ std::string TDesignSurface::FormText() const {
     return FForm ? WriteTextForm(SaveTextForm(*FForm), layout) : std::string();
 }
 
+bool TDesignSurface::Try(const std::function<void()>& action) {
+    try {
+        action();
+        return true;
+    } catch (const Exception& error) {
+        if (!OnProblem)
+            throw;
+        OnProblem(error.GetMessageText());
+        return false;
+    }
+}
+
 void TDesignSurface::FitHost() {
     if (!FForm)
         return;
-    FHost->SetBounds(kFormPlace.X, kFormPlace.Y, FForm->GetWidth(), FForm->GetHeight());
+    const TSize size{FForm->GetWidth(), FForm->GetHeight()};
+    GetHorzScrollBar()->SetRange(size.Width + 2 * kFormPlace.X);
+    GetVertScrollBar()->SetRange(size.Height + kFormPlace.Y + kFormPlace.X);
+    FHost->SetBounds(kFormPlace.X - GetHorzScrollBar()->GetPosition(), kFormPlace.Y - GetVertScrollBar()->GetPosition(),
+                     size.Width, size.Height);
     Invalidate();
     PlaceMarks();
 }
@@ -152,7 +194,7 @@ void TDesignSurface::NoteChange() {
 void TDesignSurface::Undo() {
     if (!CanUndo())
         return;
-    Show(FHistory.Undo(), SelectedNames());
+    Show(FHistory.Undo(), {SelectedNames()});
     if (OnChange)
         OnChange(this);
 }
@@ -160,7 +202,7 @@ void TDesignSurface::Undo() {
 void TDesignSurface::Redo() {
     if (!CanRedo())
         return;
-    Show(FHistory.Redo(), SelectedNames());
+    Show(FHistory.Redo(), {SelectedNames()});
     if (OnChange)
         OnChange(this);
 }
@@ -177,11 +219,23 @@ void TDesignSurface::CutSelected() {
 }
 
 void TDesignSurface::DeleteSelected() {
-    const std::string text = FormText();
-    const std::string rest = WithoutObjects(text, SelectedNames());
-    if (rest == text)
+    std::vector<TComponent*> doomed;
+    for (int i = 0; FForm && i < FForm->GetComponentCount(); ++i) {
+        if (IsInSelected(*FForm->GetComponent(i)))
+            doomed.push_back(FForm->GetComponent(i));
+    }
+    if (doomed.empty())
         return;
-    Show(rest, {});
+    Select({});
+    // The younger ones first; one may take others along. Who refers to them hears of it.
+    for (auto each = doomed.rbegin(); each != doomed.rend(); ++each) {
+        for (int i = 0; i < FForm->GetComponentCount(); ++i) {
+            if (FForm->GetComponent(i) == *each) {
+                delete *each;
+                break;
+            }
+        }
+    }
     NoteChange();
 }
 
@@ -195,7 +249,7 @@ void TDesignSurface::Paste() {
     const TPastedObjects pasted = WithObjects(FormText(), Utf8Encode(*text), Utf8Encode(parent));
     if (pasted.Names.empty())
         return;
-    Show(pasted.Form, pasted.Names);
+    Show(pasted.Form, {pasted.Names, true});
     NoteChange();
 }
 
@@ -230,14 +284,19 @@ std::vector<std::string> TDesignSurface::SelectedNames() const {
     return names;
 }
 
+/// Whether it, or what it lies in, is selected.
+bool TDesignSurface::IsInSelected(const TComponent& component) const {
+    const TComponent* each = &component;
+    while (each && !IsSelected(each))
+        each = each->GetParentComponent();
+    return each != nullptr;
+}
+
 std::vector<TComponent*> TDesignSurface::Movable() const {
     std::vector<TComponent*> movable;
     for (TComponent* component : FSelected) {
-        bool inside = component == FForm.get();
-        for (const TComponent* outer = component->GetParentComponent(); outer && !inside;
-             outer = outer->GetParentComponent())
-            inside = IsSelected(outer);
-        if (!inside)
+        const TComponent* outer = component->GetParentComponent();
+        if (component != FForm.get() && !(outer && IsInSelected(*outer)) && (IsControl(component) || IsIcon(component)))
             movable.push_back(component);
     }
     return movable;
@@ -258,7 +317,7 @@ TRect TDesignSurface::PlaceOf(const TComponent& component) const {
 TComponent* TDesignSurface::ComponentAt(TPoint point) const {
     for (int i = FForm->GetComponentCount() - 1; i >= 0; --i) {
         TComponent* component = FForm->GetComponent(i);
-        if (!IsControl(component) && PlaceOf(*component).Contains(point))
+        if (IsIcon(component) && PlaceOf(*component).Contains(point))
             return component;
     }
     TControl* hit = FForm.get();
@@ -292,6 +351,8 @@ TWinControl* TDesignSurface::ContainerAt(TPoint point) const {
 
 void TDesignSurface::PlaceTool(TPoint point) {
     const TClassInfo& info = *std::exchange(FTool, nullptr);
+    if (OnPlaced)
+        OnPlaced(this);
     std::set<String> taken{FForm->GetName()};
     for (int i = 0; i < FForm->GetComponentCount(); ++i)
         taken.insert(FForm->GetComponent(i)->GetName());
@@ -310,21 +371,19 @@ void TDesignSurface::PlaceTool(TPoint point) {
     FPlacing = true;
     FGrip = {1, 1};
     FDrag = IsControl(GetSelected()) ? TDrag::Size : TDrag::Move;
-    if (OnPlaced)
-        OnPlaced(this);
 }
 
 void TDesignSurface::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
-    TCustomControl::MouseDown(button, shift, x, y);
+    TScrollingWinControl::MouseDown(button, shift, x, y);
     SetFocus();
     if (button != mbLeft || !FForm)
         return;
-    const TPoint point{x - kFormPlace.X, y - kFormPlace.Y};
+    const TPoint point = OnForm(x, y);
     FDragStart = point;
     FDragPoint = point;
     FPlacing = false;
     if (FTool) {
-        PlaceTool(point);
+        Try([&] { PlaceTool(point); });
     } else if (const auto grip = FSelected.size() <= 1 && IsControl(GetSelected())
                                      ? GripAt(PlaceOf(*GetSelected()), point)
                                      : std::nullopt;
@@ -405,19 +464,22 @@ void TDesignSurface::DragTo(TPoint point) {
 }
 
 void TDesignSurface::MouseMove(TShiftState shift, int x, int y) {
-    TCustomControl::MouseMove(shift, x, y);
+    TScrollingWinControl::MouseMove(shift, x, y);
     if (FDrag == TDrag::None)
         return;
-    FDragPoint = {x - kFormPlace.X, y - kFormPlace.Y};
+    FDragPoint = OnForm(x, y);
     if (std::abs(FDragPoint.X - FDragStart.X) >= kDragThreshold ||
         std::abs(FDragPoint.Y - FDragStart.Y) >= kDragThreshold)
         DragTo(FDragPoint);
 }
 
 void TDesignSurface::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
-    TCustomControl::MouseUp(button, shift, x, y);
-    if (button != mbLeft || FDrag == TDrag::None)
-        return;
+    TScrollingWinControl::MouseUp(button, shift, x, y);
+    if (button == mbLeft && FDrag != TDrag::None)
+        Try([this] { EndDrag(); });
+}
+
+void TDesignSurface::EndDrag() {
     const TDrag drag = std::exchange(FDrag, TDrag::None);
     if (drag == TDrag::Choose)
         ChooseInFrame();
@@ -433,7 +495,7 @@ void TDesignSurface::ChooseInFrame() {
         const TRect place = PlaceOf(*component);
         const bool touches = place.Left < frame.Right && place.Right > frame.Left && place.Top < frame.Bottom &&
                              place.Bottom > frame.Top;
-        const bool isOnForm = !IsControl(component) || component->GetParentComponent() == FForm.get();
+        const bool isOnForm = IsIcon(component) || component->GetParentComponent() == FForm.get();
         if (touches && isOnForm && !IsSelected(component))
             touched.push_back(component);
     }
@@ -443,7 +505,6 @@ void TDesignSurface::ChooseInFrame() {
 // Keys
 
 void TDesignSurface::KeyDown(WORD& key, TShiftState shift) {
-    TCustomControl::KeyDown(key, shift);
     if (!FForm || FDrag != TDrag::None)
         return;
     switch (key) {
@@ -460,10 +521,11 @@ void TDesignSurface::KeyDown(WORD& key, TShiftState shift) {
         HandleArrow({0, 1}, shift);
         break;
     case VK_TAB:
-        SelectNeighbour(shift.Contains(ssShift) ? -1 : 1);
+        if (!SelectNeighbour(shift.Contains(ssShift) ? -1 : 1))
+            GetParentForm(this)->SelectNext(this, !shift.Contains(ssShift), true);
         break;
     case VK_DELETE:
-        DeleteSelected();
+        Try([this] { DeleteSelected(); });
         break;
     case VK_ESCAPE:
         if (TComponent* container = FSelected.empty() ? nullptr : FSelected.back()->GetParentComponent();
@@ -473,35 +535,24 @@ void TDesignSurface::KeyDown(WORD& key, TShiftState shift) {
             Select({});
         break;
     default:
-        if (!shift.Contains(ssCtrl) || !HandleCommand(key))
+        if (!shift.Contains(ssCtrl) || !HandleCommand(key)) {
+            TScrollingWinControl::KeyDown(key, shift);
             return;
+        }
     }
     key = 0;
 }
 
 bool TDesignSurface::HandleCommand(WORD key) {
-    switch (key) {
-    case 'A':
-        SelectAll();
-        return true;
-    case 'C':
-        CopySelected();
-        return true;
-    case 'X':
-        CutSelected();
-        return true;
-    case 'V':
-        Paste();
-        return true;
-    case 'Y':
-        Redo();
-        return true;
-    case 'Z':
-        Undo();
-        return true;
-    default:
+    using S = TDesignSurface;
+    static const std::map<WORD, void (S::*)()> commands{{'A', &S::SelectAll}, {'C', &S::CopySelected},
+                                                        {'V', &S::Paste},     {'X', &S::CutSelected},
+                                                        {'Y', &S::Redo},      {'Z', &S::Undo}};
+    const auto command = commands.find(key);
+    if (command == commands.end())
         return false;
-    }
+    Try([&] { (this->*command->second)(); });
+    return true;
 }
 
 void TDesignSurface::HandleArrow(TPoint direction, TShiftState shift) {
@@ -520,16 +571,17 @@ void TDesignSurface::HandleArrow(TPoint direction, TShiftState shift) {
     NoteChange();
 }
 
-void TDesignSurface::SelectNeighbour(int step) {
+/// The next component, or the one before; false, with none selected, behind the last.
+bool TDesignSurface::SelectNeighbour(int step) {
     const int count = FForm->GetComponentCount();
-    if (count == 0)
-        return;
-    int present = step > 0 ? -1 : count;
+    int next = step > 0 ? 0 : count - 1;
     for (int i = 0; i < count; ++i) {
         if (FForm->GetComponent(i) == GetSelected())
-            present = i;
+            next = i + step;
     }
-    Select({FForm->GetComponent((present + step + count) % count)});
+    const bool isThere = next >= 0 && next < count;
+    Select(isThere ? std::vector{FForm->GetComponent(next)} : std::vector<TComponent*>());
+    return isThere;
 }
 
 void TDesignSurface::Dispatch(TMessage& message) {
@@ -541,13 +593,14 @@ void TDesignSurface::Dispatch(TMessage& message) {
     case WM_KILLFOCUS:
         Invalidate();
         break;
-    case WM_CANCELMODE:
-        FDrag = TDrag::None;
+    case WM_CANCELMODE: // what was dragged stays where it is, as a step
+        if (FDrag != TDrag::None)
+            Try([this] { EndDrag(); });
         break;
     default:
         break;
     }
-    TCustomControl::Dispatch(message);
+    TScrollingWinControl::Dispatch(message);
 }
 
 // What is drawn over the form
@@ -563,11 +616,10 @@ TDesignMark& TDesignSurface::NextMark() {
 void TDesignSurface::PlaceMarks() {
     FUsedMarks = 0;
     if (FForm) {
-        const auto onSurface = [](const TRect& rect) { return rect.Offset(kFormPlace.X, kFormPlace.Y); };
         for (int i = 0; i < FForm->GetComponentCount(); ++i) {
             const TComponent* component = FForm->GetComponent(i);
-            if (!IsControl(component))
-                NextMark().Show(onSurface(PlaceOf(*component)), IsSelected(component) ? kMark : clBtnShadow, clBtnFace,
+            if (IsIcon(component))
+                NextMark().Show(OnSurface(PlaceOf(*component)), IsSelected(component) ? kMark : clBtnShadow, clBtnFace,
                                 component->ClassName().substr(1, 2));
         }
         const bool single = FSelected.size() == 1;
@@ -575,16 +627,16 @@ void TDesignSurface::PlaceMarks() {
             for (const TGrip grip : DesignGrips()) {
                 const bool isCorner = grip.Horizontal != 0 && grip.Vertical != 0;
                 if (IsControl(component) && (single || isCorner))
-                    NextMark().Show(onSurface(GripRect(PlaceOf(*component), grip)), single ? kMark : kOtherMark,
+                    NextMark().Show(OnSurface(GripRect(PlaceOf(*component), grip)), single ? kMark : kOtherMark,
                                     single ? clWhite : kOtherMark);
             }
         }
         for (const TGrip grip : DesignGrips()) {
             if (FSelected.empty() && grip.Horizontal >= 0 && grip.Vertical >= 0)
-                NextMark().Show(onSurface(GripRect(FForm->GetClientRect(), grip)), kMark, clWhite);
+                NextMark().Show(OnSurface(GripRect(FForm->GetClientRect(), grip)), kMark, clWhite);
         }
         if (FDrag == TDrag::Choose) {
-            TRect frame = onSurface(FrameBetween(FDragStart, FDragPoint));
+            TRect frame = OnSurface(FrameBetween(FDragStart, FDragPoint));
             ++frame.Right; // the pixel under the mouse as well
             ++frame.Bottom;
             for (const TRect& side : {TRect{frame.Left, frame.Top, frame.Right, frame.Top + 1},
@@ -617,13 +669,12 @@ std::optional<TRect> TDesignSurface::FindSpot(const std::vector<String>& words) 
     if (!FForm)
         return std::nullopt;
     if (words.size() == 2 && words[0] == u"component") {
-        const TComponent* component = FForm->FindComponent(words[1]);
-        return component ? std::optional(PlaceOf(*component).Offset(kFormPlace.X, kFormPlace.Y)) : std::nullopt;
+        TComponent* component = FForm->FindComponent(words[1]);
+        ScrollInView(As<TControl>(component));
+        return component ? std::optional(OnSurface(PlaceOf(*component))) : std::nullopt;
     }
-    if (words.size() == 3 && words[0] == u"point") {
-        const TRect spot = Bounds(StrToInt(words[1]), StrToInt(words[2]), 1, 1);
-        return spot.Offset(kFormPlace.X, kFormPlace.Y);
-    }
+    if (words.size() == 3 && words[0] == u"point")
+        return OnSurface(Bounds(StrToInt(words[1]), StrToInt(words[2]), 1, 1));
     return std::nullopt;
 }
 

@@ -4,8 +4,10 @@
 //
 // A click chooses, with Shift it adds or takes away; dragging moves, the grips size, dragging on an empty part chooses
 // what the frame touches. Arrows move by a cell of the grid, with Ctrl by a pixel, with Shift they size by a pixel; Tab
-// goes on to the next component, Esc to the container, Del deletes; Ctrl+A, C, X, V, Z and Y as everywhere.
+// goes on to the next component and from the last one out of the surface, Esc to the container, Del deletes; Ctrl+A, C,
+// X, V, Z and Y as everywhere.
 
+#include "framework/windows/scrollbox.h"
 #include "gallery/designer_rules.h"
 #include "gallery/designform.h"
 #include "gallery/rowlist.h"
@@ -14,7 +16,7 @@ namespace gallery {
 
 class TDesignMark;
 
-class TDesignSurface : public TCustomControl, public TScriptSpots {
+class TDesignSurface : public TScrollingWinControl, public TScriptSpots {
     FRAMEWORK_CLASS(TDesignSurface)
 
 public:
@@ -22,8 +24,10 @@ public:
     TNotifyEvent OnSelect;
     /// The form has changed by a step.
     TNotifyEvent OnChange;
-    /// A component was placed: the tool is done with.
+    /// A component was placed, or could not be: the tool is done with.
     TNotifyEvent OnPlaced;
+    /// Hears of what goes wrong in a key, a click, or an action that Try runs.
+    std::function<void(const String& problem)> OnProblem;
 
     explicit TDesignSurface(TComponent* owner);
     ~TDesignSurface() override;
@@ -36,11 +40,20 @@ public:
     /// The text of the form, lines ended by LF.
     std::string FormText() const;
 
+    /// The same as of the last step.
+    const std::string& StepText() const { return FHistory.Present(); }
+
     /// The class that the next click places; null to choose components.
     void SetTool(const TClassInfo* value) { FTool = value; }
     /// The component chosen last; the form when there is none.
     TComponent* GetSelected() const;
     TCustomForm* GetForm() const { return FForm.get(); }
+    /// What the form shown last does not show as its text says: a dataset that cannot be opened here, a reference that
+    /// was left out of what was pasted. Empty afterwards.
+    std::vector<String> TakeNotes() { return std::exchange(FNotes, {}); }
+
+    /// False when the action raised what OnProblem has heard of; without anybody there it is raised further.
+    bool Try(const std::function<void()>& action);
 
     /// Somebody else changed the form: makes a step of it.
     void NoteChange();
@@ -68,29 +81,39 @@ protected:
 private:
     enum class TDrag { None, Move, Size, Choose };
 
-    void Show(const std::string& text, const std::vector<std::string>& selected);
+    struct TShowing {
+        const std::vector<std::string>& Selected;
+        bool LeaveOutReferences = false; ///< those that lead nowhere, instead of refusing the form
+    };
+
+    void Show(const std::string& text, const TShowing& how);
     void FitHost();
+    TPoint OnForm(int x, int y) const { return {x - FHost->GetLeft(), y - FHost->GetTop()}; }
+    TRect OnSurface(const TRect& rect) const { return rect.Offset(FHost->GetLeft(), FHost->GetTop()); }
     TRect PlaceOf(const TComponent& component) const;
     TComponent* ComponentAt(TPoint point) const;
     TWinControl* ContainerAt(TPoint point) const;
     bool IsSelected(const TComponent* component) const;
     void Select(std::vector<TComponent*> components);
     std::vector<std::string> SelectedNames() const;
+    bool IsInSelected(const TComponent& component) const;
     /// Those of the selection that move by themselves: not the form, and none inside another of them.
     std::vector<TComponent*> Movable() const;
     void MoveBy(TComponent& component, TPoint distance);
     void PlaceTool(TPoint point);
     void DragTo(TPoint point);
+    void EndDrag();
     void ChooseInFrame();
     bool HandleCommand(WORD key);
     void HandleArrow(TPoint direction, TShiftState shift);
-    void SelectNeighbour(int step);
+    bool SelectNeighbour(int step);
     void PlaceMarks();
     TDesignMark& NextMark();
 
     std::unique_ptr<TCustomControl> FHost; // disabled, so that the form's windows hear no input
     std::unique_ptr<TDesignForm> FForm;
     std::vector<TComponent*> FSelected;
+    std::vector<String> FNotes;
     std::vector<std::unique_ptr<TDesignMark>> FMarks;
     std::size_t FUsedMarks = 0;
     TDesignHistory FHistory;

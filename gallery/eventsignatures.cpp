@@ -20,6 +20,7 @@ const TEventSignature mouseWheel(&SignatureOf<TMouseWheelEvent>);
 const TEventSignature close(&SignatureOf<TCloseEvent>);
 const TEventSignature closeQuery(&SignatureOf<TCloseQueryEvent>);
 const TEventSignature upDown(&SignatureOf<TUDClickEvent>);
+const TEventSignature upDownChanging(&UnwatchedSignatureOf<TUDChangingEventEx>);
 const TEventSignature drawItem(&UnwatchedSignatureOf<TDrawItemEvent>);
 const TEventSignature measureItem(&UnwatchedSignatureOf<TMeasureItemEvent>);
 

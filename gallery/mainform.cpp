@@ -118,6 +118,11 @@ TComponent* TGalleryForm::FindByName(StringView name) const {
     return FindComponent(name);
 }
 
+bool TGalleryForm::CloseQuery() {
+    TInspectionSource* source = InspectionSource();
+    return (!source || source->MayLeave()) && TForm::CloseQuery();
+}
+
 // Inspector and log
 
 TInspectionSource* TGalleryForm::InspectionSource() const {

@@ -40,6 +40,7 @@ public:
 
 protected:
     void Loaded() override;
+    bool CloseQuery() override;
 
 private:
     // What forms/main.dfm names.

@@ -28,6 +28,8 @@ public:
     virtual TComponent* GetInspected() const = 0;
     /// The inspector has written a property.
     virtual void InspectorWritten() = 0;
+    /// Asked before the program ends; may ask the person.
+    virtual bool MayLeave() { return true; }
 };
 
 /// Contributes a form class: `const TPageClass registered(&TNumbersPage::StaticClass);`

@@ -231,6 +231,7 @@ void TRowList::KeyDown(WORD& key, TShiftState shift) {
     if (!alive)
         return;
     int row = FItemIndex;
+    int step = key == VK_UP || key == VK_PRIOR || key == VK_END ? -1 : 1;
     switch (key) {
     case VK_UP:
         row = std::max(0, row - 1);
@@ -254,7 +255,13 @@ void TRowList::KeyDown(WORD& key, TShiftState shift) {
         return;
     }
     key = 0;
-    SetItemIndex(row);
+    row = std::clamp(row, 0, std::max(0, GetCount() - 1));
+    for (; row >= 0 && row < GetCount(); row += step) {
+        if (CanSelect(row))
+            return SetItemIndex(row);
+    }
+    if (FItemIndex >= 0)
+        ScrollIntoView(step < 0 ? 0 : GetCount() - 1); // what cannot be selected beyond it is at least seen
 }
 
 void TRowList::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
@@ -263,7 +270,7 @@ void TRowList::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
         SetFocus();
     if (!alive)
         return;
-    if (const int row = RowAt(y); row >= 0 && button == mbLeft)
+    if (const int row = RowAt(y); row >= 0 && button == mbLeft && CanSelect(row))
         SetItemIndex(row);
     if (alive)
         TCustomControl::MouseDown(button, shift, x, y);

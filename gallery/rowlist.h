@@ -54,6 +54,8 @@ protected:
     virtual void PaintRow(TCanvas& canvas, int row, const TRect& rect, bool selected) = 0;
     virtual String RowText(int row) const = 0;
     virtual TColor RowBackground(int row, bool selected) const;
+    /// Rows that are no choice, as headings are, are passed over by keys and not taken by clicks.
+    virtual bool CanSelect(int) const { return true; }
     /// The number or height of rows changed: puts scroll bar and selection in order and repaints.
     void RowsChanged();
     /// Rows went at the beginning: the selection and the view keep to the rows that they had. RowsChanged follows.

@@ -617,7 +617,7 @@ void TCustomADODataSet::MasterChanged() {
 const TClassInfo& TADODataSet::StaticClass() {
     static const TClassInfo info = DescribeClass<TADODataSet>(
         u"TADODataSet", TCustomADODataSet::StaticClass(),
-        {Property<&TADODataSet::GetActive, &TADODataSet::SetActive>(u"Active", false),
+        {Property<&TADODataSet::GetStoredActive, &TADODataSet::SetActive>(u"Active", false),
          Property<&TADODataSet::GetAutoCalcFields, &TADODataSet::SetAutoCalcFields>(u"AutoCalcFields", true),
          Property<&TADODataSet::GetCommandText, &TADODataSet::SetCommandText>(u"CommandText"),
          Property<&TADODataSet::GetConnectionString, &TADODataSet::SetConnectionString>(u"ConnectionString"),
@@ -656,7 +656,7 @@ const TClassInfo& TADODataSet::StaticClass() {
 
 void RegisterDataClasses() {
     RegisterFieldClasses();
-    RegisterClasses({&TDataSource::StaticClass(), &TADODataSet::StaticClass()});
+    RegisterComponents(DataAccessPage, {&TADODataSet::StaticClass(), &TDataSource::StaticClass()});
 }
 
 } // namespace framework

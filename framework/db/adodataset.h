@@ -224,7 +224,10 @@ public:
     explicit TADODataSet(TComponent* owner) : TCustomADODataSet(owner) {}
 };
 
-/// Makes datasets, data sources and all fields known to text forms.
+/// The palette page of datasets and data sources.
+inline constexpr char16_t DataAccessPage[] = u"Data Access";
+
+/// Makes datasets, data sources and all fields known to text forms, and the former to designers.
 void RegisterDataClasses();
 
 } // namespace framework

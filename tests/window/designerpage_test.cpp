@@ -1,0 +1,278 @@
+// The form designer as a person uses it: every component of the palette, the forms of the gallery, and what must not be
+// lost on the way from a file to a file.
+
+#include "framework/system/files.h"
+#include "framework/system/formloader.h"
+#include "framework/system/numbers.h"
+#include "framework/windows/application.h"
+#include "framework/windows/button.h"
+#include "framework/windows/label.h"
+#include "framework/windows/memo.h"
+#include "gallery/designerpage.h"
+#include "gallery/designsurface.h"
+#include "gallery/eventlog.h"
+#include "gallery/eventsignatures.h"
+#include "gallery/inspector.h"
+#include "gallery/mainform.h"
+#include "gallery/pagearea.h"
+#include "gallery/pagelist.h"
+#include "gallery/palettelist.h"
+#include "tests/support/input.h"
+#include "zor.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+using namespace framework;
+using namespace gallery;
+using namespace testsupport;
+
+class DesignerPage : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        Application->Initialize();
+        RegisterStandardControls();
+        ZOR::RegisterPackage();
+        RegisterPageClasses();
+        RegisterClasses({&TGalleryForm::StaticClass(), &TPageArea::StaticClass(), &TPageList::StaticClass(),
+                         &TInspector::StaticClass(), &TEventLog::StaticClass()}); // of the gallery's main form
+    }
+
+    DesignerPage() : Window(ShowForm()) {
+        Window->SetBounds(0, 0, 800, 620);
+        auto page = CreateFromTextForm(ReadFileBytes(u"gallery/forms/designer.dfm"), nullptr);
+        Page.reset(As<TDesignerPage>(page.release()));
+        Page->SetBorderStyle(framework::bsNone);
+        Page->SetParent(Window.get());
+        Page->SetVisible(true);
+        Surface = As<TDesignSurface>(Page->FindComponent(u"Surface"));
+        Palette = As<TPaletteList>(Page->FindComponent(u"Palette"));
+        Folder = std::filesystem::temp_directory_path() / ("designer" + std::to_string(GetCurrentProcessId()));
+        std::filesystem::create_directories(Folder);
+    }
+    ~DesignerPage() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(Folder, ignored);
+    }
+
+    template <class T>
+    T& Part(const char16_t* name) const {
+        return *As<T>(Page->FindComponent(name));
+    }
+    String Status() const { return Part<TLabel>(u"StatusLabel").GetText(); }
+    void Click(const char16_t* button) const { Part<TButton>(button).Click(); }
+
+    String FileOf(const std::string& name) const { return (Folder / name).u16string(); }
+    bool OpenText(const std::string& text) const {
+        std::ofstream(Folder / "opened.dfm", std::ios::binary) << text;
+        return Page->OpenFile(FileOf("opened.dfm"));
+    }
+    std::string Saved() const {
+        return Page->SaveFile(FileOf("saved.dfm")) ? ReadFileBytes(FileOf("saved.dfm")) : "not saved";
+    }
+    void ClickOnComponent(const String& name) const {
+        const std::optional<TRect> spot = Surface->FindSpot({u"component", name});
+        ASSERT_TRUE(spot) << Utf8Encode(name);
+        ClickOn(*Surface, {spot->Left + 6, spot->Top + 6});
+        ASSERT_TRUE(WaitFor([&] { return Surface->GetSelected()->GetName() == name; })) << Utf8Encode(name);
+    }
+
+    std::unique_ptr<TForm> Window;
+    std::unique_ptr<TDesignerPage> Page;
+    TDesignSurface* Surface = nullptr;
+    TPaletteList* Palette = nullptr;
+    std::filesystem::path Folder;
+};
+
+TEST_F(DesignerPage, PlacesEveryComponentAndSavesWhatItOpens) {
+    ASSERT_TRUE(OpenText("object Form1: TForm\r\n  ClientHeight = 440\r\n  ClientWidth = 540\r\nend\r\n"));
+    int placed = 0;
+    for (const TPalettePage& page : PalettePages()) {
+        for (const TClassInfo* each : page.Classes) {
+            SCOPED_TRACE(Utf8Encode(each->Name()));
+            const std::optional<TRect> row = Palette->FindSpot({u"row", each->Name()});
+            ASSERT_TRUE(row);
+            ClickOn(*Palette, {row->Left + 20, row->Top + 5});
+            ASSERT_TRUE(WaitFor([&] { return Palette->GetChosen() == each; }));
+            const TRect spot =
+                *Surface->FindSpot({u"point", IntToStr(8 + placed % 8 * 64), IntToStr(10 + placed / 8 * 72)});
+            ClickOn(*Surface, {spot.Left, spot.Top});
+            ++placed;
+            ASSERT_TRUE(WaitFor([&] { return Surface->GetForm()->GetComponentCount() == placed; }))
+                << Utf8Encode(Status());
+            EXPECT_EQ(Surface->GetSelected()->ClassName(), each->Name());
+            EXPECT_EQ(Palette->GetChosen(), nullptr);
+        }
+    }
+    ASSERT_GT(placed, 35);
+    const std::string first = Saved();
+    EXPECT_NE(first.find("  ClientWidth = 540\r\n"), std::string::npos) << "lines end as in the file that was opened";
+    ASSERT_TRUE(Page->OpenFile(FileOf("saved.dfm"))) << Utf8Encode(Status());
+    EXPECT_EQ(Surface->GetForm()->GetComponentCount(), placed);
+    EXPECT_EQ(Saved(), first);
+    EXPECT_FALSE(Page->IsChanged());
+}
+
+TEST_F(DesignerPage, OpensTheFormsOfTheGallery) {
+    int forms = 0;
+    for (const auto& each : std::filesystem::directory_iterator("gallery/forms")) {
+        SCOPED_TRACE(each.path().filename().string());
+        ASSERT_TRUE(Page->OpenFile(each.path().u16string())) << Utf8Encode(Status());
+        const std::string first = Saved();
+        EXPECT_EQ(first.find('\r'), std::string::npos);
+        ASSERT_TRUE(Page->OpenFile(FileOf("saved.dfm"))) << Utf8Encode(Status());
+        EXPECT_EQ(Saved(), first);
+        // Its last control can be reached, however large the form is.
+        const int count = Surface->GetForm()->GetComponentCount();
+        for (int i = count; i-- > 0;) {
+            const TComponent* component = Surface->GetForm()->GetComponent(i);
+            const auto* control = As<TControl>(component);
+            if (!control || control->GetParent() != Surface->GetForm() || component->GetName().empty())
+                continue;
+            const TRect spot = *Surface->FindSpot({u"component", component->GetName()});
+            EXPECT_TRUE(Surface->GetClientRect().Contains({spot.Left, spot.Top})) << Utf8Encode(component->GetName());
+            break;
+        }
+        ++forms;
+    }
+    EXPECT_GT(forms, 5);
+}
+
+constexpr char kLinked[] = "object Form1: TForm\n"
+                           "  Left = 0\n"
+                           "  Top = 0\n"
+                           "  Caption = 'Linked'\n"
+                           "  ClientHeight = 300\n"
+                           "  ClientWidth = 500\n"
+                           "  Color = clBtnFace\n"
+                           "  Font.Charset = DEFAULT_CHARSET\n"
+                           "  Font.Color = clWindowText\n"
+                           "  Font.Height = -15\n"
+                           "  Font.Name = 'Tahoma'\n"
+                           "  Font.Style = []\n"
+                           "  PixelsPerInch = 120\n"
+                           "  TextHeight = 18\n"
+                           "  object Label1: TLabel\n"
+                           "    Left = 8\n"
+                           "    Top = 200\n"
+                           "    Width = 40\n"
+                           "    Height = 18\n"
+                           "    Caption = 'Name'\n"
+                           "    FocusControl = Edit1\n"
+                           "  end\n"
+                           "  object Panel1: TPanel\n"
+                           "    Left = 8\n"
+                           "    Top = 8\n"
+                           "    Width = 200\n"
+                           "    Height = 100\n"
+                           "    TabOrder = 0\n"
+                           "    object Edit1: TEdit\n"
+                           "      Left = 40\n"
+                           "      Top = 40\n"
+                           "      Width = 121\n"
+                           "      Height = 26\n"
+                           "      TabOrder = 0\n"
+                           "      Text = 'Edit1'\n"
+                           "    end\n"
+                           "  end\n"
+                           "  object Grid1: TZORDBGrid\n"
+                           "    Left = 220\n"
+                           "    Top = 8\n"
+                           "    Width = 200\n"
+                           "    Height = 120\n"
+                           "    DataSource = Data.Customers\n"
+                           "    TabOrder = 1\n"
+                           "  end\n"
+                           "  object Orders: TADODataSet\n"
+                           "    Active = True\n"
+                           "    CommandText = 'select * from orders'\n"
+                           "    ConnectionString = 'DRIVER=Nobody'\n"
+                           "    Left = 300\n"
+                           "    Top = 200\n"
+                           "    object OrdersId: TIntegerField\n"
+                           "      FieldName = 'Id'\n"
+                           "    end\n"
+                           "  end\n"
+                           "end\n";
+
+TEST_F(DesignerPage, KeepsWhatItCannotShow) {
+    ASSERT_TRUE(OpenText(kLinked)) << Utf8Encode(Status());
+    EXPECT_NE(Status().find(u"Orders: "), String::npos) << "the dataset could not be opened: " << Utf8Encode(Status());
+    // The size of 120 pixels an inch, the form that the grid refers to, and Active are all still there.
+    const std::string saved = Saved();
+    for (const char* line : {"  ClientWidth = 500\n", "  Font.Height = -15\n", "  PixelsPerInch = 120\n",
+                             "    DataSource = Data.Customers\n", "    Active = True\n"})
+        EXPECT_NE(saved.find(line), std::string::npos) << line << saved;
+
+    // What others refer to can be deleted, alone and with what it lies in.
+    for (const char16_t* name : {u"Edit1", u"Panel1"}) {
+        ClickOnComponent(name);
+        PressKey(VK_DELETE);
+        ASSERT_TRUE(WaitFor([&] { return !Surface->GetForm()->FindComponent(name); }));
+        EXPECT_FALSE(Surface->GetForm()->FindComponent(u"Edit1"));
+        EXPECT_EQ(Surface->FormText().find("FocusControl"), std::string::npos);
+        EXPECT_NE(Surface->FormText().find("DataSource = Data.Customers"), std::string::npos);
+        Click(u"UndoButton");
+        EXPECT_EQ(Surface->FormText(), saved);
+    }
+
+    // What is pasted leaves out the references that lead nowhere.
+    ClickOnComponent(u"Label1");
+    Click(u"CopyButton");
+    ASSERT_TRUE(OpenText("object Form2: TForm\nend\n"));
+    Click(u"PasteButton");
+    ASSERT_EQ(Surface->GetForm()->GetComponentCount(), 1);
+    EXPECT_NE(Status().find(u"FocusControl was left out"), String::npos) << Utf8Encode(Status());
+    EXPECT_TRUE(Page->IsChanged());
+}
+
+TEST_F(DesignerPage, SavesTheTextThatIsInView) {
+    ASSERT_TRUE(OpenText("object Form1: TForm\nend\n"));
+    Click(u"TextButton");
+    auto& memo = Part<TMemo>(u"TextMemo");
+    ASSERT_TRUE(WaitFor([&] { return memo.Focused(); }));
+    for (const char16_t* name : {u"UndoButton", u"PasteButton", u"DeleteButton"})
+        EXPECT_FALSE(Part<TButton>(name).GetEnabled());
+    memo.SetSelStart(static_cast<int>(memo.GetText().find(u"Left")));
+    TypeText(u"Tag = 7 ");
+    ASSERT_TRUE(WaitFor([&] { return memo.GetText().find(u"Tag = 7 Left") != String::npos; }));
+    EXPECT_TRUE(Page->IsChanged());
+    const std::string saved = Saved();
+    EXPECT_NE(saved.find("  Tag = 7\n"), std::string::npos) << saved;
+    memo.SetSelStart(0);
+    TypeText(u"x");
+    ASSERT_TRUE(WaitFor([&] { return memo.GetText().starts_with(u"x"); }));
+    EXPECT_EQ(Saved(), "not saved");
+    EXPECT_EQ(ReadFileBytes(FileOf("saved.dfm")), saved);
+    EXPECT_NE(Status().find(u"(1,1)"), String::npos) << Utf8Encode(Status());
+}
+
+TEST_F(DesignerPage, EndsADragThatIsTakenAwayAsAStep) {
+    ASSERT_TRUE(OpenText(kLinked));
+    const TRect spot = *Surface->FindSpot({u"component", u"Edit1"});
+    const auto at = [&](int x, int y) { return Surface->ClientToScreen({spot.Left + x, spot.Top + y}); };
+    const std::string before = Surface->FormText();
+    PressMouse(at(10, 10));
+    MoveMouse(at(20, 20));
+    MoveMouse(at(42, 10));
+    ASSERT_TRUE(WaitFor([&] { return Surface->FormText() != before; }));
+    Surface->Perform(WM_CANCELMODE, 0, 0);
+    ReleaseMouse();
+    ASSERT_TRUE(Surface->CanUndo());
+    Surface->Undo();
+    EXPECT_EQ(Surface->FormText(), before);
+}
+
+TEST_F(DesignerPage, KnowsTheSignatureOfEveryEvent) {
+    for (const TClassInfo* each : RegisteredClasses()) {
+        for (const TPropInfo& row : each->Properties())
+            EXPECT_TRUE(row.Kind != tkMethod || FindSignature(row.Signature))
+                << Utf8Encode(each->Name() + u"." + row.Name);
+    }
+}
+
+} // namespace
