@@ -394,6 +394,7 @@ public:
     /// Pixels from the near edge of the first column.
     int ContentX(int clientX) const;
     TAlignment MirroredAlignment(TAlignment alignment) const;
+    TAlignment CellAlignment(TColumnIndex column) const;
     TCheckLook CheckLook(TCheckType type, TCheckState state, bool enabled) const;
     /// From the near edge of the main column to the box of a node of the first level.
     int CheckBoxLeft() const;

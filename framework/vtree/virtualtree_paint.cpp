@@ -169,9 +169,7 @@ bool TBaseVirtualTree::PaintRow(TRowPainting& painting, TVirtualNode* node, int 
         info.Column = column.Index;
         info.Position = column.Position;
         info.CellRect = {column.Left, top, column.Right, bottom};
-        info.Alignment = column.Index == NoColumn
-                             ? MirroredAlignment(taLeftJustify)
-                             : MirroredAlignment(FHeader->GetColumns()->GetColumn(column.Index)->GetAlignment());
+        info.Alignment = CellAlignment(column.Index);
         const bool whole = HasSelection(toFullRowSelect) || IsMainColumn(column.Index);
         info.Selected = node->Has(vsSelected) && painting.Selection != clNone && whole;
         info.Focused = node == FFocusedNode.Get() && (column.Index == FFocusedColumn || column.Index == NoColumn);

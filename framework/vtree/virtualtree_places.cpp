@@ -33,6 +33,12 @@ TAlignment TBaseVirtualTree::MirroredAlignment(TAlignment alignment) const {
     return alignment == taLeftJustify ? taRightJustify : taLeftJustify;
 }
 
+/// As texts show in the column's cells.
+TAlignment TBaseVirtualTree::CellAlignment(TColumnIndex column) const {
+    const TVirtualTreeColumns& columns = *FHeader->GetColumns();
+    return MirroredAlignment(columns.IsValidColumn(column) ? columns.GetColumn(column)->GetAlignment() : taLeftJustify);
+}
+
 TSize TBaseVirtualTree::BoxSize() const {
     if (FBoxSize == TSize{})
         FBoxSize = TCheckPainter(IsThemed()).Size();
@@ -112,16 +118,15 @@ TRect TBaseVirtualTree::GetDisplayRect(TVirtualNode* node, TColumnIndex column, 
     const TRect cell = ColumnRect(column, static_cast<int>(top), static_cast<int>(top) + node->GetNodeHeight());
     if (!textOnly)
         return cell;
-    TRect content = LayoutOf(node, column, cell).Content;
+    const TRect content = LayoutOf(node, column, cell).Content;
     const int text = DoGetNodeWidth(node, column);
     if (!alive || !still)
         return {};
     const int width = std::min(text + 2 * FTextMargin, content.Width());
-    if (UseRightToLeftAlignment())
-        content.Left = content.Right - width;
-    else
-        content.Right = content.Left + width;
-    return content;
+    const int spare = content.Width() - width;
+    const TAlignment alignment = CellAlignment(column);
+    const int before = alignment == taLeftJustify ? 0 : alignment == taCenter ? spare / 2 : spare;
+    return Bounds(content.Left + before, content.Top, width, content.Height());
 }
 
 TVirtualNode* TBaseVirtualTree::GetNodeAt(TPoint point) const {

@@ -192,6 +192,17 @@ TEST_F(TreeUseTest, AClickBelowTheRowsLeavesOneSelected) {
     EXPECT_EQ(SelectedRows(), u"");
 }
 
+TEST_F(TreeUseTest, TheSelectionLiesWhereTheTextIs) {
+    Tree->RootNodeCount = 1;
+    const TRect atLeft = Tree->GetDisplayRect(Row(0), 1, true);
+    Tree->Header->Columns->GetColumn(1)->Alignment = taRightJustify;
+    const TRect atRight = Tree->GetDisplayRect(Row(0), 1, true);
+    EXPECT_EQ(atRight.Width(), atLeft.Width());
+    EXPECT_EQ(atRight.Right, Tree->GetDisplayRect(Row(0), 1).Right - Tree->Margin);
+    Tree->BiDiMode = bdRightToLeft;
+    EXPECT_EQ(Tree->GetDisplayRect(Row(0), 1, true).Left, Tree->GetDisplayRect(Row(0), 1).Left + Tree->Margin);
+}
+
 TEST_F(TreeUseTest, ScrollsAsFarInBothDirections) {
     Tree->Header->Columns->Clear();
     Tree->RootNodeCount = 2;
