@@ -67,6 +67,9 @@ void TBookmarkList::Delete() {
         return;
     const TLifeGuard alive(FGrid);
     const TLifeGuard dataAlive(*dataSet);
+    dataSet->CheckBrowseMode(); // while the grid can still hand over what is being entered
+    if (!alive || !dataAlive || !dataSet->GetActive())
+        return;
     dataSet->DisableControls();
     try {
         // From the end, so that those that are still to come keep their places.

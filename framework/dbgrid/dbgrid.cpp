@@ -122,9 +122,11 @@ void TCustomDBGrid::Notification(TComponent* component, TOperation operation) {
         return;
     if (component == FListWindow)
         FListWindow = nullptr;
-    if (const auto* field = As<TField>(component))
+    if (const auto* field = As<TField>(component)) {
         FColumns->ForgetField(field);
-    else if (FDataLink && component == GetDataSource())
+        if (field == FEditedField)
+            FEditedField = nullptr;
+    } else if (FDataLink && component == GetDataSource())
         SetDataSource(nullptr);
 }
 
@@ -159,7 +161,7 @@ TColumn* TCustomDBGrid::ColumnOfCell(int cell) const {
 }
 
 int TCustomDBGrid::GetShownRowCount() const {
-    return Geometry().RowCount - TitleOffset();
+    return std::max(Geometry().RowCount - TitleOffset(), 0);
 }
 
 // What the columns and the link tell
@@ -185,11 +187,16 @@ void TCustomDBGrid::ActiveChanged() {
 }
 
 void TCustomDBGrid::LayoutChanged() {
-    if (IsLoading() || IsDestroying() || !FDataLink)
+    if (IsLoading() || IsDestroying() || !FDataLink || PutOff())
         return;
+    FLayoutPending = false;
+    TLifeGuard alive(*this);
     FColumns->FollowFields();
-    FSelectedIndex = std::clamp(FSelectedIndex, 0, std::max(FColumns->GetCount() - 1, 0));
+    FollowFocusColumn();
     if (!HandleAllocated())
+        return;
+    LeaveStrayEditor();
+    if (!alive)
         return;
     MeasureRows();
     SetGridLines({FOptions.Contains(dgColLines), FOptions.Contains(dgRowLines)});
@@ -200,12 +207,55 @@ void TCustomDBGrid::LayoutChanged() {
         const TColumn& column = *FColumns->GetColumn(i);
         extents.push_back({column.GetWidth(), column.GetVisible()});
     }
-    TLifeGuard alive(*this);
     SetGeometry(std::move(extents), IndicatorOffset(), TitleOffset(), FTitleHeight, FRowHeight);
     if (alive)
         VisibleRowsChanged();
     if (alive)
         RefreshEditor();
+}
+
+/// The focus stays with its column when others come, go or change places.
+void TCustomDBGrid::FollowFocusColumn() {
+    if (!FFocusColumnLife.expired() && FFocusColumn->GetCollection() == FColumns.get())
+        FSelectedIndex = FFocusColumn->GetIndex();
+    SetFocusColumn(ShownColumn(FSelectedIndex));
+}
+
+void TCustomDBGrid::SetFocusColumn(int index) {
+    FSelectedIndex = index;
+    FFocusColumn = index < FColumns->GetCount() ? FColumns->GetColumn(index) : nullptr;
+    FFocusColumnLife = FFocusColumn ? FFocusColumn->LifeToken() : std::weak_ptr<const void>();
+}
+
+/// The index, or the nearest of a column that shows.
+int TCustomDBGrid::ShownColumn(int index) const {
+    const int count = FColumns->GetCount();
+    index = std::clamp(index, 0, std::max(count - 1, 0));
+    for (int i = index; i < count; ++i) {
+        if (FColumns->GetColumn(i)->GetVisible())
+            return i;
+    }
+    for (int i = index - 1; i >= 0; --i) {
+        if (FColumns->GetColumn(i)->GetVisible())
+            return i;
+    }
+    return index;
+}
+
+/// The cell with the focus may show another field than the one that is being edited.
+void TCustomDBGrid::LeaveStrayEditor() {
+    if (!GetEditorMode() || GetSelectedField() == FEditedField)
+        return;
+    const TAtScopeEnd hidden(*this, [this] { HideEditor(); });
+    StoreEditor();
+}
+
+bool TCustomDBGrid::PutOff() {
+    if (FScopes == 0)
+        return false;
+    if (!std::exchange(FLayoutPending, true) && HandleAllocated())
+        PostMessageW(FHandle, kLayoutMessage, 0, 0);
+    return true;
 }
 
 void TCustomDBGrid::MeasureRows() {
@@ -223,7 +273,7 @@ void TCustomDBGrid::MeasureRows() {
 }
 
 void TCustomDBGrid::VisibleRowsChanged() {
-    if (!HandleAllocated() || !FDataLink)
+    if (!HandleAllocated() || !FDataLink || PutOff())
         return;
     TLifeGuard alive(*this);
     FDataLink->SetBufferCount(Geometry().VisibleRows());
@@ -236,7 +286,7 @@ void TCustomDBGrid::VisibleRowsChanged() {
 
 /// As many rows as the link sees; one to type into where there are none.
 void TCustomDBGrid::UpdateRows() {
-    if (!HandleAllocated())
+    if (!HandleAllocated() || PutOff())
         return;
     const int records = IsDataActive() ? std::max(FDataLink->GetRecordCount(), 1) : 0;
     SetRowCount(TitleOffset() + records);
@@ -248,9 +298,10 @@ void TCustomDBGrid::UpdateRows() {
 }
 
 void TCustomDBGrid::DataChanged() {
-    if (!HandleAllocated())
+    if (!HandleAllocated() || PutOff())
         return;
     TLifeGuard alive(*this);
+    FSelectedRows.Refresh();
     // What was entered has been stored or given up, unless the record is still being edited.
     if (!FDataLink->GetEditing())
         HideEditor();
@@ -267,7 +318,7 @@ void TCustomDBGrid::DataChanged() {
 }
 
 void TCustomDBGrid::DataScrolled(int rows) {
-    if (!HandleAllocated())
+    if (!HandleAllocated() || PutOff())
         return;
     TLifeGuard alive(*this);
     HideEditor();
@@ -286,7 +337,7 @@ void TCustomDBGrid::DataScrolled(int rows) {
 }
 
 void TCustomDBGrid::RecordChanged(TField* field) {
-    if (!HandleAllocated())
+    if (!HandleAllocated() || PutOff())
         return;
     for (int i = 0; field && i < FColumns->GetCount(); ++i) {
         if (FColumns->GetColumn(i)->GetField() == field)
@@ -299,6 +350,8 @@ void TCustomDBGrid::RecordChanged(TField* field) {
 }
 
 void TCustomDBGrid::EditingChanged() {
+    if (!FDataLink->GetEditing())
+        FBegunHere = FAppended = false;
     InvalidateCell(0, FocusCell().Y);
 }
 
@@ -341,6 +394,7 @@ void TCustomDBGrid::SetDrawingStyle(TGridDrawingStyle value) {
     if (FDrawingStyle == value)
         return;
     FDrawingStyle = value;
+    FLooks.reset();
     Invalidate();
 }
 
@@ -403,7 +457,7 @@ void TCustomDBGrid::SetSelectedField(TField* value) {
 }
 
 void TCustomDBGrid::SetSelectedIndex(int value) {
-    GoToColumn(std::clamp(value, 0, std::max(FColumns->GetCount() - 1, 0)));
+    GoToColumn(ShownColumn(value));
 }
 
 void RegisterDBGrid() {

@@ -196,6 +196,7 @@ protected:
     int EditorTextHeight() const override;
     int EditorRoomForButton() const override;
     bool EditorKeepsArrows() const override { return !FOptions.Contains(dgAlwaysShowEditor); }
+    void EditorChanged() override;
     void EditorLeft() override { CloseList(false); }
     String EditorName() const override;
 
@@ -230,6 +231,7 @@ private:
         TThemeHandle Button;
     };
     class TRowScope;
+    static constexpr UINT kLayoutMessage = WM_USER + 0x310; // posted, see PutOff
 
     // What the link and the columns tell
     void ColumnsChanged(TColumn* column);
@@ -240,7 +242,13 @@ private:
     void RecordChanged(TField* field);
     void EditingChanged();
     void FocusField(TField* field);
+    /// Whether another record is being read for the moment; then everything is brought into line afterwards.
+    bool PutOff();
 
+    void FollowFocusColumn();
+    void SetFocusColumn(int index);
+    int ShownColumn(int index) const;
+    void LeaveStrayEditor();
     void MeasureRows();
     void UpdateRows();
     void ShowEditorAgain();
@@ -250,6 +258,7 @@ private:
     void DrawIndicator(int row, const TRect& rect);
     void DrawFixedBackground(const TRect& rect, TGridDrawState state, const TColumn* column);
     void DrawDataCell(TColumn* column, int row, const TRect& rect, TGridDrawState state);
+    void WriteFieldText(const TRect& rect, TField* field, TAlignment alignment);
     void WriteText(const TRect& rect, const String& text, TAlignment alignment);
     void DrawBox(const TRect& rect, TField* field);
     void DrawCellButton(const TColumn& column, const TRect& rect);
@@ -271,6 +280,7 @@ private:
     void NextRow(bool select);
     void PriorRow(bool select);
     void MoveRows(int distance);
+    void GoToRow(int row);
     void InsertRecord();
     void DeleteRecord();
     bool CanChangeRecords() const;
@@ -283,6 +293,7 @@ private:
 
     // Editing
     bool CanEditColumn(const TColumn& column) const;
+    bool BeginEditing();
     void ToggleBox();
     void RefreshEditor();
     bool HasButton(const TColumn& column) const;
@@ -300,7 +311,11 @@ private:
     TBookmarkList FSelectedRows{*this};
     TPickListWindow* FListWindow = nullptr; // made when it is first needed; this component owns it
     TGridCoord FPressedCell;
+    TField* FEditedField = nullptr;  // whose value the editor shows
+    TColumn* FFocusColumn = nullptr; // as long as its token says that it lives
+    std::weak_ptr<const void> FFocusColumnLife;
     int FSelectedIndex = 0;
+    int FScopes = 0; // that read other records, see TRowScope
     int FRowHeight = 17;
     int FTitleHeight = 17;
     TColor FFixedColor = clBtnFace;
@@ -311,7 +326,9 @@ private:
     bool FReadOnly = false;
     bool FDefaultDrawing = true;
     bool FButtonPressed = false;
-    bool FAppended = false; // the record that is being inserted stands behind the last one
+    bool FLayoutPending = false;
+    bool FBegunHere = false; // the pending record was begun by a person at this grid
+    bool FAppended = false;  // the record that is being inserted stands behind the last one
 };
 
 /// The rows that data grids publish, for their own tables.

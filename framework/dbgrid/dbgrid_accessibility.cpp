@@ -284,7 +284,7 @@ private:
     static void GoTo(TCustomDBGrid& grid, const TPart& part) {
         TLifeGuard alive(grid);
         const int index = part.Column->GetIndex();
-        grid.MoveRows(part.Row + grid.TitleOffset() - grid.FocusCell().Y);
+        grid.GoToRow(part.Row);
         if (alive)
             grid.GoToColumn(index);
     }

@@ -11,14 +11,14 @@
 namespace framework {
 
 bool TCustomDBGrid::CanChangeRecords() const {
-    return IsDataActive() && FOptions.Contains(dgEditing) && !FReadOnly && GetDataSet()->GetCanModify();
+    return IsDataActive() && FOptions.Contains(dgEditing) && !FOptions.Contains(dgRowSelect) && !FReadOnly &&
+           GetDataSet()->GetCanModify();
 }
 
 /// Whether a person may change what the column shows. Blocks and long texts do not fit into a line.
 bool TCustomDBGrid::CanEditColumn(const TColumn& column) const {
     const TField* field = column.GetField();
-    return field && CanChangeRecords() && !FOptions.Contains(dgRowSelect) && !column.GetReadOnly() &&
-           field->GetCanModify() && !field->IsBlob() && (FDataLink->GetEditing() || GetDataSource()->GetAutoEdit());
+    return field && CanChangeRecords() && !column.GetReadOnly() && field->GetCanModify() && !field->IsBlob() && (FDataLink->GetEditing() || GetDataSource()->GetAutoEdit());
 }
 
 bool TCustomDBGrid::CanEditShow() const {
@@ -28,7 +28,17 @@ bool TCustomDBGrid::CanEditShow() const {
 
 bool TCustomDBGrid::CanEditModify() {
     TLifeGuard alive(*this);
-    return CanEditShow() && FDataLink->Edit() && alive && GetEditorMode();
+    return CanEditShow() && BeginEditing() && alive && GetEditorMode();
+}
+
+bool TCustomDBGrid::BeginEditing() {
+    TLifeGuard alive(*this);
+    const bool before = FDataLink->GetEditing();
+    if (!FDataLink->Edit() || !alive)
+        return false;
+    if (!before) // of an empty dataset that is a new record
+        FBegunHere = true;
+    return true;
 }
 
 bool TCustomDBGrid::CanEditAccept(char16_t unit) const {
@@ -46,6 +56,7 @@ void TCustomDBGrid::PrepareEditor(TInplaceEdit& editor) {
     const bool isText = field.GetDataType() == ftString || field.GetDataType() == ftWideString ||
                         field.GetDataType() == ftFixedChar || field.GetDataType() == ftFixedWideChar;
     editor.SetMaxLength(isText ? field.GetSize() : 0);
+    FEditedField = &field;
     TLifeGuard alive(*this);
     const String text = field.GetEditText();
     if (alive)
@@ -72,11 +83,11 @@ void TCustomDBGrid::RefreshEditor() {
 void TCustomDBGrid::StoreEditor() {
     if (!GetEditorMode() || !GetInplaceEditor()->GetEntered())
         return;
-    TField* field = GetSelectedField();
-    if (!field || !FDataLink->GetEditing())
+    // Into the field in which it was entered, whatever the columns show by now.
+    if (!FEditedField || !FDataLink || !FDataLink->GetEditing())
         return;
     TLifeGuard alive(*this);
-    field->SetEditText(GetInplaceEditor()->GetText());
+    FEditedField->SetEditText(GetInplaceEditor()->GetText());
     if (!alive || !GetEditorMode())
         return;
     GetInplaceEditor()->SetEntered(false);
@@ -113,8 +124,7 @@ void TCustomDBGrid::CancelEditing() {
         RefreshEditor();
         return;
     }
-    const bool editorOnly = entered || (GetEditorMode() && !FOptions.Contains(dgAlwaysShowEditor) &&
-                                        !(FDataLink->GetEditing() && GetDataSet()->GetModified()));
+    const bool editorOnly = entered || (GetEditorMode() && !FOptions.Contains(dgAlwaysShowEditor));
     HideEditor();
     if (alive && !editorOnly && FDataLink->GetEditing())
         GetDataSet()->Cancel();
@@ -124,10 +134,10 @@ void TCustomDBGrid::CancelEditing() {
 
 void TCustomDBGrid::ToggleBox() {
     const TColumn* column = ColumnOfCell(FocusCell().X);
-    if (!column || !ShowsBox(*column) || !CanEditColumn(*column))
+    if (!column || !column->GetVisible() || !ShowsBox(*column) || !CanEditColumn(*column))
         return;
     TLifeGuard alive(*this);
-    if (!FDataLink->Edit() || !alive)
+    if (!BeginEditing() || !alive)
         return;
     if (TField* field = GetSelectedField())
         field->SetAsBoolean(field->GetIsNull() || !field->GetAsBoolean());
@@ -186,6 +196,12 @@ void TCustomDBGrid::OpenList() {
     InvalidateCell(FocusCell().X, FocusCell().Y);
 }
 
+/// What is being typed is marked in the list, so that it does not put something else in its place.
+void TCustomDBGrid::EditorChanged() {
+    if (GetListVisible())
+        FListWindow->SetItemIndex(FListWindow->GetItems()->IndexOf(GetInplaceEditor()->GetText()));
+}
+
 void TCustomDBGrid::CloseList(bool accept) {
     if (!GetListVisible())
         return;
@@ -209,9 +225,14 @@ void TCustomDBGrid::StepList(int distance) {
 /// Keys of an open list, and those that open it.
 bool TCustomDBGrid::ListKey(WORD key, TShiftState shift) {
     if (!GetListVisible()) {
-        if (!GetEditorMode() || !(key == VK_F4 || (shift.Contains(ssAlt) && key == VK_DOWN)))
+        const bool opens = shift.Contains(ssAlt) ? key == VK_DOWN : key == VK_F4;
+        const TColumn* column = ColumnOfCell(FocusCell().X);
+        if (!opens || !column || !column->HasPickList())
             return false;
-        OpenList();
+        TLifeGuard alive(*this);
+        ShowEditor();
+        if (alive)
+            OpenList();
         return true;
     }
     const int page = ColumnOfCell(FocusCell().X) ? ColumnOfCell(FocusCell().X)->GetDropDownRows() - 1 : 1;
@@ -228,6 +249,8 @@ bool TCustomDBGrid::ListKey(WORD key, TShiftState shift) {
         StepList(key == VK_PRIOR ? -page : page);
         return true;
     case VK_F4:
+        if (shift.Contains(ssAlt))
+            return false;
         CloseList(true);
         return true;
     case VK_ESCAPE:

@@ -41,6 +41,10 @@ void TCustomDBGrid::Dispatch(TMessage& message) {
     case WM_SYSCOLORCHANGE:
         FLooks.reset();
         break;
+    case kLayoutMessage:
+        if (FLayoutPending)
+            LayoutChanged();
+        return;
     case CM_GOTFOCUS:
         TCustomGrid::Dispatch(message);
         if (alive)
@@ -81,7 +85,7 @@ bool TCustomDBGrid::CanLeaveByTab(bool forward) const {
         return false;
     TDataSet& dataSet = *GetDataSet();
     if (!forward)
-        return dataSet.GetRecNo() <= 1 && !FDataLink->GetEditing();
+        return (dataSet.GetRecNo() < 0 ? dataSet.GetBof() : dataSet.GetRecNo() <= 1) && !FDataLink->GetEditing();
     const int count = dataSet.GetRecordCount();
     const bool onLast = count >= 0 ? dataSet.GetRecNo() >= count || dataSet.IsEmpty() : dataSet.GetEof();
     return IsUntouchedInsert() || (!CanChangeRecords() && onLast);
@@ -96,7 +100,7 @@ void TCustomDBGrid::CMExit(TMessage& message) {
         if (FDataLink->GetActive()) {
             TDataSet& dataSet = *GetDataSet();
             const bool untouched = IsUntouchedInsert();
-            if (untouched && FOptions.Contains(dgCancelOnExit))
+            if (untouched && FBegunHere && FOptions.Contains(dgCancelOnExit))
                 dataSet.Cancel();
             else
                 StoreEditor();
@@ -120,7 +124,7 @@ void TCustomDBGrid::GoToColumn(int index) {
     if (index == FSelectedIndex || index < 0 || index >= FColumns->GetCount())
         return;
     if (!HandleAllocated()) {
-        FSelectedIndex = index;
+        SetFocusColumn(index);
         return;
     }
     TLifeGuard alive(*this);
@@ -133,7 +137,7 @@ void TCustomDBGrid::GoToColumn(int index) {
         ColExit();
     if (!alive || index >= FColumns->GetCount())
         return;
-    FSelectedIndex = index;
+    SetFocusColumn(index);
     UpdateRows();
     ShowColumn(index + IndicatorOffset());
     TellFocus();
@@ -172,6 +176,36 @@ void TCustomDBGrid::MoveRows(int distance) {
         FDataLink->MoveBy(distance);
 }
 
+/// To a record that shows. A pending one may go, or to another place, before that is reached.
+void TCustomDBGrid::GoToRow(int row) {
+    if (!IsDataActive() || row == FDataLink->GetActiveRecord())
+        return;
+    TDataSet& dataSet = *GetDataSet();
+    if (dataSet.GetState() == dsBrowse) {
+        MoveRows(row - FDataLink->GetActiveRecord());
+        return;
+    }
+    TBookmark wanted;
+    if (const TRowScope scope(*this, row); scope.Reads())
+        wanted = dataSet.GetBookmark();
+    TLifeGuard alive(*this);
+    dataSet.CheckBrowseMode();
+    if (!alive || !IsDataActive() || wanted.IsEmpty() || !dataSet.BookmarkValid(wanted))
+        return;
+    for (int i = 0; i < FDataLink->GetRecordCount(); ++i) {
+        TBookmark each;
+        {
+            const TRowScope scope(*this, i);
+            each = dataSet.GetBookmark();
+        }
+        if (dataSet.CompareBookmarks(each, wanted) == 0) {
+            MoveRows(i - FDataLink->GetActiveRecord());
+            return;
+        }
+    }
+    dataSet.GotoBookmark(wanted);
+}
+
 /// Selects along the way while Shift is down, and nothing else any more when it is not.
 void TCustomDBGrid::SelectWhileMoving(bool select, const std::function<void()>& move) {
     if (!FOptions.Contains(dgMultiSelect)) {
@@ -199,8 +233,9 @@ void TCustomDBGrid::NextRow(bool select) {
         FDataLink->MoveBy(1);
         if (!alive || select || !FDataLink->GetEof() || !CanChangeRecords() || FDataLink->GetEditing())
             return;
-        FAppended = true;
         GetDataSet()->Append();
+        if (alive && IsDataActive())
+            FAppended = FBegunHere = GetDataSet()->GetState() == dsInsert;
     });
 }
 
@@ -218,8 +253,9 @@ void TCustomDBGrid::InsertRecord() {
         return;
     TLifeGuard alive(*this);
     FSelectedRows.Clear();
-    FAppended = false;
     GetDataSet()->Insert();
+    if (alive && IsDataActive())
+        FBegunHere = GetDataSet()->GetState() == dsInsert;
 }
 
 bool TCustomDBGrid::ConfirmDelete(bool selectedOnes) {
@@ -232,7 +268,11 @@ void TCustomDBGrid::DeleteRecord() {
         return;
     TLifeGuard alive(*this);
     const bool selected = FOptions.Contains(dgMultiSelect) && FSelectedRows.GetCount() > 0;
+    const TBookmark asked = GetDataSet()->GetBookmark();
     if (FOptions.Contains(dgConfirmDelete) && (!ConfirmDelete(selected) || !alive || !CanChangeRecords()))
+        return;
+    // While the person thought, something else may have moved: he was asked about that record.
+    if (!selected && !(asked == GetDataSet()->GetBookmark()))
         return;
     if (selected)
         FSelectedRows.Delete();
@@ -379,7 +419,7 @@ void TCustomDBGrid::KeyPress(char16_t& key) {
         return;
     case kCopy:
         key = 0;
-        if (TField* field = GetSelectedField(); field && !GetDataSet()->IsEmpty())
+        if (TField* field = GetSelectedField(); field && column && column->GetVisible() && !GetDataSet()->IsEmpty())
             SetClipboardText(FHandle, field->GetDisplayText());
         return;
     case kPaste:
@@ -391,10 +431,12 @@ void TCustomDBGrid::KeyPress(char16_t& key) {
     default:
         break;
     }
-    if ((unit < u' ' && unit != VK_BACK) || GetEditorMode())
+    if (unit < u' ' && unit != VK_BACK)
         return;
     key = 0;
-    if (column && ShowsBox(*column)) {
+    if (GetEditorMode()) {
+        ShowEditorChar(unit); // it was typed before the editor had the focus
+    } else if (column && ShowsBox(*column)) {
         if (unit == u' ')
             ToggleBox();
     } else if (unit == VK_BACK || CanEditAccept(unit)) {
@@ -433,8 +475,7 @@ void TCustomDBGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int
 void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift, bool again) {
     TLifeGuard alive(*this);
     const int rows = cell.Y - FocusCell().Y;
-    if (rows != 0)
-        MoveRows(rows);
+    GoToRow(cell.Y - TitleOffset());
     if (!alive || !IsDataActive())
         return;
     if (ColumnOfCell(cell.X))
@@ -534,15 +575,12 @@ void TCustomDBGrid::ColumnDragged(int from, int to) {
     SetEditorMode(false);
     if (!alive)
         return;
-    const TField* focused = GetSelectedField();
     if (!FColumns->IsCustomized() && moved->GetField() && ColumnOfCell(to)->GetField())
         moved->GetField()->SetIndex(ColumnOfCell(to)->GetField()->GetIndex()); // the columns follow the fields
     else
         moved->SetIndex(to - IndicatorOffset());
     if (!alive)
         return;
-    if (const TColumn* column = FColumns->FindField(focused))
-        FSelectedIndex = column->GetIndex();
     LayoutChanged();
     if (alive)
         Fire(*this, OnColumnMoved, this, from + 1 - IndicatorOffset(), to + 1 - IndicatorOffset());
@@ -555,7 +593,7 @@ bool TCustomDBGrid::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mouse
     if (!IsDataActive())
         return false;
     if (shift.Contains(ssShift)) {
-        ScrollColumnsTo(Geometry().ScrollX - wheelDelta / 2);
+        ScrollColumnsBy(-wheelDelta / 2);
         return true;
     }
     if (GetListVisible()) {

@@ -149,7 +149,7 @@ void TCustomDBGrid::DrawIndicator(int row, const TRect& rect) {
     bool selected = false;
     if (FOptions.Contains(dgMultiSelect)) {
         const TRowScope scope(*this, row);
-        selected = FSelectedRows.GetCurrentRowSelected();
+        selected = scope.Reads() && FSelectedRows.GetCurrentRowSelected();
     }
     if (!active && !selected)
         return;
@@ -176,10 +176,10 @@ void TCustomDBGrid::DrawIndicator(int row, const TRect& rect) {
 void TCustomDBGrid::DrawDataCell(TColumn* column, int row, const TRect& rect, TGridDrawState state) {
     TCanvas& canvas = *GetCanvas();
     TLifeGuard alive(*this);
-    const bool hasRecord = row < FDataLink->GetRecordCount();
     const auto columnAlive = column->LifeToken();
     const TRowScope scope(*this, row);
-    if (FOptions.Contains(dgMultiSelect) && FSelectedRows.GetCurrentRowSelected())
+    const bool hasRecord = scope.Reads();
+    if (hasRecord && FOptions.Contains(dgMultiSelect) && FSelectedRows.GetCurrentRowSelected())
         state << gdSelected << gdRowSelected;
     canvas.SetFont(column->GetFont());
     canvas.GetBrush()->SetColor(column->GetColor());
@@ -195,6 +195,8 @@ void TCustomDBGrid::DrawDataCell(TColumn* column, int row, const TRect& rect, TG
     } else {
         if (FDefaultDrawing)
             DefaultDrawColumnCell(rect, index, column, state);
+        if (!alive || columnAlive.expired())
+            return; // a handler of the text
         TField* field = column->GetField();
         if (!FColumns->IsCustomized() && !Fire(*this, OnDrawDataCell, this, rect, field, state))
             return;
@@ -221,12 +223,20 @@ void TCustomDBGrid::DefaultDrawColumnCell(const TRect& rect, int, TColumn* colum
     if (field && ShowsBox(*column))
         DrawBox(rect, field);
     else
-        WriteText(rect, field ? field->GetDisplayText() : String(), column->GetAlignment());
+        WriteFieldText(rect, field, column->GetAlignment());
 }
 
 void TCustomDBGrid::DefaultDrawDataCell(const TRect& rect, TField* field, TGridDrawState) {
     GetCanvas()->FillRect(rect);
-    WriteText(rect, field ? field->GetDisplayText() : String(), field ? field->GetAlignment() : taLeftJustify);
+    WriteFieldText(rect, field, field ? field->GetAlignment() : taLeftJustify);
+}
+
+/// A handler of the text may do anything.
+void TCustomDBGrid::WriteFieldText(const TRect& rect, TField* field, TAlignment alignment) {
+    TLifeGuard alive(*this);
+    const String text = field ? field->GetDisplayText() : String();
+    if (alive && GetCanvas())
+        WriteText(rect, text, alignment);
 }
 
 /// One line within the margins. What does not fit ends in dots, so that no number looks like a shorter one.

@@ -196,6 +196,10 @@ void TCustomGrid::ScrollColumnsTo(int offset) {
     PlaceEditor();
 }
 
+void TCustomGrid::ScrollColumnsBy(int pixels) {
+    ScrollColumnsTo(FGeometry.ScrollX + (FGeometry.Mirrored ? -pixels : pixels));
+}
+
 void TCustomGrid::ScrollRowsBy(int rows) {
     if (!HandleAllocated() || rows == 0)
         return;
@@ -539,7 +543,7 @@ void TCustomGrid::Dispatch(TMessage& message) {
             VerticalScroll(LowWord(message.WParam));
         return;
     case WM_MOUSEHWHEEL:
-        ScrollColumnsTo(FGeometry.ScrollX + static_cast<std::int16_t>(HighWord(message.WParam)) / 2);
+        ScrollColumnsBy(static_cast<std::int16_t>(HighWord(message.WParam)) / 2);
         return;
     case WM_SIZE:
         TCustomControl::Dispatch(message);
@@ -547,12 +551,15 @@ void TCustomGrid::Dispatch(TMessage& message) {
             UpdateClient();
         if (alive && FGeometry.Mirrored)
             Invalidate();
+        if (alive && FGeometry.FixedRows > 0)
+            InvalidateRow(0); // its rest has another edge
         return;
     case WM_LBUTTONUP:
-        FReleasing = true;
-        TCustomControl::Dispatch(message);
-        if (alive)
-            FReleasing = false;
+        {
+            FReleasing = true;
+            const TAtScopeEnd done(*this, [this] { FReleasing = false; });
+            TCustomControl::Dispatch(message);
+        }
         return;
     case WM_CAPTURECHANGED:
     case WM_CANCELMODE:
@@ -627,8 +634,8 @@ void TCustomGrid::ShowEditor() {
     const bool focused = Focused();
     ShowColumn(FFocusCell.X);
     PrepareEditor(*FEditor);
-    if (!alive || !FEditor)
-        return;
+    if (!alive || !FEditor || !CanEditShow())
+        return; // a handler of the text has changed what there is to edit
     FEditorMode = true;
     PlaceEditor();
     if (!alive || !FEditorMode)
@@ -644,7 +651,7 @@ void TCustomGrid::ShowEditorChar(char16_t unit) {
     TLifeGuard alive(*this);
     ShowEditor();
     if (alive && FEditorMode)
-        PostMessageW(FEditor->GetHandle(), WM_CHAR, unit, 0);
+        PostMessageW(FEditor->GetHandle(), WM_CHAR, unit, TInplaceEdit::kAnnounced);
 }
 
 void TCustomGrid::HideEditor() {
@@ -655,11 +662,12 @@ void TCustomGrid::HideEditor() {
     TLifeGuard alive(*this);
     // The focus first: a window that is hidden with it gives it to the next control. That the grid has it now is no
     // reason to show the editor again.
-    FHidingEditor = true;
-    if (FEditor->Focused() && CanFocus())
-        ::SetFocus(FHandle);
-    if (alive)
-        FHidingEditor = false;
+    {
+        FHidingEditor = true;
+        const TAtScopeEnd done(*this, [this] { FHidingEditor = false; });
+        if (FEditor->Focused() && CanFocus())
+            ::SetFocus(FHandle);
+    }
     if (alive && FEditor && !FEditorMode)
         FEditor->SetVisible(false);
     if (alive)

@@ -81,6 +81,8 @@ protected:
     /// Scrolls a column into view.
     void ShowColumn(int column);
     void ScrollColumnsTo(int offset);
+    /// To the right when positive, whatever the reading order.
+    void ScrollColumnsBy(int pixels);
     /// What is scrolled moves by so many rows, downwards when positive.
     void ScrollRowsBy(int rows);
 
@@ -132,6 +134,8 @@ protected:
     virtual bool EditorKeepsArrows() const { return true; }
     /// What screen readers call the editor.
     virtual String EditorName() const { return {}; }
+    /// A person has changed the text in the editor.
+    virtual void EditorChanged() {}
     /// The editor lost the focus, perhaps to another program.
     virtual void EditorLeft() {}
     /// Pixels at the far edge of the cell that the editor leaves free.

@@ -2,6 +2,7 @@
 
 #include "framework/dbgrid/grids.h"
 #include "framework/windows/accessibleobject.h"
+#include "framework/windows/inputmethod.h"
 
 namespace framework {
 
@@ -46,6 +47,7 @@ void TInplaceEdit::Begin(const String& text) {
     FBeginning = true;
     const TAtScopeEnd done(*this, [this] { FBeginning = false; });
     FEntered = false;
+    FBegun = text;
     SetText(text);
     if (HandleAllocated())
         SendMessageW(FHandle, EM_EMPTYUNDOBUFFER, 0, 0);
@@ -67,12 +69,37 @@ void TInplaceEdit::CreateWnd() {
 void TInplaceEdit::Change() {
     TLifeGuard alive(*this);
     TCustomEdit::Change();
-    if (alive && !FBeginning)
+    if (!alive || FBeginning)
+        return;
+    if (!FEntered) {
+        // Most ways to change the text have asked already; other programs write it without any.
         FEntered = true;
+        bool accepted = false;
+        const TAtScopeEnd refused(*this, [&] {
+            if (!accepted)
+                PutBack();
+        });
+        accepted = FGrid->CanEditModify();
+        if (!accepted || !alive)
+            return;
+    }
+    FGrid->EditorChanged();
+}
+
+void TInplaceEdit::PutBack() {
+    try {
+        Begin(String(FBegun));
+    } catch (...) { // the window is about to go
+    }
 }
 
 void TInplaceEdit::WndProc(TMessage& message) {
+    if (ComposeApart(FHandle, message))
+        return; // what is composed will be typed
     switch (message.Msg) {
+    case WM_CHAR:
+        FAnnounced = message.LParam == kAnnounced;
+        break;
     case WM_PASTE:
     case WM_CUT:
     case WM_CLEAR:
@@ -118,8 +145,9 @@ bool TInplaceEdit::IsForGrid(WORD key, TShiftState shift) const {
     case VK_NEXT:
     case VK_TAB:
     case VK_ESCAPE:
-    case VK_F4:
         return true;
+    case VK_F4:
+        return !shift.Contains(ssAlt);
     case VK_INSERT:
         return shift.Empty();
     case VK_DELETE: // of the record, not while words are being deleted
@@ -169,7 +197,7 @@ void TInplaceEdit::KeyPress(char16_t& key) {
         return;
     }
     TLifeGuard alive(*this);
-    if (!Fire(*FGrid, FGrid->OnKeyPress, FGrid, key) || !alive)
+    if (!std::exchange(FAnnounced, false) && (!Fire(*FGrid, FGrid->OnKeyPress, FGrid, key) || !alive))
         return;
     if (key >= u' ' && !FGrid->CanEditAccept(key)) {
         key = 0;

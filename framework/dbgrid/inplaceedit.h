@@ -19,6 +19,9 @@ public:
     /// Whether a person has entered something since then.
     bool GetEntered() const { return FEntered; }
     void SetEntered(bool value) { FEntered = value; }
+    /// For the character that opened the editor, posted to it: the grid has told of it already (bits of a key message
+    /// that the system leaves zero).
+    static constexpr LPARAM kAnnounced = 1 | 1 << 25;
     /// With the caret at the end, as when a person goes on with what is there.
     void Deselect() { SetSelStart(INT_MAX); }
     /// Pixels around the text, as the cell has them.
@@ -40,11 +43,14 @@ protected:
 private:
     bool IsForGrid(WORD key, TShiftState shift) const;
     bool IsAtEdge(bool end) const;
+    void PutBack();
 
     TCustomGrid* FGrid;
+    String FBegun; // what the cell's value was
     int FMargins = 0;
     bool FEntered = false;
     bool FBeginning = false;
+    bool FAnnounced = false; // the grid's handlers have heard of this character
 };
 
 } // namespace framework

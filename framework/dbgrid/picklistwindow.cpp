@@ -45,7 +45,8 @@ void TPickListWindow::Open(const TRect& cell, int rows) {
     SetWindowPos(FHandle, HWND_TOPMOST, left, above ? cell.Top - height : cell.Bottom, cell.Width(), height,
                  SWP_NOACTIVATE | SWP_SHOWWINDOW);
     FCell = cell;
-    GetAsyncKeyState(VK_LBUTTON); // what was pressed before does not count
+    GetCursorPos(&FRest);
+    Pressed(); // what was pressed before does not count
     FTimer.SetEnabled(true);
 }
 
@@ -54,13 +55,21 @@ void TPickListWindow::Close() {
     ShowWindow(FHandle, SW_HIDE);
 }
 
+/// Whether a mouse button is down, or was since this was last asked.
+bool TPickListWindow::Pressed() {
+    bool pressed = false;
+    for (const int button : {VK_LBUTTON, VK_RBUTTON, VK_MBUTTON})
+        pressed = (GetAsyncKeyState(button) & 0x8001) != 0 || pressed;
+    return pressed;
+}
+
 /// The list hears nothing of presses elsewhere, nor when the form is moved.
 void TPickListWindow::Watch() {
     POINT pointer{};
     GetCursorPos(&pointer);
     RECT own{};
     GetWindowRect(FHandle, &own);
-    const bool pressed = (GetAsyncKeyState(VK_LBUTTON) & 0x8001) != 0;
+    const bool pressed = Pressed() && ::GetCapture() != FHandle; // which its scroll bar may hold
     const bool inside = FromWin(own).Contains(FromWin(pointer)) || FCell.Contains(FromWin(pointer));
     if ((pressed && !inside) || FGrid->FocusOnScreen() != FCell || !IsWindowVisible(FGrid->GetHandle()))
         FGrid->CloseList(false);
@@ -77,9 +86,17 @@ void TPickListWindow::Dispatch(TMessage& message) {
     case WM_MOUSEACTIVATE:
         message.Result = MA_NOACTIVATE;
         return;
+    case WM_MOUSEMOVE: {
+        // The system tells of a pointer as well that lay there when the list opened.
+        POINT pointer{};
+        GetCursorPos(&pointer);
+        if (pointer.x == FRest.x && pointer.y == FRest.y)
+            return;
+        FRest = {-1, -1};
+        [[fallthrough]];
+    }
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-    case WM_MOUSEMOVE:
         if (const int item = ItemAtPos(PointFromLParam(message.LParam), true); item >= 0)
             SetItemIndex(item);
         return;

@@ -27,10 +27,12 @@ protected:
 
 private:
     void Watch();
+    static bool Pressed();
 
     TCustomDBGrid* FGrid;
     TTimer FTimer{nullptr};
-    TRect FCell; // where it opened
+    TRect FCell;   // where it opened
+    POINT FRest{}; // where the pointer lay then
 };
 
 } // namespace framework
