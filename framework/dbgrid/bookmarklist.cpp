@@ -41,17 +41,19 @@ bool TBookmarkList::GetCurrentRowSelected() const {
 }
 
 void TBookmarkList::SetCurrentRowSelected(bool value) {
-    if (!DataSet())
-        return;
-    const TBookmark current = DataSet()->GetBookmark();
+    if (DataSet())
+        SetSelected(DataSet()->GetBookmark(), value);
+    FGrid.InvalidateRow(FGrid.FocusCell().Y);
+}
+
+void TBookmarkList::SetSelected(const TBookmark& bookmark, bool value) {
     int index = 0;
-    if (current.IsEmpty() || Find(current, index) == value)
+    if (!DataSet() || bookmark.IsEmpty() || Find(bookmark, index) == value)
         return;
     if (value)
-        FItems.insert(FItems.begin() + index, current);
+        FItems.insert(FItems.begin() + index, bookmark);
     else
         FItems.erase(FItems.begin() + index);
-    FGrid.InvalidateRow(FGrid.FocusCell().Y);
 }
 
 void TBookmarkList::Clear() {

@@ -32,6 +32,7 @@ public:
     /// The active record. One that is being inserted cannot be selected.
     bool GetCurrentRowSelected() const;
     void SetCurrentRowSelected(bool value);
+    void SetSelected(const TBookmark& bookmark, bool value);
     void Clear();
     /// Deletes the selected records.
     void Delete();

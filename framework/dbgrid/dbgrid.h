@@ -270,7 +270,7 @@ private:
 
     // Keys and the mouse
     bool HandleKey(WORD key, TShiftState shift);
-    bool HandleControlKey(WORD key);
+    bool HandleControlKey(WORD key, bool shifted);
     bool TabKey(bool forward);
     bool CanLeaveByTab(bool forward) const;
     void CancelEditing();
@@ -281,14 +281,17 @@ private:
     void PriorRow(bool select);
     void MoveRows(int distance);
     void GoToRow(int row);
+    void GoToEndRow(bool last, bool select);
     void InsertRecord();
     void DeleteRecord();
     bool CanChangeRecords() const;
     void ClickDataCell(TGridCoord cell, TShiftState shift, bool again);
     /// A record was begun, and nothing has been entered into it.
     bool IsUntouchedInsert() const;
-    void SelectByClick(TShiftState shift, int rowsMoved);
-    void SelectWhileMoving(bool select, const std::function<void()>& move);
+    void SelectByClick(TShiftState shift, const TBookmark& from);
+    void SelectFromAnchor();
+    bool SelectStep(int step);
+    bool SelectRows(bool select, int distance);
     bool WantsKey(WORD key) const;
 
     // Editing
@@ -311,6 +314,7 @@ private:
     TBookmarkList FSelectedRows{*this};
     TPickListWindow* FListWindow = nullptr; // made when it is first needed; this component owns it
     TGridCoord FPressedCell;
+    TBookmark FSelectAnchor;         // where Shift began to select, as long as that is selected
     TField* FEditedField = nullptr;  // whose value the editor shows
     TColumn* FFocusColumn = nullptr; // as long as its token says that it lives
     std::weak_ptr<const void> FFocusColumnLife;

@@ -18,7 +18,8 @@ bool TCustomDBGrid::CanChangeRecords() const {
 /// Whether a person may change what the column shows. Blocks and long texts do not fit into a line.
 bool TCustomDBGrid::CanEditColumn(const TColumn& column) const {
     const TField* field = column.GetField();
-    return field && CanChangeRecords() && !column.GetReadOnly() && field->GetCanModify() && !field->IsBlob() && (FDataLink->GetEditing() || GetDataSource()->GetAutoEdit());
+    return field && CanChangeRecords() && !column.GetReadOnly() && field->GetCanModify() && !field->IsBlob() &&
+           (FDataLink->GetEditing() || GetDataSource()->GetAutoEdit());
 }
 
 bool TCustomDBGrid::CanEditShow() const {

@@ -206,46 +206,64 @@ void TCustomDBGrid::GoToRow(int row) {
     dataSet.GotoBookmark(wanted);
 }
 
-/// Selects along the way while Shift is down, and nothing else any more when it is not.
-void TCustomDBGrid::SelectWhileMoving(bool select, const std::function<void()>& move) {
-    if (!FOptions.Contains(dgMultiSelect)) {
-        move();
-        return;
+/// A move with Shift selects what lies on the way from where that began, and gives back what it returns over. True when
+/// that was all to be done; without Shift the selection ends, and the move is left to the caller.
+bool TCustomDBGrid::SelectRows(bool select, int distance) {
+    if (!FOptions.Contains(dgMultiSelect))
+        return false;
+    if (!select) {
+        FSelectedRows.Clear();
+        return false;
     }
     TLifeGuard alive(*this);
-    if (select)
-        FSelectedRows.SetCurrentRowSelected(true);
-    else
-        FSelectedRows.Clear();
-    move();
-    if (alive && select)
-        FSelectedRows.SetCurrentRowSelected(true);
+    for (int i = 0; alive && i < std::abs(distance) && SelectStep(distance < 0 ? -1 : 1); ++i) {
+    }
+    return true;
+}
+
+bool TCustomDBGrid::SelectStep(int step) {
+    TDataSet& dataSet = *GetDataSet();
+    TLifeGuard alive(*this);
+    dataSet.CheckBrowseMode();
+    if (!alive || !IsDataActive() || dataSet.IsEmpty())
+        return false;
+    const TBookmark before = dataSet.GetBookmark();
+    if (FSelectedRows.IndexOf(FSelectAnchor) < 0 || !FSelectedRows.GetCurrentRowSelected())
+        FSelectAnchor = before;
+    FSelectedRows.SetCurrentRowSelected(true);
+    if (FDataLink->MoveBy(step) == 0 || !alive || !IsDataActive())
+        return false;
+    const int side = dataSet.CompareBookmarks(before, FSelectAnchor);
+    if (step > 0 ? side < 0 : side > 0)
+        FSelectedRows.SetSelected(before, false);
+    FSelectedRows.SetCurrentRowSelected(true);
+    return true;
 }
 
 void TCustomDBGrid::NextRow(bool select) {
-    SelectWhileMoving(select, [this, select] {
-        TLifeGuard alive(*this);
-        if (IsUntouchedInsert()) {
-            if (!FAppended) // one behind the last record is enough
-                GetDataSet()->Cancel();
-            return;
-        }
-        FDataLink->MoveBy(1);
-        if (!alive || select || !FDataLink->GetEof() || !CanChangeRecords() || FDataLink->GetEditing())
-            return;
-        GetDataSet()->Append();
-        if (alive && IsDataActive())
-            FAppended = FBegunHere = GetDataSet()->GetState() == dsInsert;
-    });
+    if (SelectRows(select, 1))
+        return;
+    TLifeGuard alive(*this);
+    if (IsUntouchedInsert()) {
+        if (!FAppended) // one behind the last record is enough
+            GetDataSet()->Cancel();
+        return;
+    }
+    FDataLink->MoveBy(1);
+    if (!alive || !FDataLink->GetEof() || !CanChangeRecords() || FDataLink->GetEditing())
+        return;
+    GetDataSet()->Append();
+    if (alive && IsDataActive())
+        FAppended = FBegunHere = GetDataSet()->GetState() == dsInsert;
 }
 
 void TCustomDBGrid::PriorRow(bool select) {
-    SelectWhileMoving(select, [this] {
-        if (IsUntouchedInsert() && FAppended)
-            GetDataSet()->Cancel(); // which leads to the last record
-        else
-            FDataLink->MoveBy(-1);
-    });
+    if (SelectRows(select, -1))
+        return;
+    if (IsUntouchedInsert() && FAppended)
+        GetDataSet()->Cancel(); // which leads to the last record
+    else
+        FDataLink->MoveBy(-1);
 }
 
 void TCustomDBGrid::InsertRecord() {
@@ -305,7 +323,7 @@ bool TCustomDBGrid::HandleKey(WORD key, TShiftState shift) {
     if (shift.Contains(ssAlt))
         return false;
     if (shift.Contains(ssCtrl))
-        return HandleControlKey(key);
+        return HandleControlKey(key, shift.Contains(ssShift));
     const bool rowSelect = FOptions.Contains(dgRowSelect);
     switch (key) {
     case VK_UP:
@@ -324,14 +342,17 @@ bool TCustomDBGrid::HandleKey(WORD key, TShiftState shift) {
     case VK_HOME:
     case VK_END:
         if (rowSelect || FColumns->GetCount() == 1)
-            SelectWhileMoving(false, [&] { key == VK_HOME ? GetDataSet()->First() : GetDataSet()->Last(); });
+            GoToEndRow(key == VK_END, shift.Contains(ssShift));
         else
             GoToEndColumn(key == VK_END);
         return true;
     case VK_PRIOR:
-    case VK_NEXT:
-        SelectWhileMoving(false, [&] { MoveRows((key == VK_PRIOR ? -1 : 1) * Geometry().VisibleRows()); });
+    case VK_NEXT: {
+        const int distance = (key == VK_PRIOR ? -1 : 1) * Geometry().VisibleRows();
+        if (!SelectRows(shift.Contains(ssShift), distance))
+            MoveRows(distance);
         return true;
+    }
     case VK_INSERT:
         InsertRecord();
         return true;
@@ -350,13 +371,16 @@ bool TCustomDBGrid::HandleKey(WORD key, TShiftState shift) {
     }
 }
 
-bool TCustomDBGrid::HandleControlKey(WORD key) {
+void TCustomDBGrid::GoToEndRow(bool last, bool select) {
+    if (!SelectRows(select, last ? INT_MAX : -INT_MAX))
+        last ? GetDataSet()->Last() : GetDataSet()->First();
+}
+
+bool TCustomDBGrid::HandleControlKey(WORD key, bool shifted) {
     switch (key) {
     case VK_HOME:
-        SelectWhileMoving(false, [this] { GetDataSet()->First(); });
-        return true;
     case VK_END:
-        SelectWhileMoving(false, [this] { GetDataSet()->Last(); });
+        GoToEndRow(key == VK_END, shifted);
         return true;
     case VK_UP:
     case VK_PRIOR:
@@ -388,7 +412,7 @@ bool TCustomDBGrid::TabKey(bool forward) {
     if (!alive)
         return true;
     forward ? NextRow(false) : PriorRow(false);
-    if (alive && IsDataActive())
+    if (alive && IsDataActive() && (forward || !GetDataSet()->GetBof()))
         GoToEndColumn(!forward);
     return true;
 }
@@ -474,7 +498,7 @@ void TCustomDBGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int
 /// `again`: the cell has had the focus before.
 void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift, bool again) {
     TLifeGuard alive(*this);
-    const int rows = cell.Y - FocusCell().Y;
+    const TBookmark before = GetDataSet()->GetBookmark();
     GoToRow(cell.Y - TitleOffset());
     if (!alive || !IsDataActive())
         return;
@@ -483,7 +507,7 @@ void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift, bool again
     if (!alive || !IsDataActive())
         return;
     if (FOptions.Contains(dgMultiSelect))
-        SelectByClick(shift, rows);
+        SelectByClick(shift, before);
     if (!again || shift.Contains(ssCtrl) || shift.Contains(ssShift) || !ColumnOfCell(cell.X))
         return;
     if (ShowsBox(*ColumnOfCell(cell.X)))
@@ -492,27 +516,64 @@ void TCustomDBGrid::ClickDataCell(TGridCoord cell, TShiftState shift, bool again
         ShowEditor();
 }
 
-/// A click selects its record alone, with Ctrl it turns it over, with Shift it selects all from the one before.
-void TCustomDBGrid::SelectByClick(TShiftState shift, int rowsMoved) {
+/// A click selects its record alone, with Ctrl it turns it over, with Shift it selects all from where selecting began,
+/// or else from the record that was active.
+void TCustomDBGrid::SelectByClick(TShiftState shift, const TBookmark& from) {
+    const TBookmark current = GetDataSet()->GetBookmark();
+    const bool range = shift.Contains(ssShift) && !shift.Contains(ssCtrl);
+    if (range && FSelectedRows.IndexOf(FSelectAnchor) < 0)
+        FSelectAnchor = GetDataSet()->BookmarkValid(from) ? from : current;
+    if (!range)
+        FSelectAnchor = current;
     if (shift.Contains(ssCtrl)) {
         FSelectedRows.SetCurrentRowSelected(!FSelectedRows.GetCurrentRowSelected());
         return;
     }
-    if (!shift.Contains(ssShift))
-        FSelectedRows.Clear();
-    const int active = FDataLink->GetActiveRecord();
-    const int step = rowsMoved > 0 ? -1 : 1;
-    const int count = shift.Contains(ssShift) ? std::abs(rowsMoved) : 0;
-    TLifeGuard alive(*this);
-    for (int i = 0; i <= count; ++i) {
-        const int row = active + i * step;
-        if (row < 0 || row >= FDataLink->GetRecordCount())
-            break;
-        FDataLink->SetActiveRecord(row);
-        FSelectedRows.SetCurrentRowSelected(true);
-    }
-    FDataLink->SetActiveRecord(active);
+    FSelectedRows.Clear();
+    FSelectedRows.SetCurrentRowSelected(true);
+    if (range)
+        SelectFromAnchor();
     Invalidate();
+}
+
+void TCustomDBGrid::SelectFromAnchor() {
+    TDataSet& dataSet = *GetDataSet();
+    const TBookmark active = dataSet.GetBookmark();
+    const int side = dataSet.CompareBookmarks(active, FSelectAnchor);
+    bool reached = false;
+    for (int row = 0; row < FDataLink->GetRecordCount(); ++row) {
+        const TRowScope scope(*this, row);
+        const TBookmark each = dataSet.GetBookmark();
+        const int fromAnchor = dataSet.CompareBookmarks(each, FSelectAnchor);
+        const int fromActive = dataSet.CompareBookmarks(each, active);
+        reached = reached || fromAnchor == 0;
+        if (side > 0 ? fromAnchor >= 0 && fromActive <= 0 : fromAnchor <= 0 && fromActive >= 0)
+            FSelectedRows.SetSelected(each, true);
+    }
+    if (reached)
+        return;
+    // It began out of sight: the records between are only to be had on the way.
+    TLifeGuard alive(*this);
+    TLifeGuard dataAlive(dataSet);
+    const auto way = [&] {
+        dataSet.GotoBookmark(FSelectAnchor);
+        while (alive && IsDataActive()) {
+            const TBookmark each = dataSet.GetBookmark();
+            FSelectedRows.SetSelected(each, true);
+            if (dataSet.CompareBookmarks(each, active) == 0 || dataSet.MoveBy(side > 0 ? 1 : -1) == 0)
+                break;
+        }
+    };
+    dataSet.DisableControls();
+    try {
+        way();
+    } catch (...) {
+        if (dataAlive)
+            dataSet.EnableControls();
+        throw;
+    }
+    if (dataAlive)
+        dataSet.EnableControls();
 }
 
 void TCustomDBGrid::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {

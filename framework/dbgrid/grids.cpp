@@ -554,12 +554,11 @@ void TCustomGrid::Dispatch(TMessage& message) {
         if (alive && FGeometry.FixedRows > 0)
             InvalidateRow(0); // its rest has another edge
         return;
-    case WM_LBUTTONUP:
-        {
-            FReleasing = true;
-            const TAtScopeEnd done(*this, [this] { FReleasing = false; });
-            TCustomControl::Dispatch(message);
-        }
+    case WM_LBUTTONUP: {
+        FReleasing = true;
+        const TAtScopeEnd done(*this, [this] { FReleasing = false; });
+        TCustomControl::Dispatch(message);
+    }
         return;
     case WM_CAPTURECHANGED:
     case WM_CANCELMODE:

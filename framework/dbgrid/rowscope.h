@@ -33,9 +33,7 @@ public:
     bool Reads() const { return FReads; }
 
 private:
-    bool SeesBefore() const {
-        return FBefore >= 0 && FBefore < std::max(FGrid.GetDataLink().GetRecordCount(), 1);
-    }
+    bool SeesBefore() const { return FBefore >= 0 && FBefore < std::max(FGrid.GetDataLink().GetRecordCount(), 1); }
 
     TCustomDBGrid& FGrid;
     TLifeGuard FAlive;
