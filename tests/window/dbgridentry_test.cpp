@@ -85,7 +85,7 @@ TEST_F(DBGridEntryTest, EveryWayOfTypingArrives) {
     PressKey(VK_RETURN);
     EXPECT_EQ(Text(u"City"), u"Oslo");
     Data->Cancel();
-    Data->BeforeEdit = [](TDataSet*) { throw EAbort(u""); };
+    Data->BeforeEdit = [](TDataSet*) { throw EAbort(); };
     write();
     EXPECT_EQ(Editor()->Text, Text(u"City")) << "refused, and it shows";
     Data->BeforeEdit = nullptr;
@@ -195,6 +195,7 @@ TEST_F(DBGridEntryTest, ShiftSelectsFromWhereItBegan) {
 
 /// Handlers that end what they are called for.
 TEST_F(DBGridEntryTest, HandlersMayEndEverything) {
+    TBoxReader boxes;
     TField* name = nullptr;
     const auto text = [&](TFieldGetTextEvent handler) {
         name = Data->FieldByName(u"Name");
@@ -259,7 +260,7 @@ TEST_F(DBGridEntryTest, HandlersMayEndEverything) {
     }
     // A handler that raises leaves no drag behind.
     reopen();
-    Grid->OnCellClick = [](TColumn*) { throw EAbort(u""); };
+    Grid->OnCellClick = [](TColumn*) { throw EAbort(); };
     Click(Cell(1, 1));
     PressMouse(Grid->ClientToScreen(Middle(Grid->TitleRect(1))));
     Application->ProcessMessages();
