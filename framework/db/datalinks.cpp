@@ -263,7 +263,9 @@ int TDataLink::MoveBy(int distance) {
 int TDataLink::Follow(int scrolled) {
     const int active = GetDataSet()->GetActiveRecord();
     const int sameRecords = FFirstRecord + scrolled;
-    FFirstRecord = std::max(std::clamp(sameRecords, active - FBufferCount + 1, active), 0);
+    // Nothing stays blank as long as there are records before.
+    const int last = GetDataSet()->GetBufferedCount() - FBufferCount;
+    FFirstRecord = std::max(std::min(std::clamp(sameRecords, active - FBufferCount + 1, active), last), 0);
     return sameRecords - FFirstRecord;
 }
 

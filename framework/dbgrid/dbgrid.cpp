@@ -361,8 +361,15 @@ void TCustomDBGrid::FocusField(TField* field) {
         return;
     TLifeGuard alive(*this);
     SetSelectedIndex(column->GetIndex());
-    if (alive && CanFocus() && !Focused())
-        SetFocus();
+    if (!alive || !CanFocus() || Focused())
+        return;
+    // Of several grids over the dataset the one in which the person works shows him the field.
+    for (const TControl* each = FindControl(::GetFocus()); each; each = each->GetParent()) {
+        const auto* other = As<TCustomDBGrid>(each);
+        if (other && other->GetDataSet() == GetDataSet() && other->FColumns->FindField(field))
+            return;
+    }
+    SetFocus();
 }
 
 void TCustomDBGrid::CMFontChanged(TMessage& message) {

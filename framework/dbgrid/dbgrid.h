@@ -298,6 +298,7 @@ private:
     bool CanEditColumn(const TColumn& column) const;
     bool BeginEditing();
     void ToggleBox();
+    bool EmptyCell();
     void RefreshEditor();
     bool HasButton(const TColumn& column) const;
     TRect ButtonRect() const;

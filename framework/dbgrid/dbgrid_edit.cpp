@@ -144,6 +144,22 @@ void TCustomDBGrid::ToggleBox() {
         field->SetAsBoolean(field->GetIsNull() || !field->GetAsBoolean());
 }
 
+/// A box becomes Null again; of a text the editor shows nothing.
+bool TCustomDBGrid::EmptyCell() {
+    const TColumn* column = ColumnOfCell(FocusCell().X);
+    if (GetEditorMode() || !column || !column->GetVisible() || !CanEditColumn(*column))
+        return false;
+    if (!ShowsBox(*column)) {
+        ShowEditorChar(VK_BACK);
+        return true;
+    }
+    TLifeGuard alive(*this);
+    TField* field = GetSelectedField();
+    if (!field->GetRequired() && BeginEditing() && alive && field == GetSelectedField())
+        field->Clear();
+    return true;
+}
+
 // The button at the end of the cell
 
 bool TCustomDBGrid::HasButton(const TColumn& column) const {

@@ -353,6 +353,8 @@ bool TCustomDBGrid::HandleKey(WORD key, TShiftState shift) {
             MoveRows(distance);
         return true;
     }
+    case VK_DELETE:
+        return shift.Empty() && EmptyCell();
     case VK_INSERT:
         InsertRecord();
         return true;

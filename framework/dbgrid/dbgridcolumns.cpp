@@ -368,13 +368,17 @@ void TDBGridColumns::FollowFields() {
         return;
     // Nobody but the grid hears of this, and it has asked for it.
     FFollowing = true;
+    const TAtScopeEnd done(*FGrid, [this] { FFollowing = false; });
     int place = 0;
     TDataSet* dataSet = FGrid->GetDataSet();
     if (dataSet && FGrid->IsDataActive()) {
         for (TField* field : dataSet->GetFields()) {
             if (!field->GetVisible())
                 continue;
-            TColumn* column = FindField(field);
+            // Most often nothing has changed.
+            TColumn* column = place < GetCount() ? GetColumn(place) : nullptr;
+            if (!column || column->GetField() != field)
+                column = FindField(field);
             if (!column)
                 column = AddFor(*field, false);
             column->SetIndex(place++);
@@ -382,7 +386,6 @@ void TDBGridColumns::FollowFields() {
     }
     while (GetCount() > place)
         Delete(GetCount() - 1);
-    FFollowing = false;
 }
 
 void TDBGridColumns::Notify(TCollectionItem* item, TCollectionNotification action) {

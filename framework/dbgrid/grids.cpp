@@ -335,12 +335,16 @@ void TCustomGrid::Paint() {
 void TCustomGrid::PaintRow(int row, const TRect& area) {
     TLifeGuard alive(*this);
     const unsigned version = FVersion;
-    int end = 0;
+    int end = 0; // of the columns so far, from the reading side
     for (int column = 0; alive && version == FVersion && column < FGeometry.ColumnCount(); ++column) {
-        const TRect whole = FGeometry.CellRect({column, row});
-        if (whole.IsEmpty())
+        if (column == FGeometry.FixedColumns)
+            end -= FGeometry.ScrollX;
+        if (end >= FGeometry.Client.Width)
+            break;
+        const int width = FGeometry.Columns[static_cast<std::size_t>(column)].Shown();
+        end += width;
+        if (width == 0 || end <= 0)
             continue;
-        end = FGeometry.Mirrored ? FGeometry.Client.Width - whole.Left : whole.Right;
         if (const TRect shown = FGeometry.ShownRect({column, row}); !shown.IsEmpty() && Overlap(shown, area))
             PaintCell({column, row}, shown);
     }
