@@ -11,6 +11,7 @@ namespace {
 using DBGridEntryTest = TGridForm<TDBGrid>;
 
 TEST_F(DBGridEntryTest, AnEntryStaysWithItsField) {
+    TBoxReader boxes; // of what could not be stored where it did not belong
     const auto city = [&] { return std::get<String>(Rows->Rows[0][2]); };
     const auto enter = [&](StringView text, const std::function<void()>& meanwhile) {
         Data->First();
