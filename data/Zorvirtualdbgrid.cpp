@@ -314,6 +314,7 @@ void TZORVirtualDBGrid::RefreshColumns() {
     if (TitleFontStored())
         GetHeader()->SetFont(GetTitleFont());
     FMirroring = false;
+    FMirrored = true;
     ClearHintColumns();
     if (!changed)
         return;

@@ -358,6 +358,7 @@ private:
     bool FMirroring = false;      // columns change because others have
     bool FRemakes = false;        // they are to be made anew
     bool FColumnsChanged = false; // and have not been taken over yet
+    bool FMirrored = false;       // the columns are those of the hidden grid, and nobody has touched them since
     bool FFooterDirty = false;
     bool FPaintingFooter = false;
 };

@@ -196,6 +196,7 @@ TRect TZORVirtualDBGrid::GetFooterRect() const {
 }
 
 void TZORVirtualDBGrid::HeaderChanged(TVTHeader& header, bool places) {
+    FMirrored = FMirrored && FMirroring;
     TVirtualDrawTree::HeaderChanged(header, places);
     if (FFooter && &header == FFooter.get())
         FooterChanged();

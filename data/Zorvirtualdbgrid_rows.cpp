@@ -42,12 +42,15 @@ void TZORVirtualDBGrid::DataSetReplaced() {
     for (TKeyField& key : FKeyFields)
         key.Index = TKeyField::NotSought;
     FRead = {};
+    FMirrored = false;
     Invalidate();
     InvalidateFooter();
     BuildTree();
 }
 
 void TZORVirtualDBGrid::DataEvent(TDataEvent event) {
+    if (event == deLayoutChange)
+        FMirrored = false;
     if (event == deCheckBrowseMode)
         BuildTree();
     else if (event == deUpdateState || event == deLayoutChange || event == deDataSetChange || RowsAreBehind())
@@ -121,7 +124,8 @@ void TZORVirtualDBGrid::BuildTree() {
     TLifeGuard alive(*this);
     if (GetNodeDataSize() != VirtualDBGridNodeSize)
         SetNodeDataSize(VirtualDBGridNodeSize);
-    if (alive && GetColumns()->GetCount() > 0)
+    // It happens with every move of the dataset, and to ask each column for its width may mean to measure texts.
+    if (alive && GetColumns()->GetCount() > 0 && (FColumnsChanged || !FMirrored))
         RefreshColumns();
     if (alive)
         RefreshRows();
