@@ -66,6 +66,11 @@ protected:
         else
             TEdit::KeyPress(key);
     }
+    void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override {
+        TEdit::MouseDown(button, shift, x, y);
+        if (button == mbLeft)
+            FInspector.EditClicked();
+    }
     void DoExit() override {
         TEdit::DoExit();
         FInspector.EndEdit(true);
@@ -235,17 +240,27 @@ void TInspector::BeginChange() {
         return OpenChoices();
     case TRowEditor::Text:
     case TRowEditor::TextOrChoice:
-        return BeginEdit();
+        return BeginEdit(ProposedText(*row));
     }
 }
 
-void TInspector::BeginEdit() {
+void TInspector::BeginEdit(const String& text) {
     ScrollIntoView(GetItemIndex());
     SetProblem({});
     FEdit->SetBoundsRect(EditRect());
-    FEdit->SetText(GetSelectedText());
+    FEdit->SetText(text);
     FEdit->SetVisible(true);
     FEdit->SetFocus();
+    FEdit->SelectAll();
+}
+
+void TInspector::EditClicked() {
+    // The first click has brought the edit, so the system does not count the two as a double click.
+    const bool isDouble = static_cast<DWORD>(GetMessageTime() - FClickTime) <= GetDoubleClickTime();
+    const TInspectorRow* row = SelectedRow();
+    if (!isDouble || !row || !FEdit->GetText().empty())
+        return;
+    FEdit->SetText(ProposedText(*row));
     FEdit->SelectAll();
 }
 
@@ -347,8 +362,7 @@ void TInspector::KeyPress(char16_t& key) {
     if (key > u' ' && row) {
         const TRowEditor editor = RowEditor(*row);
         if (editor == TRowEditor::Text || editor == TRowEditor::TextOrChoice) {
-            BeginEdit();
-            FEdit->SetText(String(1, key));
+            BeginEdit(String(1, key));
             FEdit->SetSelStart(1);
             key = 0;
             return;
@@ -388,8 +402,10 @@ void TInspector::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
     if (Row(row).Expandable && SignRect(Row(row), rect).Inflated(3, 3).Contains({x, y}))
         return Toggle(row);
     if (x < DividerX()) {
-        if (shift.Contains(ssDouble))
+        if (shift.Contains(ssDouble) && Row(row).Expandable)
             Toggle(row);
+        else if (shift.Contains(ssDouble) && ProposedText(Row(row)) != gallery::RowText(Row(row)))
+            BeginChange();
         return;
     }
     if (HasButton(row) && ButtonRect(rect).Contains({x, y})) {
@@ -397,8 +413,13 @@ void TInspector::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
             OpenChoices();
         return;
     }
-    if (RowEditor(Row(row)) != TRowEditor::Choice)
-        return BeginChange();
+    const TRowEditor editor = RowEditor(Row(row));
+    if (editor == TRowEditor::Text || editor == TRowEditor::TextOrChoice) {
+        FClickTime = GetMessageTime();
+        return BeginEdit(GetSelectedText());
+    }
+    if (editor == TRowEditor::None)
+        return Toggle(row);
     if (shift.Contains(ssDouble)) {
         if (const String next = NextChoice(Row(row)); !next.empty())
             Write(next);
@@ -475,7 +496,12 @@ std::optional<TRect> TInspector::FindSpot(const std::vector<String>& words) {
         if (outer && FTree.SetExpanded(*outer, true))
             TreeChanged();
     }
-    const auto index = FTree.IndexOf(words[1]);
+    auto index = FTree.IndexOf(words[1]);
+    if (const auto events = index ? std::nullopt : FTree.IndexOf(EventsPath(words[1]))) {
+        if (FTree.SetExpanded(*events, true))
+            TreeChanged();
+        index = FTree.IndexOf(words[1]);
+    }
     if (!index)
         return std::nullopt;
     const int row = static_cast<int>(*index);

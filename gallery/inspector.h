@@ -3,7 +3,8 @@
 // The inspector on the right of the gallery: the published properties of one object, read live and changed in place.
 //
 // Enter or F2 edits the selected row, Esc takes an edit back, Right and Left open and close what has parts, and a
-// double click goes on to the next choice.
+// double click goes on to the next choice. On an event of a form that is being designed, Enter, F2 and a double click
+// propose the usual name of a handler.
 
 #include "gallery/choicelist.h"
 #include "gallery/inspector_rules.h"
@@ -86,7 +87,9 @@ private:
     void Expand(bool expanded);
     /// Enter or F2: whatever is the way to change the row.
     void BeginChange();
-    void BeginEdit();
+    void BeginEdit(const String& text);
+    /// A click on the edit: the second one of a double click proposes what Enter would.
+    void EditClicked();
     /// Writes the edited text unless it is the old one, and closes the edit.
     void EndEdit(bool write);
     bool IsEditing() const;
@@ -106,6 +109,7 @@ private:
     int FDividerPerMille = 460; // place of the line between names and values
     bool FDragging = false;     // the user moves that line
     bool FRebuilding = false;
+    LONG FClickTime = 0;       // of the click that began the edit, in milliseconds as messages have them
     bool FTreeChanged = false; // painted with other rows, of which nobody has been told yet
 };
 

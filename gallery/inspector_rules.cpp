@@ -3,6 +3,7 @@
 #include "framework/system/dates.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
+#include "gallery/handlers_rules.h"
 
 #include <algorithm>
 
@@ -21,17 +22,6 @@ TPersistent* SubObject(const TPersistent& object, const TPropInfo& property) {
 
 bool HoldsColor(const TPropInfo& property) {
     return property.Kind == tkInteger && property.Names && property.Names->FromName(u"clWindow");
-}
-
-/// Whose components and methods a row may refer to: the owner of the component that the row belongs to.
-TComponent* Root(const TInspectorRow& row) {
-    TPersistent* object = row.Object;
-    while (object && !As<TComponent>(object))
-        object = object->GetOwner();
-    TComponent* component = As<TComponent>(object);
-    if (!component)
-        return nullptr;
-    return component->GetOwnerComponent() ? component->GetOwnerComponent() : component;
 }
 
 String NamedInteger(const TPropInfo& property, std::int64_t value) {
@@ -78,7 +68,7 @@ bool HasLineBreak(StringView text) {
 }
 
 void WriteReference(const TInspectorRow& row, StringView name) {
-    TComponent* root = Root(row);
+    TComponent* root = FormOf(row.Object);
     TComponent* component = nullptr;
     if (!name.empty()) {
         component = root ? root->FindComponent(name) : nullptr;
@@ -164,7 +154,7 @@ TRowEditor RowEditor(const TInspectorRow& row) {
     case tkClass:
         return IsReference(*row.Property) ? TRowEditor::Choice : TRowEditor::None;
     case tkMethod:
-        return TRowEditor::Choice;
+        return TakesNewHandlers(*row.Object) ? TRowEditor::TextOrChoice : TRowEditor::Choice;
     case tkStrings:
     case tkBinary:
         break;
@@ -185,7 +175,7 @@ std::vector<String> RowChoices(const TInspectorRow& row) {
     case tkSet:
         return row.Element >= 0 ? DescribeEnum(bool{}).Names : choices;
     case tkClass:
-        if (const TComponent* root = Root(row); root && IsReference(property)) {
+        if (const TComponent* root = FormOf(row.Object); root && IsReference(property)) {
             choices.emplace_back(); // nothing
             for (int i = 0; i < root->GetComponentCount(); ++i) {
                 const TComponent* each = root->GetComponent(i);
@@ -197,13 +187,8 @@ std::vector<String> RowChoices(const TInspectorRow& row) {
         }
         return choices;
     case tkMethod:
-        if (const TComponent* root = Root(row)) {
-            choices.emplace_back();
-            for (const TMethodInfo& method : root->ClassInfo().Methods()) {
-                if (method.Signature == property.Signature)
-                    choices.push_back(method.Name);
-            }
-        }
+        choices = FittingHandlers(*row.Object, property);
+        choices.emplace(choices.begin()); // nothing
         return choices;
     default:
         return choices;
@@ -216,7 +201,7 @@ void WriteRow(const TInspectorRow& row, StringView text) {
     if (row.Element >= 0)
         WriteElement(row, text);
     else if (row.Property->Kind == tkMethod)
-        SetMethodProp(*row.Object, row.Property->Name, Root(row), text);
+        WriteHandler(*row.Object, *row.Property, text);
     else if (row.Property->Kind == tkClass)
         WriteReference(row, text);
     else if (row.Property->Kind == tkWChar && text.size() > 1 && text.front() == u'#')
@@ -244,6 +229,13 @@ std::optional<TColor> RowColor(const TInspectorRow& row) {
     if (!row.Property || !HoldsColor(*row.Property))
         return std::nullopt;
     return static_cast<TColor>(row.Property->GetOrdinal(*row.Object));
+}
+
+String ProposedText(const TInspectorRow& row) {
+    String text = RowText(row);
+    if (text.empty() && row.Property && row.Property->Kind == tkMethod && TakesNewHandlers(*row.Object))
+        return UsualHandler(*row.Object, *row.Property);
+    return text;
 }
 
 String NextChoice(const TInspectorRow& row) {
@@ -277,6 +269,11 @@ std::optional<TInspectorRow> FindRow(TPersistent& object, StringView path) {
     }
     TPersistent* inner = property->Kind == tkClass ? property->GetInstance(object) : nullptr;
     return inner ? FindRow(*inner, rest) : std::nullopt;
+}
+
+String EventsPath(StringView path) {
+    const std::size_t dot = path.rfind(u'.');
+    return String(path.substr(0, dot == StringView::npos ? 0 : dot + 1)) + u"(" + EventsHeading + u")";
 }
 
 void TInspectorTree::SetRoot(TPersistent* root) {
@@ -313,7 +310,7 @@ void TInspectorTree::AddObject(TPersistent& object, const String& prefix, int le
         return;
     TInspectorRow heading;
     heading.Name = EventsHeading;
-    heading.Path = prefix + u"(" + EventsHeading + u")";
+    heading.Path = EventsPath(prefix);
     heading.Level = level;
     heading.Expandable = true;
     heading.Expanded = FOpen.count(heading.Path) != 0;

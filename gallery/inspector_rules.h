@@ -34,6 +34,8 @@ struct TInspectorRow {
 
 /// The value as the row shows it.
 String RowText(const TInspectorRow& row);
+/// What an edit begins with: the value, or the usual name of a handler where an event has none and may get a new one.
+String ProposedText(const TInspectorRow& row);
 TRowEditor RowEditor(const TInspectorRow& row);
 /// The texts to choose from, in the order in which they are offered: names of an enumeration, components that fit a
 /// reference, methods that fit an event.
@@ -78,5 +80,7 @@ private:
 
 /// The heading above the events.
 inline constexpr char16_t EventsHeading[] = u"Events";
+/// The path of the heading under which a row of that path stands if it is an event.
+String EventsPath(StringView path);
 
 } // namespace gallery

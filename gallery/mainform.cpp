@@ -184,6 +184,8 @@ void TGalleryForm::InspectorProblem(TObject*) {
         return;
     label->SetText(FInspector->GetProblem());
     label->GetParent()->SetVisible(!FInspector->GetProblem().empty());
+    if (FInspector->GetItemIndex() >= 0)
+        FInspector->ScrollIntoView(FInspector->GetItemIndex()); // the problem may have taken its place
 }
 
 void TGalleryForm::ClearLogClick(TObject*) {

@@ -6,33 +6,37 @@ namespace gallery {
 
 namespace {
 
-/// The handlers that a form assigns to events, as methods that do nothing. What a class does not publish is left to the
-/// loader, which says so.
-void CollectMethods(const TFormObject& object, const TClassInfo* info, std::vector<TMethodInfo>& methods) {
+/// The handlers that a form assigns to events. What a class does not publish is left to the loader, which says so.
+void CollectHandlers(const TFormObject& object, const TClassInfo* info, std::vector<THandler>& handlers) {
     for (const TFormProperty property : object.Properties()) {
         const TPropInfo* event = info ? info->FindProperty(property.Name()) : nullptr;
-        if (!event || event->Kind != tkMethod || property.Value().Kind() != TFormValueKind::Identifier)
-            continue;
-        const TSignature* signature = FindSignature(event->Signature);
-        if (!signature)
-            continue;
-        TMethodInfo method;
-        method.Name = property.Value().Text();
-        method.Signature = event->Signature;
-        method.Invoker = signature->Ignore;
-        methods.push_back(method);
+        if (event && event->Kind == tkMethod && property.Value().Kind() == TFormValueKind::Identifier &&
+            FindSignature(event->Signature))
+            handlers.push_back({String(property.Value().Text()), event->Signature, {}});
     }
     for (const TFormObject child : object.Children())
-        CollectMethods(child, GetClass(child.ClassName()), methods);
+        CollectHandlers(child, GetClass(child.ClassName()), handlers);
 }
 
 } // namespace
 
-TStandInForm::TStandInForm(const TFormObject& form, std::vector<TPropInfo> rows) : TForm(nullptr) {
+TStandInForm::TStandInForm(const TFormObject& form, std::vector<TPropInfo> rows)
+    : TForm(nullptr), FClassName(form.ClassName()), FRows(std::move(rows)) {
+    std::vector<THandler> handlers;
+    CollectHandlers(form, &TForm::StaticClass(), handlers);
+    TStandInForm::TakeHandlers(handlers);
+}
+
+void TStandInForm::TakeHandlers(const std::vector<THandler>& handlers) {
     std::vector<TMethodInfo> methods;
-    CollectMethods(form, &TForm::StaticClass(), methods);
-    Info = std::make_unique<TClassInfo>(form.ClassName(), &TForm::StaticClass(), std::move(rows), std::move(methods),
-                                        std::vector<TFieldInfo>(), nullptr);
+    for (const THandler& handler : handlers) {
+        const TSignature* signature = FindSignature(handler.Signature);
+        if (!signature)
+            throw EPropertyError(handler.Name + u" cannot be made: nobody knows the parameters of its event");
+        methods.push_back({handler.Name, handler.Signature, signature->Ignore});
+    }
+    Infos.push_back(std::make_unique<TClassInfo>(FClassName, &TForm::StaticClass(), FRows, std::move(methods),
+                                                 std::vector<TFieldInfo>(), nullptr));
 }
 
 } // namespace gallery

@@ -6,21 +6,28 @@
 
 #include "framework/system/textform.h"
 #include "framework/windows/forms.h"
+#include "gallery/handlers_rules.h"
 
 namespace gallery {
 using namespace framework;
 
 /// Outlives what is derived from it: components still call their handlers while they die.
 struct TStandInClass {
-    std::unique_ptr<TClassInfo> Info;
+    /// The last one is the form's. Those before it, which had other handlers, still hold what events name.
+    std::vector<std::unique_ptr<TClassInfo>> Infos;
 };
 
-class TStandInForm : private TStandInClass, public TForm {
+class TStandInForm : private TStandInClass, public TForm, public THandlerTaker {
 public:
     /// A class named and furnished as `form` wants it. `rows` are published besides those of a form, or in their place.
     explicit TStandInForm(const TFormObject& form, std::vector<TPropInfo> rows = {});
 
-    const TClassInfo& ClassInfo() const override { return *Info; }
+    const TClassInfo& ClassInfo() const override { return *Infos.back(); }
+    void TakeHandlers(const std::vector<THandler>& handlers) override;
+
+private:
+    String FClassName;
+    std::vector<TPropInfo> FRows;
 };
 
 } // namespace gallery

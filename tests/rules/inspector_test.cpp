@@ -1,3 +1,4 @@
+#include "gallery/handlers_rules.h"
 #include "gallery/inspector_rules.h"
 
 #include "framework/system/numbers.h"
@@ -114,6 +115,24 @@ const TClassInfo& TBox::StaticClass() {
                              Method<&TBox::Counted>(u"Counted")});
     return info;
 }
+
+/// A form that is being designed, which forgets its class each time that it gets another one.
+class TDesignedBox : public TComponent, public THandlerTaker {
+public:
+    TDesignedBox() : TComponent(nullptr) { TakeHandlers({}); }
+    const TClassInfo& ClassInfo() const override { return *FInfos.back(); }
+    void TakeHandlers(const std::vector<THandler>& handlers) override {
+        std::vector<TMethodInfo> methods;
+        for (const THandler& handler : handlers)
+            methods.push_back({handler.Name, handler.Signature, nullptr});
+        FInfos.push_back(std::make_unique<TClassInfo>(u"TDesignedBox", &TComponent::StaticClass(),
+                                                      std::vector<TPropInfo>(), methods, std::vector<TFieldInfo>(),
+                                                      nullptr));
+    }
+
+private:
+    std::vector<std::unique_ptr<TClassInfo>> FInfos;
+};
 
 class Inspector : public testing::Test {
 protected:
@@ -242,6 +261,44 @@ TEST_F(Inspector, TellsColoursAndModifiedValues) {
     Thing.GetPart()->FFlavours = {flSour};
     EXPECT_TRUE(RowModified(Row(u"Part.Flavours.flSour")));
     EXPECT_FALSE(RowModified(Row(u"Part.Flavours.flSweet")));
+}
+
+TEST(DesignedInspector, NamesHandlersThatAreNotThereYet) {
+    TDesignedBox box;
+    TThing thing(&box);
+    TThing nameless(&box);
+    thing.SetName(u"Thing");
+    const auto row = [](TThing& of, StringView event) { return *FindRow(of, event); };
+    const auto names = [&] {
+        String all;
+        for (const THandler& handler : HandlersOf(box))
+            all += handler.Name + u" ";
+        return all;
+    };
+    EXPECT_EQ(RowEditor(row(thing, u"OnChange")), TRowEditor::TextOrChoice);
+    EXPECT_EQ(ProposedText(row(thing, u"OnChange")), u"ThingChange");
+    EXPECT_EQ(ProposedText(row(nameless, u"OnCount")), u"ThingCount") << "by the class";
+    const TPropInfo& change = *row(thing, u"OnChange").Property;
+
+    WriteRow(row(thing, u"OnChange"), u" Checked ");
+    WriteRow(row(nameless, u"OnChange"), u"CHECKED");
+    WriteRow(row(thing, u"OnCount"), u"ThingChange");
+    EXPECT_EQ(RowText(row(nameless, u"OnChange")), u"Checked") << "the handler that is there";
+    EXPECT_EQ(ProposedText(row(thing, u"OnChange")), u"Checked") << "what it has";
+    EXPECT_EQ(UsualHandler(thing, change), u"ThingChange2") << "the name has another signature";
+    EXPECT_EQ(RowChoices(row(thing, u"OnCount")), (std::vector<String>{u"", u"ThingChange"}));
+
+    for (const char16_t* bad : {u"1st", u"a b", u"a.b", u"thing", u"ThingChange"})
+        EXPECT_THROW(WriteRow(row(nameless, u"OnChange"), bad), EPropertyError) << Utf8Encode(bad);
+    EXPECT_EQ(RowText(row(nameless, u"OnChange")), u"Checked");
+    EXPECT_EQ(names(), u"Checked ThingChange ");
+
+    // A name without an event is free again.
+    WriteRow(row(thing, u"OnCount"), u"");
+    WriteRow(row(thing, u"OnChange"), u"ThingChange");
+    EXPECT_EQ(names(), u"Checked ThingChange ");
+    WriteRow(row(nameless, u"OnChange"), u"");
+    EXPECT_EQ(names(), u"ThingChange ");
 }
 
 } // namespace

@@ -230,6 +230,31 @@ TEST_F(DesignerPage, KeepsWhatItCannotShow) {
     EXPECT_TRUE(Page->IsChanged());
 }
 
+TEST_F(DesignerPage, SavesTheHandlersThatEventsAreGiven) {
+    ASSERT_TRUE(OpenText(kLinked));
+    const std::string before = Surface->FormText();
+    TForm& form = *As<TForm>(Surface->GetForm());
+    const auto give = [&](TPersistent& object, const char16_t* event, const char16_t* handler) {
+        WriteRow(*FindRow(object, event), handler);
+        Surface->NoteChange();
+    };
+    give(form, u"OnCreate", u"FormCreate");
+    give(*form.FindComponent(u"Edit1"), u"OnKeyPress", u"Typed");
+    give(*form.FindComponent(u"Orders"), u"AfterScroll", u"OrdersScrolled");
+    const std::string saved = Saved();
+    for (const char* line :
+         {"\n  OnCreate = FormCreate\n", "\n      OnKeyPress = Typed\n", "\n    AfterScroll = OrdersScrolled\n"})
+        EXPECT_NE(saved.find(line), std::string::npos) << line << saved;
+    ASSERT_TRUE(Page->OpenFile(FileOf("saved.dfm"))) << Utf8Encode(Status());
+    EXPECT_EQ(Saved(), saved);
+    TComponent& edit = *Surface->GetForm()->FindComponent(u"Edit1");
+    EXPECT_EQ(RowChoices(*FindRow(edit, u"OnKeyPress")), (std::vector<String>{u"", u"Typed"}));
+    give(edit, u"OnKeyPress", u"");
+    EXPECT_EQ(Surface->FormText().find("OnKeyPress"), std::string::npos);
+    Surface->Undo();
+    EXPECT_EQ(Saved(), saved);
+}
+
 TEST_F(DesignerPage, SavesTheTextThatIsInView) {
     ASSERT_TRUE(OpenText("object Form1: TForm\nend\n"));
     Click(u"TextButton");
