@@ -3,6 +3,9 @@
 #include "framework/graphics/canvas.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
+#include "gallery/collectiondialog.h"
+#include "gallery/handlers_rules.h"
+#include "gallery/textdialog.h"
 
 #include <algorithm>
 
@@ -61,7 +64,7 @@ protected:
         TEdit::KeyDown(key, shift);
     }
     void KeyPress(char16_t& key) override {
-        if (key == u'\r' || key == u'\x1B')
+        if (key == u'\r' || key == u'\n' || key == u'\x1B')
             key = 0; // the native field would beep
         else
             TEdit::KeyPress(key);
@@ -241,6 +244,10 @@ void TInspector::BeginChange() {
     case TRowEditor::Text:
     case TRowEditor::TextOrChoice:
         return BeginEdit(ProposedText(*row));
+    case TRowEditor::Lines:
+    case TRowEditor::Items:
+        OpenDialog();
+        return;
     }
 }
 
@@ -284,6 +291,39 @@ void TInspector::EndEdit(bool write) {
     Invalidate();
 }
 
+bool TInspector::OpenDialog() {
+    if (const TInspectorRow* row = SelectedRow(); !row || (!RowLines(*row) && !RowItems(*row)))
+        return false;
+    TLifeGuard alive(*this);
+    EndEdit(true);
+    if (!alive)
+        return true;
+    RefreshTree();
+    FChoices->Close();
+    SetProblem({});
+    const TInspectorRow* selected = SelectedRow();
+    const std::optional<String> lines = selected ? RowLines(*selected) : std::nullopt;
+    TCollection* items = selected ? RowItems(*selected) : nullptr;
+    if (!lines && !items)
+        return true;
+    const TComponent* component = ComponentOf(selected->Object);
+    const String caption = (component ? component->GetName() + u"." : String()) + selected->Path;
+    if (lines) {
+        if (const std::optional<String> changed = TTextDialog(nullptr).Ask(caption, *lines); changed && alive)
+            Write(*changed);
+    } else if (TCollectionDialog(nullptr).Edit(caption, *items) && alive) {
+        Fire(*this, OnWritten, this);
+    }
+    return true;
+}
+
+void TInspector::ButtonClicked() {
+    if (HasDialog(GetItemIndex()))
+        OpenDialog();
+    else
+        OpenChoices();
+}
+
 void TInspector::OpenChoices() {
     const TInspectorRow* row = SelectedRow();
     if (!row)
@@ -307,6 +347,8 @@ bool TInspector::HandleChoiceKey(WORD key) {
 }
 
 bool TInspector::HandleCommonKey(WORD key, TShiftState shift) {
+    if (key == VK_RETURN && shift.Contains(ssCtrl))
+        return OpenDialog();
     if (key == VK_F4 || (key == VK_DOWN && shift.Contains(ssAlt))) {
         OpenChoices();
         return true;
@@ -404,13 +446,15 @@ void TInspector::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
     if (x < DividerX()) {
         if (shift.Contains(ssDouble) && Row(row).Expandable)
             Toggle(row);
+        else if (shift.Contains(ssDouble) && HasDialog(row))
+            OpenDialog();
         else if (shift.Contains(ssDouble) && ProposedText(Row(row)) != gallery::RowText(Row(row)))
             BeginChange();
         return;
     }
     if (HasButton(row) && ButtonRect(rect).Contains({x, y})) {
         if (!wasOpen || row != before)
-            OpenChoices();
+            ButtonClicked();
         return;
     }
     const TRowEditor editor = RowEditor(Row(row));
@@ -420,6 +464,11 @@ void TInspector::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
     }
     if (editor == TRowEditor::None)
         return Toggle(row);
+    if (HasDialog(row)) {
+        if (shift.Contains(ssDouble))
+            OpenDialog();
+        return;
+    }
     if (shift.Contains(ssDouble)) {
         if (const String next = NextChoice(Row(row)); !next.empty())
             Write(next);
@@ -449,7 +498,12 @@ int TInspector::DividerX() const {
 
 bool TInspector::HasButton(int row) const {
     const TRowEditor editor = RowEditor(Row(row));
-    return editor == TRowEditor::Choice || editor == TRowEditor::TextOrChoice;
+    return editor != TRowEditor::None && editor != TRowEditor::Text;
+}
+
+bool TInspector::HasDialog(int row) const {
+    const TRowEditor editor = RowEditor(Row(row));
+    return editor == TRowEditor::Lines || editor == TRowEditor::Items;
 }
 
 TRect TInspector::SignRect(const TInspectorRow& row, const TRect& rect) const {
@@ -545,9 +599,7 @@ void TInspector::PaintRow(TCanvas& canvas, int row, const TRect& rect, bool sele
     if (line.Property) {
         TRect value{divider + 1, rect.Top, rect.Right, rect.Bottom - 1};
         if (selected && HasButton(row)) {
-            RECT button = ToWin(ButtonRect(rect));
-            DrawFrameControl(canvas.GetHandle(), &button, DFC_SCROLL,
-                             DFCS_SCROLLCOMBOBOX | (FChoices->IsOpen() ? DFCS_PUSHED : 0));
+            PaintButton(canvas, row, ButtonRect(rect));
             value.Right -= kButtonWidth;
         }
         PaintValue(canvas, line, value);
@@ -556,6 +608,20 @@ void TInspector::PaintRow(TCanvas& canvas, int row, const TRect& rect, bool sele
     canvas.FillRect({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom});
     if (line.Property)
         canvas.FillRect({divider, rect.Top, divider + 1, rect.Bottom});
+}
+
+void TInspector::PaintButton(TCanvas& canvas, int row, const TRect& rect) {
+    RECT button = ToWin(rect);
+    if (!HasDialog(row)) {
+        DrawFrameControl(canvas.GetHandle(), &button, DFC_SCROLL,
+                         DFCS_SCROLLCOMBOBOX | (FChoices->IsOpen() ? DFCS_PUSHED : 0));
+        return;
+    }
+    DrawFrameControl(canvas.GetHandle(), &button, DFC_BUTTON, DFCS_BUTTONPUSH);
+    canvas.GetBrush()->SetColor(clBtnText);
+    const int middle = (rect.Left + rect.Right) / 2;
+    for (const int x : {middle - 5, middle - 1, middle + 3})
+        canvas.FillRect(Bounds(x, rect.Top + rect.Height() / 2 + 1, 2, 2));
 }
 
 void TInspector::PaintName(TCanvas& canvas, const TInspectorRow& row, TRect rect, bool selected) {

@@ -4,7 +4,8 @@
 //
 // Enter or F2 edits the selected row, Esc takes an edit back, Right and Left open and close what has parts, and a
 // double click goes on to the next choice. On an event of a form that is being designed, Enter, F2 and a double click
-// propose the usual name of a handler.
+// propose the usual name of a handler. What a line cannot show, texts of several lines and the items of collections, is
+// changed in a window of its own: the button with the dots, a double click, Enter or Ctrl+Enter.
 
 #include "gallery/choicelist.h"
 #include "gallery/inspector_rules.h"
@@ -72,12 +73,15 @@ private:
     const TInspectorRow* SelectedRow() const;
     bool IsActive() const;
     bool HasButton(int row) const;
+    /// Whether the button opens a window in place of the choices.
+    bool HasDialog(int row) const;
     int DividerX() const;
     TRect SignRect(const TInspectorRow& row, const TRect& rect) const;
     TRect ButtonRect(const TRect& rect) const;
     TRect EditRect() const;
     void PaintName(TCanvas& canvas, const TInspectorRow& row, TRect rect, bool selected);
     void PaintValue(TCanvas& canvas, const TInspectorRow& row, TRect rect);
+    void PaintButton(TCanvas& canvas, int row, const TRect& rect);
     void PaintSign(TCanvas& canvas, const TInspectorRow& row, const TRect& rect);
 
     /// Brings the rows up to date: what they refer to may have gone. Ends an edit when they are others now.
@@ -94,6 +98,9 @@ private:
     void EndEdit(bool write);
     bool IsEditing() const;
     void OpenChoices();
+    /// Shows the window in which the row is changed; false for rows that have none.
+    bool OpenDialog();
+    void ButtonClicked();
     void Write(const String& text);
     void SetProblem(const String& problem);
     bool HandleChoiceKey(WORD key);

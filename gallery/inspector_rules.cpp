@@ -20,6 +20,20 @@ TPersistent* SubObject(const TPersistent& object, const TPropInfo& property) {
     return IsSubObject(object, property) ? property.GetInstance(object) : nullptr;
 }
 
+/// The row of the lines: the row itself, or the only one below it, as of a list box's Items. Without a property when it
+/// holds no lines.
+TInspectorRow ListRow(const TInspectorRow& row) {
+    TInspectorRow list = row;
+    if (row.Property && row.Property->Kind == tkClass) {
+        list.Object = SubObject(*row.Object, *row.Property);
+        const auto inner = list.Object ? list.Object->ClassInfo().Properties() : std::span<const TPropInfo>();
+        list.Property = inner.size() == 1 ? &inner.front() : nullptr;
+    }
+    if (list.Property && list.Property->Kind != tkStrings)
+        list.Property = nullptr;
+    return list;
+}
+
 bool HoldsColor(const TPropInfo& property) {
     return property.Kind == tkInteger && property.Names && property.Names->FromName(u"clWindow");
 }
@@ -44,16 +58,14 @@ String FloatText(const TPropInfo& property, const Variant& value) {
                                                     : DateTimeToStr(number);
 }
 
-String LineCount(std::size_t count) {
-    return count == 1 ? u"(1 line)" : u"(" + IntToStr(count) + u" lines)";
-}
-
 String ObjectText(const TInspectorRow& row) {
     const TPersistent* value = row.Property->GetInstance(*row.Object);
     if (IsReference(*row.Property) && !SubObject(*row.Object, *row.Property)) {
         const auto* component = As<TComponent>(value);
         return component ? component->GetName() : String();
     }
+    if (const auto* collection = As<TCollection>(value))
+        return u"(" + CountText(static_cast<std::size_t>(collection->GetCount()), u"item") + u")";
     return u"(" + (value ? value->ClassName() : String(u"none")) + u")";
 }
 
@@ -94,6 +106,8 @@ void WriteElement(const TInspectorRow& row, StringView text) {
 String RowText(const TInspectorRow& row) {
     if (!row.Property)
         return {};
+    if (const TInspectorRow list = ListRow(row); list.Property)
+        return u"(" + CountText(list.Property->GetLines(*list.Object).size(), u"line") + u")";
     const TPropInfo& property = *row.Property;
     switch (property.Kind) {
     case tkInteger:
@@ -125,7 +139,7 @@ String RowText(const TInspectorRow& row) {
         return method ? method->Name : String();
     }
     case tkStrings:
-        return LineCount(property.GetLines(*row.Object).size());
+        break;
     case tkBinary: {
         const std::size_t size = property.GetBytes(*row.Object).size();
         return size == 0 ? String(u"(none)") : u"(" + IntToStr(size) + u" bytes)";
@@ -134,7 +148,32 @@ String RowText(const TInspectorRow& row) {
     return {};
 }
 
+std::optional<String> RowLines(const TInspectorRow& row) {
+    if (row.Property && row.Property->Kind == tkString && !row.Property->ReadOnly())
+        return RowText(row);
+    const TInspectorRow list = ListRow(row);
+    if (!list.Property || list.Property->ReadOnly())
+        return std::nullopt;
+    const std::vector<String> lines = list.Property->GetLines(*list.Object);
+    String text;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        text += lines[i];
+        if (i + 1 < lines.size() || lines[i].empty())
+            text += u"\r\n";
+    }
+    return text;
+}
+
+TCollection* RowItems(const TInspectorRow& row) {
+    const bool mayHold = row.Property && row.Property->Kind == tkClass && row.Property->IsStored;
+    return mayHold ? As<TCollection>(SubObject(*row.Object, *row.Property)) : nullptr;
+}
+
 TRowEditor RowEditor(const TInspectorRow& row) {
+    if (RowItems(row))
+        return TRowEditor::Items;
+    if (const TInspectorRow list = ListRow(row); list.Property)
+        return list.Property->ReadOnly() ? TRowEditor::None : TRowEditor::Lines;
     if (!row.Property || row.Property->ReadOnly())
         return TRowEditor::None;
     switch (row.Property->Kind) {
@@ -146,7 +185,7 @@ TRowEditor RowEditor(const TInspectorRow& row) {
         return row.Element >= 0 ? TRowEditor::Choice : TRowEditor::Text;
     case tkString:
         // A line of the inspector cannot show where such a text breaks.
-        return HasLineBreak(RowText(row)) ? TRowEditor::None : TRowEditor::Text;
+        return HasLineBreak(RowText(row)) ? TRowEditor::Lines : TRowEditor::Text;
     case tkWChar:
     case tkFloat:
     case tkVariant:
@@ -202,6 +241,8 @@ void WriteRow(const TInspectorRow& row, StringView text) {
         WriteElement(row, text);
     else if (row.Property->Kind == tkMethod)
         WriteHandler(*row.Object, *row.Property, text);
+    else if (const TInspectorRow list = ListRow(row); list.Property && list.Property->SetLines)
+        list.Property->SetLines(*list.Object, SplitLines(text));
     else if (row.Property->Kind == tkClass)
         WriteReference(row, text);
     else if (row.Property->Kind == tkWChar && text.size() > 1 && text.front() == u'#')
@@ -271,6 +312,10 @@ std::optional<TInspectorRow> FindRow(TPersistent& object, StringView path) {
     return inner ? FindRow(*inner, rest) : std::nullopt;
 }
 
+String CountText(std::size_t count, StringView what) {
+    return IntToStr(count) + u" " + String(what) + (count == 1 ? u"" : u"s");
+}
+
 String EventsPath(StringView path) {
     const std::size_t dot = path.rfind(u'.');
     return String(path.substr(0, dot == StringView::npos ? 0 : dot + 1)) + u"(" + EventsHeading + u")";
@@ -329,7 +374,8 @@ void TInspectorTree::AddProperty(TPersistent& object, const TPropInfo& property,
     row.Object = &object;
     row.Property = &property;
     TPersistent* inner = SubObject(object, property);
-    row.Expandable = property.Kind == tkSet || (inner && !inner->ClassInfo().Properties().empty());
+    const bool hasParts = inner && !inner->ClassInfo().Properties().empty() && !ListRow(row).Property;
+    row.Expandable = property.Kind == tkSet || hasParts;
     row.Expanded = row.Expandable && FOpen.count(row.Path) != 0;
     FRows.push_back(row);
     if (!row.Expanded)

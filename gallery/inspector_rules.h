@@ -3,6 +3,7 @@
 // What the inspector shows and how its rows are written back: everything but the window. The rows come from the
 // published tables alone, so every class that publishes something can be inspected.
 
+#include "framework/system/collections.h"
 #include "framework/system/components.h"
 
 #include <map>
@@ -18,6 +19,8 @@ enum class TRowEditor {
     Text,         ///< by typing
     Choice,       ///< from a list
     TextOrChoice, ///< either way
+    Lines,        ///< in a window that shows a text of several lines
+    Items,        ///< in a window that shows the items of a collection
 };
 
 /// One line of the inspector: a property, an element of a set, or the heading of the events.
@@ -37,10 +40,16 @@ String RowText(const TInspectorRow& row);
 /// What an edit begins with: the value, or the usual name of a handler where an event has none and may get a new one.
 String ProposedText(const TInspectorRow& row);
 TRowEditor RowEditor(const TInspectorRow& row);
+/// The whole of a text, or of a list with CR LF between its lines, and behind the last one if that is empty. Nothing
+/// for rows that hold no text that can be written.
+std::optional<String> RowLines(const TInspectorRow& row);
+/// Null for a row that holds no collection that a form keeps.
+TCollection* RowItems(const TInspectorRow& row);
 /// The texts to choose from, in the order in which they are offered: names of an enumeration, components that fit a
 /// reference, methods that fit an event.
 std::vector<String> RowChoices(const TInspectorRow& row);
-/// Takes the text of a person for the value. Raises what the property raises: EPropertyError, EConvertError, ...
+/// Takes the text of a person for the value, that of a list line by line. Raises what the property raises:
+/// EPropertyError, EConvertError, ...
 void WriteRow(const TInspectorRow& row, StringView text);
 /// True when the value differs from the one that the table gives as default and a form would keep it; such a value is
 /// shown bold.
@@ -77,6 +86,9 @@ private:
     std::vector<TInspectorRow> FRows;
     std::set<String> FOpen; // paths
 };
+
+/// "1 line", "2 lines".
+String CountText(std::size_t count, StringView what);
 
 /// The heading above the events.
 inline constexpr char16_t EventsHeading[] = u"Events";

@@ -327,7 +327,10 @@ TPersistent* TPlayer::FindNamed(StringView name) const {
         return FMessageBox.Find() ? &FMessageBox : nullptr;
     if (SameText(name, u"Hint"))
         return FindControl(FindWindowW(L"THintWindow", nullptr));
-    return FGallery.FindByName(name);
+    if (TComponent* component = FGallery.FindByName(name))
+        return component;
+    const TCustomForm* popup = FindPopup();
+    return popup ? popup->FindComponent(name) : nullptr;
 }
 
 TPersistent& TPlayer::FindObject(StringView name) const {

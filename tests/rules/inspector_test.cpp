@@ -2,6 +2,7 @@
 #include "gallery/inspector_rules.h"
 
 #include "framework/system/numbers.h"
+#include "framework/system/stringlist.h"
 #include "framework/system/strings.h"
 
 #include <gtest/gtest.h>
@@ -116,6 +117,41 @@ const TClassInfo& TBox::StaticClass() {
     return info;
 }
 
+class TCell : public TCollectionItem {
+    FRAMEWORK_CLASS(TCell)
+
+public:
+    explicit TCell(TCollection* collection) : TCollectionItem(collection) {}
+};
+
+const TClassInfo& TCell::StaticClass() {
+    static const TClassInfo info = DescribeClass<TCell>(u"TCell", TCollectionItem::StaticClass());
+    return info;
+}
+
+/// Holds what a line of the inspector cannot show.
+class TTable : public TComponent {
+    FRAMEWORK_CLASS(TTable)
+
+public:
+    TTable() : TComponent(nullptr) {}
+    TStrings* GetItems() const { return FItems.get(); }
+    void SetItems(TStrings* value) { FItems->Assign(value); }
+    TCollection* GetCells() const { return FCells.get(); }
+
+private:
+    std::unique_ptr<TStringList> FItems = std::make_unique<TStringList>();
+    std::unique_ptr<TOwnedCollection> FCells = std::make_unique<TOwnedCollection>(this, ItemsOf<TCell>());
+};
+
+const TClassInfo& TTable::StaticClass() {
+    static const TClassInfo info = DescribeClass<TTable>(u"TTable", TComponent::StaticClass(),
+                                                         {Property<&TTable::GetItems, &TTable::SetItems>(u"Items"),
+                                                          Property<&TTable::GetCells>(u"Cells"),
+                                                          Property<&TTable::GetCells>(u"Remains").NotStored()});
+    return info;
+}
+
 /// A form that is being designed, which forgets its class each time that it gets another one.
 class TDesignedBox : public TComponent, public THandlerTaker {
 public:
@@ -224,7 +260,8 @@ TEST_F(Inspector, ShowsAndWritesValuesOfEveryKind) {
     EXPECT_EQ(RowEditor(Row(u"Part")), TRowEditor::None);
     EXPECT_EQ(RowEditor(Row(u"Fixed")), TRowEditor::None);
     Thing.FText = u"two\nlines";
-    EXPECT_EQ(RowEditor(Row(u"Text")), TRowEditor::None) << "one line could not show them";
+    EXPECT_EQ(RowEditor(Row(u"Text")), TRowEditor::Lines) << "one line could not show them";
+    EXPECT_EQ(RowLines(Row(u"Text")), u"two\nlines");
     EXPECT_FALSE(FindRow(Thing, u"Part.None") || FindRow(Thing, u"None") || FindRow(Thing, u"Level.Size") ||
                  FindRow(Thing, u"Part.Flavours.flSalty"));
 }
@@ -261,6 +298,40 @@ TEST_F(Inspector, TellsColoursAndModifiedValues) {
     Thing.GetPart()->FFlavours = {flSour};
     EXPECT_TRUE(RowModified(Row(u"Part.Flavours.flSour")));
     EXPECT_FALSE(RowModified(Row(u"Part.Flavours.flSweet")));
+}
+
+TEST(ListInspector, HandsOutWholeTextsAndCollections) {
+    TTable table;
+    const auto row = [&](StringView path) { return *FindRow(table, path); };
+    const struct {
+        const char16_t* Written;
+        const char16_t* Shown;
+        const char16_t* Lines;
+    } rows[] = {
+        {u"a\r\n\r\nb", u"(3 lines)", u"a\r\n\r\nb"},
+        {u"a\r\n", u"(1 line)", u"a"},
+        {u"a\r\n\r\n", u"(2 lines)", u"a\r\n\r\n"},
+        {u"\r\n", u"(1 line)", u"\r\n"},
+        {u"", u"(0 lines)", u""},
+    };
+    for (const auto& each : rows) {
+        WriteRow(row(u"Items"), each.Written);
+        EXPECT_EQ(RowText(row(u"Items")), each.Shown);
+        EXPECT_EQ(RowLines(row(u"Items")), each.Lines);
+        WriteRow(row(u"Items"), *RowLines(row(u"Items")));
+        EXPECT_EQ(RowLines(row(u"Items")), each.Lines) << "unchanged by going through the window";
+    }
+    EXPECT_EQ(RowEditor(row(u"Items")), TRowEditor::Lines);
+    EXPECT_EQ(RowLines(row(u"Tag")), std::nullopt);
+    table.GetCells()->Add();
+    EXPECT_EQ(RowText(row(u"Cells")), u"(1 item)");
+    EXPECT_EQ(RowEditor(row(u"Cells")), TRowEditor::Items);
+    EXPECT_EQ(RowItems(row(u"Cells")), table.GetCells());
+    EXPECT_EQ(RowEditor(row(u"Remains")), TRowEditor::None) << "no form would keep them";
+    TInspectorTree tree;
+    tree.SetRoot(&table);
+    for (const TInspectorRow& each : tree.Rows())
+        EXPECT_FALSE(each.Expandable) << Utf8Encode(each.Path);
 }
 
 TEST(DesignedInspector, NamesHandlersThatAreNotThereYet) {
