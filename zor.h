@@ -18,7 +18,6 @@
 #include "data/Zorvirtualstringtree.h"
 #include "datetime/Zordatetimepicker.h"
 #include "datetime/Zordatetimepickeredit.h"
-#include "foundation/Zorpackage.h"
 #include "framework/db/fieldclasses.h"
 #include "framework/dbgrid/dbgrid.h"
 #include "framework/system/formloader.h"
@@ -51,3 +50,4 @@
 #include "numeric/Zorfloatedit.h"
 #include "numeric/Zorspinedit.h"
 #include "numeric/Zorspinfloatedit.h"
+#include "package/Zorpackage.h"

@@ -9,11 +9,11 @@
 
 #include "bench/measure.h"
 #include "controls/Zoredit.h"
-#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/application.h"
 #include "framework/windows/standardcontrols.h"
+#include "package/Zorpackage.h"
 
 #include <string>
 

@@ -4,7 +4,6 @@
 // aim for it.
 
 #include "bench/measure.h"
-#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/application.h"
@@ -13,6 +12,7 @@
 #include "framework/windows/monthcalendar.h"
 #include "framework/windows/richedit.h"
 #include "framework/windows/standardcontrols.h"
+#include "package/Zorpackage.h"
 
 #include <commctrl.h>
 #include <filesystem>

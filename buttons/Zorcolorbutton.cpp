@@ -1,6 +1,6 @@
 #include "buttons/Zorcolorbutton.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/graphics/handles.h"
 
 namespace ZOR {

@@ -8,10 +8,11 @@ if(WIN32)
     list(APPEND exported zor_manifest framework_shared zor_shared)
 endif()
 
-foreach(room IN ITEMS framework ${ZOR_LIBRARY_ROOMS})
-    install(DIRECTORY ${room} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor FILES_MATCHING PATTERN "*.h")
+zor_public_headers(headers)
+foreach(header IN LISTS headers)
+    get_filename_component(room ${header} DIRECTORY)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor/${room})
 endforeach()
-install(FILES zor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zor)
 install(TARGETS ${exported} EXPORT zorTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}

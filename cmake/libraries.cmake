@@ -1,6 +1,6 @@
 # The two static libraries. On Windows they hold everything; elsewhere the portable rooms alone.
 
-set(ZOR_LIBRARY_ROOMS foundation controls numeric datetime lists data buttons)
+set(ZOR_LIBRARY_ROOMS foundation controls numeric datetime lists data buttons package)
 
 # Units of the library that are portable as a whole, beside the rules files.
 set(portableUnits data/Zoradodataset.cpp)
@@ -28,10 +28,30 @@ function(zor_collect_sources result)
     set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# A static library of the given sources, found by includes that start at the root of the tree.
-function(zor_add_library name)
-    add_library(${name} STATIC ${ARGN})
-    zor_set_warnings(${name})
+# By these headers the units of one room share what is theirs alone.
+set(privateHeaders
+    data/Zorvirtualdbgrid_parts.h
+    framework/dbgrid/griddatalink.h
+    framework/system/formloader_core.h
+    framework/system/loadsession.h
+    framework/system/textform_nodes.h
+    framework/system/textform_scanner.h
+    framework/system/waitingreferences.h)
+
+# The headers that hosts may include; without Windows only those of what is portable.
+function(zor_public_headers result)
+    list(TRANSFORM ZOR_LIBRARY_ROOMS APPEND "/*.h" OUTPUT_VARIABLE patterns)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" framework/*.h ${patterns} zor.h)
+    list(REMOVE_ITEM headers ${privateHeaders})
+    if(NOT WIN32)
+        list(FILTER headers INCLUDE REGEX "^framework/(system|db)/|_rules\\.h$|^data/Zoradodataset")
+    endif()
+    set(${result} ${headers} PARENT_SCOPE)
+endfunction()
+
+# What a library passes on to those who link to it: its name, includes that start at the root of the tree, and the
+# language.
+function(zor_export_usage name)
     add_library(zor::${name} ALIAS ${name})
     target_include_directories(${name} PUBLIC
         $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
@@ -46,6 +66,13 @@ function(zor_add_library name)
     elseif(WIN32)
         target_compile_options(${name} PUBLIC -fms-extensions)
     endif()
+endfunction()
+
+# A static library of the given sources.
+function(zor_add_library name)
+    add_library(${name} STATIC ${ARGN})
+    zor_set_warnings(${name})
+    zor_export_usage(${name})
 endfunction()
 
 set(frameworkRooms

@@ -1,7 +1,7 @@
 #include "controls/Zorcheckbox.h"
 
 #include "controls/Zorcheckbox_rules.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/graphics/handles.h"
 
 namespace ZOR {

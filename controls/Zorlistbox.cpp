@@ -1,6 +1,6 @@
 #include "controls/Zorlistbox.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 
 namespace ZOR {
 

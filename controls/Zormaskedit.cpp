@@ -1,7 +1,7 @@
 #include "controls/Zormaskedit.h"
 
 #include "foundation/Zormessages.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 
 namespace ZOR {
 

@@ -1,6 +1,6 @@
 #include "controls/Zorrichedit.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 
 namespace ZOR {
 

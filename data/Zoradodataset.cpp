@@ -1,6 +1,6 @@
 #include "data/Zoradodataset.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/system/applicationhooks.h"
 #include "framework/system/strings.h"
 

@@ -1,7 +1,7 @@
 #include "data/Zordbgrid.h"
 
 #include "foundation/Zormessages.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/windows/application.h"
 
 namespace ZOR {

@@ -3,7 +3,7 @@
 #include "data/Zorvirtualdbgrid.h"
 
 #include "data/Zorvirtualdbgrid_parts.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/system/strings.h"
 #include "framework/system/updates.h"
 

@@ -1,6 +1,6 @@
 #include "datetime/Zordatetimepicker.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 
 #include <commctrl.h>
 

@@ -1,7 +1,7 @@
 #include "datetime/Zordatetimepickeredit.h"
 
 #include "foundation/Zormessages.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 
 #include <algorithm>
 

@@ -1,6 +1,5 @@
 // The gallery: shows every control of the library on forms that can be inspected and played.
 
-#include "foundation/Zorpackage.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/standardcontrols.h"
@@ -11,6 +10,7 @@
 #include "gallery/pagelist.h"
 #include "gallery/player.h"
 #include "gallery/report.h"
+#include "package/Zorpackage.h"
 
 #include <shellapi.h>
 

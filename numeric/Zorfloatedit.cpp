@@ -1,6 +1,6 @@
 #include "numeric/Zorfloatedit.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/windows/clipboard.h"
 
 namespace ZOR {

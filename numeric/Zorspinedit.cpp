@@ -1,6 +1,6 @@
 #include "numeric/Zorspinedit.h"
 
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 
 namespace ZOR {
 

@@ -1,7 +1,7 @@
 #include "numeric/Zorspinfloatedit.h"
 
 #include "foundation/Zormessages.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/windows/clipboard.h"
 #include "numeric/Zorfloatedit.h"
 

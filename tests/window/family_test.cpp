@@ -10,7 +10,7 @@
 #include "controls/Zormonthcalendar.h"
 #include "controls/Zorrichedit.h"
 #include "controls/Zorscrollbox.h"
-#include "foundation/Zorpackage.h"
+#include "foundation/Zorpalette.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"

@@ -2,9 +2,9 @@
 // behind.
 
 #include "controls/Zormonthcalendar.h"
-#include "foundation/Zorpackage.h"
 #include "framework/system/strings.h"
 #include "framework/windows/listbox.h"
+#include "package/Zorpackage.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 

@@ -1,11 +1,11 @@
 // Every registered class: its published table agrees with what its constructor makes, and each value goes out and back.
 // A class is covered by being registered.
 
-#include "foundation/Zorpackage.h"
 #include "framework/db/dataset.h"
 #include "framework/system/strings.h"
 #include "framework/windows/monthcalendar.h"
 #include "framework/windows/standardcontrols.h"
+#include "package/Zorpackage.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 

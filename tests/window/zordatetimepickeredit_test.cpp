@@ -3,7 +3,6 @@
 
 #include "datetime/Zordatetimepickeredit.h"
 #include "foundation/Zormessages.h"
-#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/system/strings.h"
@@ -11,6 +10,7 @@
 #include "framework/windows/edit.h"
 #include "framework/windows/standardcontrols.h"
 #include "framework/windows/timer.h"
+#include "package/Zorpackage.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 

@@ -1,7 +1,6 @@
 // The framed edit as a person meets it: real focus, keys and mouse in real windows, frames read back as pixels.
 
 #include "controls/Zoredit.h"
-#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/accessibility.h"
@@ -9,6 +8,7 @@
 #include "framework/windows/mouse.h"
 #include "framework/windows/panel.h"
 #include "framework/windows/timer.h"
+#include "package/Zorpackage.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 

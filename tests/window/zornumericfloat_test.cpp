@@ -1,12 +1,12 @@
 // The float edit under real keys, in the user's locale and in others: typing, leaving, pasting, the range, the frame.
 
-#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/system/formsaver.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/mouse.h"
 #include "framework/windows/standardcontrols.h"
+#include "package/Zorpackage.h"
 #include "tests/support/numericform.h"
 
 namespace {

@@ -1,11 +1,11 @@
 // The spin edit under real keys and clicks: steps, the range, what is typed, leaving, the place of the arrows.
 
-#include "foundation/Zorpackage.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/standardcontrols.h"
 #include "numeric/Zorspinedit.h"
+#include "package/Zorpackage.h"
 #include "tests/support/numericform.h"
 
 namespace {

@@ -1,12 +1,12 @@
 // The spin float edit under real keys: numbers and durations, steps, the message that keeps a person in the field.
 
 #include "foundation/Zormessages.h"
-#include "foundation/Zorpackage.h"
 #include "framework/system/formloader.h"
 #include "framework/system/formsaver.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/standardcontrols.h"
 #include "numeric/Zorspinfloatedit.h"
+#include "package/Zorpackage.h"
 #include "tests/support/messageboxes.h"
 #include "tests/support/numericform.h"
 

@@ -1,4 +1,4 @@
-#include "foundation/Zorpackage.h"
+#include "package/Zorpackage.h"
 
 #include "buttons/Zorcolorbutton.h"
 #include "controls/Zorcheckbox.h"

@@ -4,9 +4,6 @@
 
 namespace ZOR {
 
-/// The designer's palette page on which all components stand.
-inline constexpr char16_t PalettePage[] = u"ZOR";
-
 /// Registers every component with the palette and with text forms. A host calls it once, before it loads forms.
 void RegisterPackage();
 

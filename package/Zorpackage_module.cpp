@@ -1,6 +1,6 @@
 // What makes the library's DLL a package.
 
-#include "foundation/Zorpackage.h"
 #include "framework/windows/packages.h"
+#include "package/Zorpackage.h"
 
 FRAMEWORK_PACKAGE(ZOR::RegisterPackage);
