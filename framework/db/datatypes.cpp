@@ -37,11 +37,6 @@ const TEnumInfo& DescribeEnum(TDataSetState) {
     return info;
 }
 
-const TEnumInfo& DescribeEnum(TFilterOption) {
-    static const TEnumInfo info{u"TFilterOption", {u"foCaseInsensitive", u"foNoPartialCompare"}};
-    return info;
-}
-
 void DatabaseError(const String& message) {
     throw EDatabaseError(message);
 }

@@ -123,16 +123,12 @@ using TResyncMode = Set<TResyncModeElement>;
 enum TLocateOption { loCaseInsensitive, loPartialKey };
 using TLocateOptions = Set<TLocateOption>;
 
-enum TFilterOption { foCaseInsensitive, foNoPartialCompare };
-using TFilterOptions = Set<TFilterOption>;
-
 /// What a handler of a failed post, delete or edit wants: the exception, silence, or another attempt.
 enum TDataAction { daFail, daAbort, daRetry };
 
 const TEnumInfo& DescribeEnum(TFieldType);
 const TEnumInfo& DescribeEnum(TFieldKind);
 const TEnumInfo& DescribeEnum(TDataSetState);
-const TEnumInfo& DescribeEnum(TFilterOption);
 
 [[noreturn]] void DatabaseError(const String& message);
 /// With the name of the component in front.

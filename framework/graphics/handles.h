@@ -42,8 +42,6 @@ using TUniqueBitmap = TUniqueHandle<HBITMAP, ::DeleteObject>;
 using TUniqueRegion = TUniqueHandle<HRGN, ::DeleteObject>;
 /// A device context in memory (CreateCompatibleDC).
 using TUniqueMemoryDC = TUniqueHandle<HDC, ::DeleteDC>;
-using TUniqueIcon = TUniqueHandle<HICON, ::DestroyIcon>;
-using TUniqueMenu = TUniqueHandle<HMENU, ::DestroyMenu>;
 /// A file, event or other kernel object. Where a function answers INVALID_HANDLE_VALUE, make that null first.
 using TUniqueKernelHandle = TUniqueHandle<HANDLE, ::CloseHandle>;
 /// Movable memory, as the clipboard takes it.

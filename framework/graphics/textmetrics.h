@@ -23,8 +23,6 @@ public:
     /// The text as DrawTextW lays it out with these DT_... flags; lines wrap at `width` pixels under DT_WORDBREAK.
     /// An empty text is one empty line high.
     TSize Layout(StringView text, UINT flags, int width = 0) const;
-    /// The measures of the font.
-    const TEXTMETRICW& Metrics() const { return FMetrics; }
     /// The height of one line in pixels.
     int LineHeight() const { return static_cast<int>(FMetrics.tmHeight); }
 
