@@ -78,12 +78,10 @@ TComponent::~TComponent() {
     (FYounger ? FYounger->FOlder : youngest) = FOlder;
 }
 
-std::vector<TComponent*> LivingComponents() {
+void EachLivingComponent(const std::function<void(const TComponent&)>& visit) {
     const std::lock_guard lock(livingLock);
-    std::vector<TComponent*> all;
-    for (TComponent* each = oldest; each; each = each->FYounger)
-        all.push_back(each);
-    return all;
+    for (const TComponent* each = oldest; each; each = each->FYounger)
+        visit(*each);
 }
 
 TLifeGuard::TLifeGuard(TComponent& component)

@@ -5,6 +5,7 @@
 #include "framework/system/exceptions.h"
 #include "framework/system/published.h"
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -32,10 +33,10 @@ using TComponentStyle = Set<TComponentStyleElement>;
 class TLifeGuard;
 class TComponent;
 
-/// Every component that lives in the process, of all threads, with and without owners, the oldest first. It is for what
-/// concerns all of them, such as a library of classes that is to leave the process; take it while no other thread makes
-/// or frees components.
-std::vector<TComponent*> LivingComponents();
+/// Shows `visit` every component that lives in the process, of all threads, with and without owners, the oldest first.
+/// It is for what concerns all of them, such as a library of classes that is to leave the process. Other threads wait
+/// meanwhile before they make or free one, and `visit` must do neither.
+void EachLivingComponent(const std::function<void(const TComponent& component)>& visit);
 
 class TComponent : public TPersistent {
     FRAMEWORK_CLASS(TComponent)
@@ -121,7 +122,7 @@ private:
     friend class TFormLoader;
     friend class TFormSaver;
     friend class TLifeGuard;
-    friend std::vector<TComponent*> LivingComponents();
+    friend void EachLivingComponent(const std::function<void(const TComponent&)>& visit);
 
     TComponent();
     void InsertOwned(TComponent* component);
@@ -197,7 +198,7 @@ bool Fire(TComponent& component, const TFunction& event, TArguments&&... argumen
     return static_cast<bool>(alive);
 }
 
-// The class registry.
+// The class registry. It has no lock: classes come and go while no other thread loads forms.
 
 /// Makes classes known to text forms. Registering a class twice is harmless; another class under a known name is
 /// EComponentError.

@@ -104,6 +104,18 @@ HRESULT GiveText(const String& text, BSTR* answer) {
     return *answer ? S_OK : E_OUTOFMEMORY;
 }
 
+// Not inline: this code has to stay when that of a package goes with its last object.
+ULONG TAccessibleObject::Release() {
+    const LONG left = InterlockedDecrement(&FReferences);
+    if (left == 0) {
+        const HMODULE module = FModule;
+        delete this;
+        if (module)
+            FreeLibrary(module);
+    }
+    return static_cast<ULONG>(left);
+}
+
 bool AnswerWithObject(HWND window, TMessage& message, TAccessibleObject* (*make)(HWND window, IAccessible* system)) {
     if (static_cast<LONG>(message.LParam) != OBJID_CLIENT)
         return false;
@@ -114,6 +126,7 @@ bool AnswerWithObject(HWND window, TMessage& message, TAccessibleObject* (*make)
     if (FAILED(CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible), &system)))
         return false;
     TAccessibleObject* object = make(window, static_cast<IAccessible*>(system));
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(make), &object->FModule);
     const LRESULT answer = LresultFromObject(__uuidof(IAccessible), message.WParam, object);
     object->Release();
     if (answer <= 0)

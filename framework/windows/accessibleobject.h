@@ -28,12 +28,7 @@ public:
         return S_OK;
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(InterlockedIncrement(&FReferences)); }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const LONG left = InterlockedDecrement(&FReferences);
-        if (left == 0)
-            delete this;
-        return static_cast<ULONG>(left);
-    }
+    ULONG STDMETHODCALLTYPE Release() override;
 
     // What the system knows
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override { return FSystem->GetTypeInfoCount(count); }
@@ -110,8 +105,12 @@ protected:
     IAccessible& System() const { return *FSystem; }
 
 private:
+    friend bool AnswerWithObject(HWND window, TMessage& message,
+                                 TAccessibleObject* (*make)(HWND window, IAccessible* system));
+
     HWND FWindow;
-    IAccessible* FSystem; // counted
+    IAccessible* FSystem;      // counted
+    HMODULE FModule = nullptr; // counted: where the object's code is, such as a package
     LONG FReferences = 1;
 };
 
@@ -182,7 +181,8 @@ protected:
 HRESULT GiveText(const String& text, BSTR* answer);
 
 /// Answers WM_GETOBJECT for the client area of a window with what `make` builds around the system's object; false, the
-/// message untouched, when it asks for something else or the system has none.
+/// message untouched, when it asks for something else or the system has none. The object's class lies in the module of
+/// `make`, which stays in memory as long as the object.
 bool AnswerWithObject(HWND window, TMessage& message, TAccessibleObject* (*make)(HWND window, IAccessible* system));
 
 } // namespace framework

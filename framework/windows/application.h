@@ -29,6 +29,9 @@ public:
     /// The program came to the foreground, or another one did.
     TNotifyEvent OnActivate;
     TNotifyEvent OnDeactivate;
+    /// A package was loaded or is about to leave the process: the palette's pages are other ones, and TClassInfo
+    /// pointers taken from them before may lead nowhere afterwards.
+    TNotifyEvent OnPaletteChange;
 
     TApplication();
 

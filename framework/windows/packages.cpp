@@ -2,11 +2,11 @@
 
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
+#include "framework/windows/application.h"
 #include "framework/windows/windowclasses.h"
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 #include <memory>
 #include <optional>
 
@@ -14,15 +14,18 @@ namespace framework {
 
 namespace {
 
-struct TLoadedPackage {
-    String Name;
+struct TLoadedPackage : TPackage {
     std::vector<const TClassInfo*> Others; ///< its classes that somebody else had registered before
     int Uses = 1;
 };
 
-std::map<HMODULE, TLoadedPackage>& Packages() {
-    static std::map<HMODULE, TLoadedPackage> packages;
+std::vector<TLoadedPackage>& Packages() {
+    static std::vector<TLoadedPackage> packages;
     return packages;
+}
+
+auto FindPackage(HMODULE package) {
+    return std::ranges::find(Packages(), package, &TPackage::Module);
 }
 
 struct TFreeModule {
@@ -31,11 +34,15 @@ struct TFreeModule {
 };
 using TModule = std::unique_ptr<HMODULE, TFreeModule>;
 
-bool LiesIn(const TClassInfo& info, HMODULE package) {
+HMODULE ModuleOf(const TClassInfo& info) {
     HMODULE module = nullptr;
-    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                              reinterpret_cast<LPCWSTR>(&info), &module) &&
-           module == package;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&info), &module);
+    return module;
+}
+
+bool LiesIn(const TClassInfo& info, HMODULE package) {
+    return ModuleOf(info) == package;
 }
 
 bool NeedsPackage(const TComponent& component, HMODULE package) {
@@ -70,12 +77,23 @@ void CheckEntry(const TPackageEntry* entry, const String& name) {
                              Utf8Decode(FrameworkVersion));
     if (&entry->FrameworkRoot() != &TComponent::StaticClass())
         CannotLoad(name, u"it holds a framework of its own; link it to the framework's shared library");
+    if (std::strcmp(entry->Headers, FRAMEWORK_HEADERS) != 0)
+        CannotLoad(name, u"it was built with other headers than the framework; build both from one state of them");
 }
 
 String FullPath(const String& name) {
     String path(Win32Check(GetFullPathNameW(WideChars(name), 0, nullptr, nullptr)), u'\0');
     path.resize(
         Win32Check(GetFullPathNameW(WideChars(name), static_cast<DWORD>(path.size()), WideChars(path), nullptr)));
+    return path;
+}
+
+String FileNameOf(HMODULE package) {
+    String path(MAX_PATH, u'\0');
+    DWORD length = 0;
+    while ((length = GetModuleFileNameW(package, WideChars(path), static_cast<DWORD>(path.size()))) == path.size())
+        path.resize(path.size() * 2);
+    path.resize(length);
     return path;
 }
 
@@ -99,6 +117,26 @@ String NameForMessage(const TComponent& component) {
     return path + u" (" + component.ClassName() + u")";
 }
 
+/// How many components need the package, and one of them as in "Form1.Edit1 (TZOREdit) and 2 more"; empty if none does.
+String DescribeLiving(HMODULE package) {
+    String first;
+    int count = 0;
+    EachLivingComponent([&](const TComponent& each) {
+        if (NeedsPackage(each, package) && count++ == 0)
+            first = NameForMessage(each);
+    });
+    return count > 1 ? first + u" and " + IntToStr(count - 1) + u" more" : first;
+}
+
+/// A handler that raises must not leave half of the work.
+void TellOfPalette() {
+    try {
+        Fire(TheApplication(), TheApplication().OnPaletteChange, &TheApplication());
+    } catch (...) {
+        TheApplication().HandleException(nullptr);
+    }
+}
+
 } // namespace
 
 HMODULE LoadPackage(const String& name) {
@@ -110,8 +148,8 @@ HMODULE LoadPackage(const String& name) {
     if (const DWORD error = GetLastError(); !module)
         CannotLoad(name, SysErrorMessage(error));
     const HMODULE package = module.get();
-    if (const auto loaded = Packages().find(package); loaded != Packages().end()) {
-        ++loaded->second.Uses;
+    if (const auto loaded = FindPackage(package); loaded != Packages().end()) {
+        ++loaded->Uses;
         return module.release();
     }
     const auto* entry = reinterpret_cast<const TPackageEntry*>(
@@ -122,31 +160,36 @@ HMODULE LoadPackage(const String& name) {
         UnRegisterClassesOf(package, others);
         CannotLoad(name, *refusal);
     }
-    Packages().emplace(package, TLoadedPackage{name, others});
+    Packages().push_back({{package, name, FileNameOf(package)}, others});
+    TellOfPalette();
     return module.release();
 }
 
 void UnloadPackage(HMODULE package) {
-    const auto loaded = Packages().find(package);
+    const auto loaded = FindPackage(package);
     if (loaded == Packages().end())
         throw EPackageError(u"The module to unload is not a loaded package");
-    if (loaded->second.Uses == 1) {
-        std::vector<TComponent*> living = LivingComponents();
-        std::erase_if(living, [&](const TComponent* each) { return !NeedsPackage(*each, package); });
-        if (!living.empty()) {
-            String text = u"Package " + loaded->second.Name + u" cannot be unloaded while its components live: " +
-                          NameForMessage(*living.front());
-            if (living.size() > 1)
-                text += u" and " + IntToStr(static_cast<int>(living.size() - 1)) + u" more";
-            throw EPackageError(text);
-        }
-        UnRegisterClassesOf(package, loaded->second.Others);
+    if (loaded->Uses == 1) {
+        if (const String living = DescribeLiving(package); !living.empty())
+            throw EPackageError(u"Package " + loaded->Name + u" cannot be unloaded while its components live: " +
+                                living);
+        UnRegisterClassesOf(package, loaded->Others);
         UnregisterWindowClasses([&](const TClassInfo& owner) { return LiesIn(owner, package); });
         Packages().erase(loaded);
+        TellOfPalette();
     } else {
-        --loaded->second.Uses;
+        --loaded->Uses;
     }
     FreeLibrary(package);
+}
+
+std::vector<TPackage> LoadedPackages() {
+    return {Packages().begin(), Packages().end()};
+}
+
+HMODULE PackageOf(const TClassInfo& info) {
+    const auto loaded = FindPackage(ModuleOf(info));
+    return loaded == Packages().end() ? nullptr : loaded->Module;
 }
 
 } // namespace framework

@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <random>
+#include <thread>
 
 using namespace framework;
 
@@ -271,6 +273,26 @@ TEST_F(Components, PassDesignStateToTheirParts) {
         EXPECT_TRUE(each->GetComponentState().Contains(csDesigning));
     root.SetDesigning(false);
     EXPECT_FALSE(late->GetComponentState().Contains(csDesigning));
+}
+
+TEST_F(Components, AreAllSeenWhileOtherThreadsMakeAndFreeTheirs) {
+    std::atomic<bool> done = false;
+    std::thread other([&] {
+        while (!done)
+            TComponent(nullptr).SetTag(2);
+    });
+    TPart first(nullptr, u"first");
+    TPart second(&first, u"second");
+    for (int i = 0; i < 20'000; ++i) {
+        std::vector<String> names;
+        EachLivingComponent([&](const TComponent& each) {
+            if (each.InheritsFrom(TPart::StaticClass()))
+                names.push_back(each.GetName());
+        });
+        ASSERT_EQ(names, (std::vector<String>{u"first", u"second"}));
+    }
+    done = true;
+    other.join();
 }
 
 TEST_F(Components, AreCreatedByRegisteredNames) {

@@ -3,6 +3,6 @@
 #include "framework/windows/packages.h"
 
 extern "C" __declspec(dllexport) const framework::TPackageEntry FrameworkPackage;
-const framework::TPackageEntry FrameworkPackage{"0.1.0", &framework::TComponent::StaticClass, [] {
+const framework::TPackageEntry FrameworkPackage{"0.1.0", FRAMEWORK_HEADERS, &framework::TComponent::StaticClass, [] {
                                                     framework::RegisterClasses({&framework::TComponent::StaticClass()});
                                                 }};
