@@ -1,14 +1,13 @@
 # The gallery, with the forms it loads and the scripts it plays in folders beside it.
 
 file(GLOB_RECURSE gallerySources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/gallery/*.cpp")
-list(FILTER gallerySources EXCLUDE REGEX "/gallery/sampledata/") # a program of its own
 if(ZOR_BUILD_GALLERY)
     # Tests drive its parts, too.
     set(galleryMain ${PROJECT_SOURCE_DIR}/gallery/main.cpp)
     list(REMOVE_ITEM gallerySources ${galleryMain})
     add_library(gallery_parts OBJECT ${gallerySources})
     zor_set_warnings(gallery_parts)
-    target_link_libraries(gallery_parts PUBLIC zor::zor)
+    target_link_libraries(gallery_parts PUBLIC zor::zor sampleorders)
     add_executable(gallery WIN32 ${galleryMain})
     zor_set_warnings(gallery)
     target_link_libraries(gallery PRIVATE gallery_parts zor::manifest)

@@ -1,9 +1,17 @@
-# Programs about data that need no windows, so they are built everywhere: the loader of the sample orders, and an example.
+# The sample orders, which the gallery shows and tests load, and programs about data that need no windows, so they are
+# built everywhere: the loader of those orders, and an example.
 
-add_executable(sampledata
-    ${PROJECT_SOURCE_DIR}/gallery/sampledata/main.cpp ${PROJECT_SOURCE_DIR}/gallery/sampleorders_rules.cpp)
+add_library(sampleorders STATIC EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/sampledata/sampleorders.cpp)
+zor_set_warnings(sampleorders)
+target_link_libraries(sampleorders PUBLIC zor::framework)
+
+if(NOT ZOR_BUILD_GALLERY OR NOT ZOR_HAS_ODBC)
+    return()
+endif()
+
+add_executable(sampledata ${PROJECT_SOURCE_DIR}/sampledata/main.cpp)
 zor_set_warnings(sampledata)
-target_link_libraries(sampledata PRIVATE zor::framework)
+target_link_libraries(sampledata PRIVATE sampleorders)
 
 add_executable(orders ${PROJECT_SOURCE_DIR}/examples/orders.cpp)
 zor_set_warnings(orders)

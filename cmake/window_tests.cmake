@@ -19,11 +19,9 @@ file(GLOB supportSources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/
 # Tests and scripts press keys and move the mouse in the same way.
 list(APPEND supportSources
     ${PROJECT_SOURCE_DIR}/gallery/playerinput.cpp ${PROJECT_SOURCE_DIR}/gallery/playerscript_rules.cpp)
-# Tests of databases load the orders that pages show.
-list(APPEND supportSources ${PROJECT_SOURCE_DIR}/gallery/sampleorders_rules.cpp)
 add_library(test_support STATIC ${supportSources})
 zor_set_warnings(test_support)
-target_link_libraries(test_support PUBLIC zor::zor GTest::gtest)
+target_link_libraries(test_support PUBLIC zor::zor sampleorders GTest::gtest)
 
 set(runInWine ${PROJECT_SOURCE_DIR}/tools/run-in-wine)
 # The driver manager of Windows is another one than the host's, so what goes through it is tried there as well.

@@ -2,8 +2,7 @@
 
 #include "framework/db/databaseerrors.h"
 #include "framework/system/numbers.h"
-#include "framework/system/strings.h"
-#include "gallery/sampledatabase.h"
+#include "sampledata/sampledatabase.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,6 +1,6 @@
 // The sample orders: the same in both databases, and with everything in them that pages and examples rely on.
 
-#include "gallery/sampledatabase.h"
+#include "sampledata/sampledatabase.h"
 #include "tests/support/databases.h"
 
 using namespace databases;

@@ -1,4 +1,4 @@
-#include "gallery/sampleorders_rules.h"
+#include "sampledata/sampleorders.h"
 
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"

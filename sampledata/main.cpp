@@ -3,7 +3,7 @@
 // Tables that are there already stay as they are.
 
 #include "framework/system/strings.h"
-#include "gallery/sampledatabase.h"
+#include "sampledata/sampledatabase.h"
 
 #include <cstdio>
 

@@ -3,7 +3,7 @@
 // The sample orders in a database of one's own.
 
 #include "framework/db/odbc.h"
-#include "gallery/sampleorders_rules.h"
+#include "sampledata/sampleorders.h"
 
 namespace sampleorders {
 
