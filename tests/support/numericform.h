@@ -23,6 +23,31 @@ inline framework::TFormatSettings SettingsOf(char16_t decimalSeparator, char16_t
     return settings;
 }
 
+/// One key or text and what it makes of a field, in the notation of Put.
+struct TTypingRow {
+    const char* Name;
+    framework::String Before;
+    framework::String Typed; ///< \b for backspace, \x7F for Delete, \x2190 and \x2192 for the arrow keys
+    framework::String After;
+};
+
+inline void TypeKeys(framework::StringView keys) {
+    for (char16_t key : keys) {
+        if (key == u'\b')
+            PressKey(VK_BACK);
+        else if (key == u'\x7F')
+            PressKey(VK_DELETE);
+        else if (key == u'\u2190')
+            PressKey(VK_LEFT);
+        else if (key == u'\u2192')
+            PressKey(VK_RIGHT);
+        else if (key >= u'0' && key <= u'9')
+            PressKey(static_cast<WORD>(key));
+        else
+            TypeText(framework::StringView(&key, 1));
+    }
+}
+
 template <class TField>
 class NumericForm : public testing::Test {
 protected:
@@ -81,6 +106,15 @@ protected:
         PressKey(VK_TAB);
         ASSERT_TRUE(WaitFor([this] { return Other.Focused(); }));
     }
+    void Try(const std::vector<TTypingRow>& rows) {
+        Enter();
+        for (const TTypingRow& row : rows) {
+            SCOPED_TRACE(row.Name);
+            Put(row.Before);
+            TypeKeys(row.Typed);
+            EXPECT_EQ(Marked(), row.After);
+        }
+    }
     std::vector<std::string> TakeErrors() { return std::exchange(Errors, {}); }
 
     std::unique_ptr<framework::TForm> Form = ShowForm();
@@ -92,30 +126,5 @@ protected:
 private:
     framework::TFormatSettings FSettings;
 };
-
-/// One key or text and what it makes of a field, in the notation of Put.
-struct TTypingRow {
-    const char* Name;
-    framework::String Before;
-    framework::String Typed; ///< \b for backspace, \x7F for Delete, \x2190 and \x2192 for the arrow keys
-    framework::String After;
-};
-
-inline void TypeKeys(framework::StringView keys) {
-    for (char16_t key : keys) {
-        if (key == u'\b')
-            PressKey(VK_BACK);
-        else if (key == u'\x7F')
-            PressKey(VK_DELETE);
-        else if (key == u'\u2190')
-            PressKey(VK_LEFT);
-        else if (key == u'\u2192')
-            PressKey(VK_RIGHT);
-        else if (key >= u'0' && key <= u'9')
-            PressKey(static_cast<WORD>(key));
-        else
-            TypeText(framework::StringView(&key, 1));
-    }
-}
 
 } // namespace testsupport

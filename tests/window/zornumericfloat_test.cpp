@@ -15,18 +15,7 @@ using namespace framework;
 using namespace ZOR;
 using namespace testsupport;
 
-class FloatEdit : public NumericForm<TZORFloatEdit> {
-protected:
-    void Try(const std::vector<TTypingRow>& rows) {
-        Enter();
-        for (const TTypingRow& row : rows) {
-            SCOPED_TRACE(row.Name);
-            Put(row.Before);
-            TypeKeys(row.Typed);
-            EXPECT_EQ(Marked(), row.After);
-        }
-    }
-};
+using FloatEdit = NumericForm<TZORFloatEdit>;
 
 TEST_F(FloatEdit, TypesWithACommaWhereNumbersHaveOne) {
     FormatSettings() = SettingsOf(u',');

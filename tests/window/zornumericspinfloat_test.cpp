@@ -26,15 +26,6 @@ protected:
         ClickOn(arrows, {arrows.Width / 2, upper ? 3 : arrows.Height - 4});
     }
     void Wheel(int notches) { Field.Perform(WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA), 0); }
-    void Try(const std::vector<TTypingRow>& rows) {
-        Enter();
-        for (const TTypingRow& row : rows) {
-            SCOPED_TRACE(row.Name);
-            Put(row.Before);
-            TypeKeys(row.Typed);
-            EXPECT_EQ(Marked(), row.After);
-        }
-    }
 };
 
 TEST_F(SpinFloatEdit, NumbersStepByTheWrittenIncrement) {
