@@ -4,7 +4,6 @@
 // aim for it.
 
 #include "bench/measure.h"
-#include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/application.h"
 #include "framework/windows/checklistbox.h"

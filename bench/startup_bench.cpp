@@ -4,7 +4,6 @@
 
 #include "bench/measure.h"
 #include "framework/graphics/win32.h"
-#include "framework/system/strings.h"
 
 #include <string>
 

@@ -1,7 +1,6 @@
 #include "data/Zorvirtualstringtree.h"
 
 #include "foundation/Zorpalette.h"
-#include "framework/system/casemapping.h"
 #include "framework/system/strings.h"
 #include "framework/windows/accessibility.h"
 #include "framework/windows/accessibleobject.h"

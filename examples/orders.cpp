@@ -8,7 +8,6 @@
 // orders.Open() and orders.FieldByName(u"total")->AsCurrency; the accessors used here work with all of them.
 
 #include "data/Zoradodataset.h"
-#include "framework/db/databaseerrors.h"
 #include "framework/system/numbers.h"
 #include "framework/system/strings.h"
 

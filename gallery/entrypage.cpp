@@ -2,7 +2,6 @@
 
 #include "controls/Zoredit.h"
 #include "framework/system/numbers.h"
-#include "framework/system/strings.h"
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "gallery/entrychecks_rules.h"

@@ -2,7 +2,6 @@
 
 #include "framework/graphics/canvas.h"
 #include "framework/system/numbers.h"
-#include "framework/system/strings.h"
 
 #include <algorithm>
 #include <utility>

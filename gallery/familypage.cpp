@@ -9,7 +9,6 @@
 #include "controls/Zorrichedit.h"
 #include "framework/system/numbers.h"
 #include "framework/windows/label.h"
-#include "framework/windows/panel.h"
 #include "gallery/pages.h"
 #include "gallery/scriptparts.h"
 

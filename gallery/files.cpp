@@ -1,7 +1,6 @@
 #include "gallery/files.h"
 
 #include "framework/system/formloader.h"
-#include "framework/system/strings.h"
 #include "gallery/standinform.h"
 
 namespace gallery {

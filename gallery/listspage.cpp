@@ -1,14 +1,12 @@
 #include "gallery/listspage.h"
 
 #include "framework/system/numbers.h"
-#include "framework/system/strings.h"
 #include "framework/system/updates.h"
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "gallery/files.h"
 #include "gallery/pages.h"
 #include "gallery/scriptparts.h"
-#include "lists/Zorcombobox.h"
 #include "lists/Zorcomboboxnew.h"
 
 namespace gallery {

@@ -1,6 +1,5 @@
 #include "gallery/numberspage.h"
 
-#include "framework/system/strings.h"
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "gallery/eventsignatures.h"

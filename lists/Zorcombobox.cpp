@@ -1,7 +1,6 @@
 #include "lists/Zorcombobox.h"
 
 #include "foundation/Zorpalette.h"
-#include "framework/system/strings.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/inputmethod.h"
 

@@ -1,7 +1,6 @@
 #include "numeric/Zornumericentry_rules.h"
 
 #include "framework/system/decimal.h"
-#include "framework/system/strings.h"
 
 #include <algorithm>
 #include <charconv>

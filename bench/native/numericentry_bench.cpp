@@ -2,7 +2,6 @@
 // character into its text, and converting that text once. A key is judged and carried out, and the changed text judged.
 // The aim is below a microsecond a key. Ends with 1 when a field does not hold what was typed.
 
-#include "numeric/Zorspinedit_rules.h"
 #include "numeric/Zorspinfloatedit_rules.h"
 #include "tests/support/entrystory.h"
 

@@ -1,7 +1,5 @@
 #include "framework/db/datalinks.h"
 
-#include "framework/system/strings.h"
-
 #include <algorithm>
 
 namespace framework {

@@ -3,7 +3,6 @@
 #include "framework/db/databaseerrors.h"
 #include "framework/system/decimal.h"
 #include "framework/system/numbers.h"
-#include "framework/system/strings.h"
 
 #include <algorithm>
 #include <cmath>

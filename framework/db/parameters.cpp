@@ -1,7 +1,6 @@
 #include "framework/db/parameters.h"
 
 #include "framework/system/numbers.h"
-#include "framework/system/strings.h"
 
 namespace framework {
 

@@ -6,7 +6,6 @@
 #include "framework/graphics/canvas.h"
 #include "framework/graphics/checkmarks.h"
 #include "framework/graphics/textmetrics.h"
-#include "framework/vtree/checkstates_rules.h"
 #include "framework/vtree/virtualtree.h"
 
 #include <algorithm>

@@ -1,6 +1,5 @@
 // What a person does to the tree: mouse, keys, typing to find a node, and resting the pointer for a hint.
 
-#include "framework/graphics/textmetrics.h"
 #include "framework/system/strings.h"
 #include "framework/vtree/checkstates_rules.h"
 #include "framework/vtree/virtualtree.h"

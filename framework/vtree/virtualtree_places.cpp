@@ -4,7 +4,6 @@
 #include "framework/graphics/brushes.h"
 #include "framework/graphics/checkmarks.h"
 #include "framework/vtree/virtualtree.h"
-#include "framework/windows/hints.h"
 
 #include <algorithm>
 

@@ -1,7 +1,6 @@
 #include "framework/windows/memo.h"
 
 #include "framework/system/strings.h"
-#include "framework/system/updates.h"
 #include "framework/windows/clipboard.h"
 
 #include <algorithm>

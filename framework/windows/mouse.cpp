@@ -1,6 +1,5 @@
 #include "framework/windows/mouse.h"
 
-#include "framework/windows/application.h"
 #include "framework/windows/hints.h"
 
 namespace framework {

@@ -1,6 +1,5 @@
 // The form designer without a window: grips and grid, names, steps, and pieces of text forms.
 
-#include "framework/system/strings.h"
 #include "framework/system/textform.h"
 #include "gallery/designer_rules.h"
 

@@ -1,7 +1,6 @@
 #include "gallery/handlers_rules.h"
 #include "gallery/inspector_rules.h"
 
-#include "framework/system/numbers.h"
 #include "framework/system/stringlist.h"
 #include "framework/system/strings.h"
 

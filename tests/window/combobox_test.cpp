@@ -4,7 +4,6 @@
 #include "framework/system/formloader.h"
 #include "framework/windows/application.h"
 #include "framework/windows/combobox.h"
-#include "framework/windows/mouse.h"
 #include "framework/windows/standardcontrols.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"

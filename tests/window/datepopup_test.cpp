@@ -6,8 +6,6 @@
 #include "framework/windows/application.h"
 #include "framework/windows/button.h"
 #include "framework/windows/edit.h"
-#include "framework/windows/panel.h"
-#include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 
 #include <commctrl.h>

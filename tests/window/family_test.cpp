@@ -14,7 +14,6 @@
 #include "framework/graphics/handles.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"
-#include "framework/windows/standardcontrols.h"
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>

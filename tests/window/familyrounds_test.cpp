@@ -1,9 +1,9 @@
 // Every control of the library is made, shown and destroyed a thousand times, at common and at odd sizes: nothing stays
 // behind.
 
-#include "controls/Zormonthcalendar.h"
 #include "framework/system/strings.h"
 #include "framework/windows/listbox.h"
+#include "framework/windows/monthcalendar.h"
 #include "package/Zorpackage.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"

@@ -2,7 +2,6 @@
 
 #include "framework/graphics/canvas.h"
 #include "framework/system/updates.h"
-#include "framework/windows/application.h"
 #include "framework/windows/listbox.h"
 #include "tests/support/input.h"
 

@@ -1,7 +1,6 @@
 // Masked fields under real input: typing, pasting, input methods, leaving with an incomplete entry, and the life of the
 // window.
 
-#include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/maskedit.h"

@@ -2,7 +2,6 @@
 // from the palette, text forms and published properties alone.
 
 #include "framework/system/formloader.h"
-#include "framework/system/formsaver.h"
 #include "framework/system/stringlist.h"
 #include "framework/system/strings.h"
 #include "framework/windows/application.h"

@@ -1,6 +1,5 @@
 // Virtual trees in a window: keys and mouse, scrolling, painting, and the header.
 
-#include "framework/graphics/bitmaps.h"
 #include "framework/graphics/canvas.h"
 #include "framework/windows/clipboard.h"
 #include "tests/support/accessible.h"

@@ -5,7 +5,6 @@
 #include "foundation/Zormessages.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
-#include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/standardcontrols.h"
