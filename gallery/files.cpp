@@ -1,16 +1,13 @@
 #include "gallery/files.h"
 
 #include "framework/system/formloader.h"
+#include "framework/windows/packages.h"
 #include "gallery/standinform.h"
 
 namespace gallery {
 
 String ProgramFolder() {
-    String path(MAX_PATH, u'\0');
-    DWORD length = 0;
-    while ((length = GetModuleFileNameW(nullptr, WideChars(path), static_cast<DWORD>(path.size()))) == path.size())
-        path.resize(2 * path.size());
-    path.resize(length);
+    const String path = ModuleFileName(nullptr);
     return path.substr(0, path.find_last_of(u'\\') + 1);
 }
 

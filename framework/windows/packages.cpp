@@ -88,15 +88,6 @@ String FullPath(const String& name) {
     return path;
 }
 
-String FileNameOf(HMODULE package) {
-    String path(MAX_PATH, u'\0');
-    DWORD length = 0;
-    while ((length = GetModuleFileNameW(package, WideChars(path), static_cast<DWORD>(path.size()))) == path.size())
-        path.resize(path.size() * 2);
-    path.resize(length);
-    return path;
-}
-
 /// The text of what RegisterComponents raised. The exception itself may be of a class whose code goes with the package.
 std::optional<String> Register(const TPackageEntry& entry) {
     try {
@@ -146,7 +137,8 @@ HMODULE LoadPackage(const String& name) {
     const DWORD places = LOAD_LIBRARY_SEARCH_DEFAULT_DIRS | (isPath ? LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR : 0);
     TModule module(LoadLibraryExW(WideChars(file), nullptr, places));
     if (const DWORD error = GetLastError(); !module)
-        CannotLoad(name, SysErrorMessage(error));
+        CannotLoad(name, SysErrorMessage(error) +
+                             (error == ERROR_MOD_NOT_FOUND ? u" (the package, or a module that it needs)" : u""));
     const HMODULE package = module.get();
     if (const auto loaded = FindPackage(package); loaded != Packages().end()) {
         ++loaded->Uses;
@@ -160,7 +152,7 @@ HMODULE LoadPackage(const String& name) {
         UnRegisterClassesOf(package, others);
         CannotLoad(name, *refusal);
     }
-    Packages().push_back({{package, name, FileNameOf(package)}, others});
+    Packages().push_back({{package, name, ModuleFileName(package)}, others});
     TellOfPalette();
     return module.release();
 }
@@ -190,6 +182,15 @@ std::vector<TPackage> LoadedPackages() {
 HMODULE PackageOf(const TClassInfo& info) {
     const auto loaded = FindPackage(ModuleOf(info));
     return loaded == Packages().end() ? nullptr : loaded->Module;
+}
+
+String ModuleFileName(HMODULE module) {
+    String path(MAX_PATH, u'\0');
+    DWORD length = 0;
+    while ((length = GetModuleFileNameW(module, WideChars(path), static_cast<DWORD>(path.size()))) == path.size())
+        path.resize(path.size() * 2);
+    path.resize(length);
+    return path;
 }
 
 } // namespace framework

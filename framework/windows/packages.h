@@ -49,6 +49,9 @@ std::vector<TPackage> LoadedPackages();
 /// The loaded package whose code a class is; null for a class of the program itself.
 HMODULE PackageOf(const TClassInfo& info);
 
+/// The file of a module, with its folder (GetModuleFileName); of the program for null.
+String ModuleFileName(HMODULE module);
+
 /// What a package tells of itself.
 struct TPackageEntry {
     const char* Version;                  ///< FrameworkVersion as the package was built with

@@ -49,9 +49,7 @@ String RefusalOf(auto&& action) {
 }
 
 String ProgramFolder() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const String program = FromWide(path);
+    const String program = ModuleFileName(nullptr);
     return program.substr(0, program.find_last_of(u'\\') + 1);
 }
 
@@ -163,7 +161,9 @@ TEST_F(Packages, ComponentsComeWithThePackageAndLeaveWithIt) {
 
 TEST_F(Packages, WhatIsNoPackageIsRefusedWithTheReason) {
     const auto refusal = [](const String& name) { return RefusalOf([&] { LoadPackage(name); }); };
-    EXPECT_TRUE(refusal(u"nowhere.dll").starts_with(u"Cannot load package nowhere.dll: "));
+    const String nowhere = refusal(u"nowhere.dll");
+    EXPECT_TRUE(nowhere.starts_with(u"Cannot load package nowhere.dll: "));
+    EXPECT_TRUE(nowhere.ends_with(u" (the package, or a module that it needs)"));
     EXPECT_EQ(refusal(u"version.dll"), u"Cannot load package version.dll: it does not export FrameworkPackage");
     EXPECT_EQ(refusal(u"older.dll"),
               u"Cannot load package older.dll: it was built with version 0.1.0 of the framework, "
