@@ -102,7 +102,7 @@ if(ZOR_HAS_ODBC)
     target_compile_definitions(framework PRIVATE FRAMEWORK_HAS_ODBC)
 endif()
 if(WIN32)
-    set(ZOR_SYSTEM_LIBRARIES user32 gdi32 msimg32 comctl32 comdlg32 uxtheme dwmapi imm32 shell32 shlwapi
+    set(ZOR_SYSTEM_LIBRARIES user32 gdi32 msimg32 comctl32 uxtheme dwmapi imm32 shell32 shlwapi
         ole32 oleaut32 oleacc uuid version advapi32 odbc32)
     target_link_libraries(framework PUBLIC ${ZOR_SYSTEM_LIBRARIES})
 elseif(ZOR_HAS_ODBC)

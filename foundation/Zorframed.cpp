@@ -6,7 +6,8 @@ void RepaintFrame(TWinControl& control, TFrameRepaint how) {
     if (!control.HandleAllocated())
         return;
     if (how == TFrameRepaint::NonClient) {
-        SendMessageW(control.GetHandle(), WM_NCPAINT, 0, 0);
+        if (IsWindowVisible(control.GetHandle())) // or the frame comes when it is shown
+            SendMessageW(control.GetHandle(), WM_NCPAINT, 0, 0);
         return;
     }
     // The frame lies outside of what a control invalidates itself, or on what it does not paint again.

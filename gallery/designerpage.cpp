@@ -6,6 +6,7 @@
 #include "framework/windows/application.h"
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
+#include "framework/windows/latefunction.h"
 #include "framework/windows/memo.h"
 #include "gallery/designsurface.h"
 #include "gallery/palettelist.h"
@@ -30,6 +31,10 @@ constexpr char kNewForm[] = "object Form1: TForm\n"
                             "  ClientWidth = 400\n"
                             "end\n";
 
+// Needed when a file is to be chosen, not at each start.
+const TLateFunction<decltype(::GetOpenFileNameW)> getOpenFileName(L"comdlg32.dll", "GetOpenFileNameW");
+const TLateFunction<decltype(::GetSaveFileNameW)> getSaveFileName(L"comdlg32.dll", "GetSaveFileNameW");
+
 /// The file that the person chooses, at first the one given; nothing when the dialog was cancelled.
 std::optional<String> AskForFile(HWND owner, bool toSave, const String& present) {
     String name = present;
@@ -42,7 +47,7 @@ std::optional<String> AskForFile(HWND owner, bool toSave, const String& present)
     dialog.lpstrFile = WideChars(name);
     dialog.nMaxFile = static_cast<DWORD>(name.size());
     dialog.Flags = OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST | (toSave ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    if (!(toSave ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog)))
+    if (!(toSave ? getSaveFileName(&dialog) : getOpenFileName(&dialog)))
         return std::nullopt;
     name.resize(name.find(u'\0'));
     return name;

@@ -3,10 +3,16 @@
 #include "framework/windows/accessibleobject.h"
 #include "framework/windows/forms.h"
 #include "framework/windows/label.h"
+#include "framework/windows/latefunction.h"
 
 namespace framework {
 
 namespace {
+
+// Only programs that assistive ones look at come this far.
+const TLateFunction<decltype(::CreateStdAccessibleObject)> createStdAccessibleObject(L"oleacc.dll",
+                                                                                     "CreateStdAccessibleObject");
+const TLateFunction<decltype(::LresultFromObject)> lresultFromObject(L"oleacc.dll", "LresultFromObject");
 
 const TCustomLabel* FindLabelOf(const TWinControl& control, const TWinControl& within) {
     for (int i = 0; i < within.GetControlCount(); ++i) {
@@ -123,11 +129,11 @@ bool AnswerWithObject(HWND window, TMessage& message, TAccessibleObject* (*make)
     static thread_local const HRESULT started = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     (void)started;
     void* system = nullptr;
-    if (FAILED(CreateStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible), &system)))
+    if (FAILED(createStdAccessibleObject(window, OBJID_CLIENT, __uuidof(IAccessible), &system)))
         return false;
     TAccessibleObject* object = make(window, static_cast<IAccessible*>(system));
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(make), &object->FModule);
-    const LRESULT answer = LresultFromObject(__uuidof(IAccessible), message.WParam, object);
+    const LRESULT answer = lresultFromObject(__uuidof(IAccessible), message.WParam, object);
     object->Release();
     if (answer <= 0)
         return false;
