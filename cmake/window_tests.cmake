@@ -23,6 +23,12 @@ add_library(test_support STATIC ${supportSources})
 zor_set_warnings(test_support)
 target_link_libraries(test_support PUBLIC zor::zor sampleorders GTest::gtest)
 
+# What a test reads besides its program; one that has passed runs again only when something of it changes.
+set(gallery_test_reads ${PROJECT_BINARY_DIR}/gallery)
+set(designerpage_test_reads ${PROJECT_SOURCE_DIR}/gallery/forms)
+set(packages_test_reads ${PROJECT_BINARY_DIR}/modules)
+set(docs_test_reads ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/README.md)
+set(runChanged ${PROJECT_SOURCE_DIR}/tools/run-changed ${PROJECT_BINARY_DIR}/passed)
 set(runInWine ${PROJECT_SOURCE_DIR}/tools/run-in-wine)
 # The driver manager of Windows is another one than the host's, so what goes through it is tried there as well.
 file(GLOB windowTests CONFIGURE_DEPENDS
@@ -61,7 +67,7 @@ foreach(source IN LISTS windowTests)
         foreach(locale IN ITEMS en_US pl_PL)
             set(test window.${zor_program}.${locale})
             add_test(NAME ${test} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
-                COMMAND ${runInWine} --state ${PROJECT_BINARY_DIR}/wine-${locale} --locale ${locale}
+                COMMAND ${runChanged} ${${zor_program}_reads} -- ${runInWine} --state ${PROJECT_BINARY_DIR}/wine-${locale} --locale ${locale}
                     --timeout ${limit} -- $<TARGET_FILE:${zor_program}>)
             # Only one program at a time can be in the foreground of a desktop.
             set_tests_properties(${test} PROPERTIES LABELS "window;${locale}" TIMEOUT ${timeout}

@@ -23,8 +23,10 @@ string(JOIN " " CMAKE_CXX_FLAGS_INIT
     -nostdinc++
     -isystem ${gccFolder}/include/c++
     -isystem ${gccFolder}/include/c++/${triple})
-# GNU ld rejects clang's duplicate sections, hence lld. Debian keeps libgcc in a folder that clang does not search.
-string(JOIN " " CMAKE_EXE_LINKER_FLAGS_INIT -Qunused-arguments -fuse-ld=lld -L${gccFolder})
+# GNU ld rejects clang's duplicate sections, hence lld. Debian keeps libgcc in a folder that clang does not search. The
+# same sources make the same programs, byte for byte.
+string(JOIN " " CMAKE_EXE_LINKER_FLAGS_INIT
+    -Qunused-arguments -fuse-ld=lld -Wl,--no-insert-timestamp -L${gccFolder})
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
 # libgcc_eh needs pthread behind it.
 set(CMAKE_CXX_STANDARD_LIBRARIES "-lkernel32 -luser32 -lgdi32 -lshell32 -ladvapi32 -lpthread")
