@@ -76,15 +76,28 @@ enum class TFormValueKind : std::uint8_t {
 
 enum class TFormLineEnd : std::uint8_t { CrLf, Lf };
 
+/// How bytes that are not UTF-8 are read.
+enum class TFallbackEncoding : std::uint8_t {
+    /// They are an error.
+    None,
+    /// The whole file is in code page 1250 (Central European), unless it is UTF-8.
+    Windows1250,
+    /// The whole file is in code page 1252 (Western), unless it is UTF-8.
+    Windows1252
+};
+
 /// How a form's text is laid out where the syntax leaves a choice. The default is what designers write.
 struct TFormLayout {
     TFormLineEnd LineEnd = TFormLineEnd::CrLf;
     /// The text begins with the UTF-8 byte order mark.
     bool ByteOrderMark = false;
-    /// Characters beyond ASCII stand in strings as UTF-8; otherwise as # codes. Names are always UTF-8.
+    /// Characters beyond ASCII stand in strings as they are; otherwise as # codes. In names they always do.
     bool RawText = false;
     /// A quote inside a string stands as #39; otherwise doubled.
     bool QuotesAsCodes = false;
+    /// The code page that the bytes are in; None for UTF-8. No byte order mark goes with one. Characters of strings
+    /// which the page lacks stand as # codes.
+    TFallbackEncoding CodePage = TFallbackEncoding::None;
     friend bool operator==(const TFormLayout&, const TFormLayout&) = default;
 };
 
@@ -244,16 +257,6 @@ private:
     std::shared_ptr<const TFormNodes> FNodes;
 };
 
-/// How bytes that are not UTF-8 are read.
-enum class TFallbackEncoding : std::uint8_t {
-    /// They are an error.
-    None,
-    /// The whole file is in code page 1250 (Central European), unless it is UTF-8.
-    Windows1250,
-    /// The whole file is in code page 1252 (Western), unless it is UTF-8.
-    Windows1252
-};
-
 struct TParseOptions {
     /// For messages only.
     String FileName;
@@ -273,7 +276,9 @@ TFormDocument ParseTextForm(std::string_view bytes, const TParseOptions& options
 TFormDocument ParseTextFormFile(const String& fileName, TParseOptions options = {});
 
 /// Writes the customary layout: two blanks a level (never more than 256), strings cut after 64 characters, 32 bytes of
-/// binary data a line. Parsing the result and writing it again gives the same bytes.
+/// binary data a line. Parsing the result and writing it again gives the same bytes, in a code page when it is given to
+/// the parser as fallback. Raises EConvertError when a name has characters that the layout's code page lacks, or when
+/// the bytes would be read as UTF-8.
 std::string WriteTextForm(const TFormDocument& document, const TFormLayout& layout = {});
 
 /// Makes a document from the outside in: every Begin is closed by its End, every property gets exactly one value.

@@ -78,7 +78,16 @@ std::string ReadFormSource(std::string_view bytes, const TParseOptions& options,
         return std::string(bytes);
     if (options.FallbackEncoding == TFallbackEncoding::None || layout.ByteOrderMark)
         Refuse(bytes, sound, options, u"a byte that is not UTF-8; the file may be in a code page");
+    layout.CodePage = options.FallbackEncoding;
     return Convert(bytes, options.FallbackEncoding);
+}
+
+std::optional<char> ToCodePage(char16_t unit, TFallbackEncoding codePage) {
+    for (int byte = unit < 0x80 ? unit : 0x80; byte < 0x100; ++byte) {
+        if (FromCodePage(static_cast<unsigned char>(byte), codePage) == unit)
+            return static_cast<char>(byte);
+    }
+    return std::nullopt;
 }
 
 } // namespace framework

@@ -2,6 +2,7 @@
 
 #include "framework/system/strings.h"
 #include "framework/system/textform.h"
+#include "framework/system/textform_source.h"
 
 #include <algorithm>
 
@@ -66,7 +67,7 @@ private:
 };
 
 std::string TTextFormWriter::Write(const TFormDocument& document) {
-    if (FLayout.ByteOrderMark)
+    if (FLayout.ByteOrderMark && FLayout.CodePage == TFallbackEncoding::None)
         FOut = "\xEF\xBB\xBF";
     Object(document.Root());
     while (!FFrames.empty())
@@ -271,6 +272,8 @@ bool TTextFormWriter::StandsForItself(StringView piece, std::size_t index) const
         return unit >= u' ' && (unit != u'\'' || !FLayout.QuotesAsCodes);
     if (!FLayout.RawText)
         return false;
+    if (FLayout.CodePage != TFallbackEncoding::None)
+        return ToCodePage(unit, FLayout.CodePage).has_value();
     const bool isSurrogate = IsHighSurrogate(unit) || IsLowSurrogate(unit);
     return !isSurrogate || SplitsSurrogates(piece, index) || SplitsSurrogates(piece, index + 1);
 }
@@ -304,10 +307,39 @@ void TTextFormWriter::Name(StringView name) {
         FOut += Utf8Encode(name);
 }
 
+std::string InCodePage(const std::string& text, TFallbackEncoding codePage) {
+    std::string bytes;
+    for (const char16_t unit : Utf8Decode(text)) {
+        const std::optional<char> byte = ToCodePage(unit, codePage);
+        if (!byte)
+            throw EConvertError(u"A name has characters that the code page of the form lacks");
+        bytes += *byte;
+    }
+    return bytes;
+}
+
+bool IsTakenForUtf8(const std::string& bytes) {
+    const bool isAscii =
+        std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) >= 0; });
+    return !isAscii && Utf8SoundLength(bytes) == bytes.size();
+}
+
 } // namespace
 
 std::string WriteTextForm(const TFormDocument& document, const TFormLayout& layout) {
-    return TTextFormWriter(layout).Write(document);
+    std::string text = TTextFormWriter(layout).Write(document);
+    if (layout.CodePage == TFallbackEncoding::None)
+        return text;
+    text = InCodePage(text, layout.CodePage);
+    if (!IsTakenForUtf8(text))
+        return text;
+    // By chance, as a form with hardly any such letters may be.
+    TFormLayout inCodes = layout;
+    inCodes.RawText = false;
+    text = InCodePage(TTextFormWriter(inCodes).Write(document), layout.CodePage);
+    if (IsTakenForUtf8(text))
+        throw EConvertError(u"The form would be read as UTF-8, which it is not");
+    return text;
 }
 
 } // namespace framework

@@ -12,7 +12,9 @@ namespace {
 
 void DemandStable(const TFormDocument& document, const TFormLayout& layout) {
     const std::string written = WriteTextForm(document, layout);
-    const TFormDocument again = ParseTextForm(written);
+    TParseOptions options;
+    options.FallbackEncoding = layout.CodePage;
+    const TFormDocument again = ParseTextForm(written, options);
     if (WriteTextForm(again, layout) != written) {
         std::fprintf(stderr, "not stable:\n%s\n", written.c_str());
         std::abort();

@@ -392,6 +392,32 @@ TEST(TextForm, ReadsUndeclaredCodePagesWhereAllowed) {
     EXPECT_THROW(ParseTextForm("\xEF\xBB\xBF" + bytes, options), EFormSyntax) << "the mark promises UTF-8";
 }
 
+TEST(TextForm, WritesTheCodePageThatItRead) {
+    TParseOptions options;
+    options.FallbackEncoding = TFallbackEncoding::Windows1250;
+    const auto rewritten = [&](const std::string& bytes, TFormLayout layout) {
+        const TFormDocument document = ParseTextForm(bytes, options);
+        layout.CodePage = document.Layout().CodePage;
+        return WriteTextForm(document, layout);
+    };
+    const TFormLayout raw{TFormLineEnd::Lf, false, true, false};
+    const std::string polish = "object \xB3\xF3: TA\n  S = 'za\xBF\xF3\xB3\xE6 \x80'\nend\n";
+    EXPECT_EQ(rewritten(polish, raw), polish);
+    EXPECT_EQ(rewritten(polish, {TFormLineEnd::Lf, true}),
+              "object \xB3\xF3: TA\n  S = 'za'#380#243#322#263' '#8364\nend\n")
+        << "no mark goes with a code page";
+
+    TFormLayout layout = raw;
+    layout.CodePage = TFallbackEncoding::Windows1252;
+    EXPECT_EQ(WriteTextForm(ParseTextForm("object A: T\n  S = 'ó€ł😀'\nend\n"), layout),
+              "object A: T\n  S = '\xF3\x80'#322#55357#56832\nend\n");
+    EXPECT_THROW(WriteTextForm(ParseTextForm("object Łan: T\nend\n"), layout), EConvertError);
+    EXPECT_EQ(WriteTextForm(ParseTextForm("object A: T\n  S = 'Ã³'\nend\n"), layout),
+              "object A: T\n  S = #195#179\nend\n")
+        << "its bytes would be those of another letter in UTF-8";
+    EXPECT_THROW(WriteTextForm(ParseTextForm("object Ãª: T\nend\n"), layout), EConvertError);
+}
+
 TEST(TextForm, WritesStringsInPieces) {
     struct Row {
         const char* Name;
