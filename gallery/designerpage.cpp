@@ -7,13 +7,13 @@
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "framework/windows/latefunction.h"
-#include "framework/windows/memo.h"
 #include "gallery/designsurface.h"
+#include "gallery/files.h"
 #include "gallery/palettelist.h"
 
 #include <commdlg.h>
-#include <filesystem>
-#include <fstream>
+#include <optional>
+#include <utility>
 
 namespace gallery {
 
@@ -23,13 +23,13 @@ const TPageClass page(&TDesignerPage::StaticClass);
 const TPageClass surface(&TDesignSurface::StaticClass);
 const TPageClass palette(&TPaletteList::StaticClass);
 
-constexpr char kNewForm[] = "object Form1: TForm\n"
-                            "  Left = 0\n"
-                            "  Top = 0\n"
-                            "  Caption = 'Form1'\n"
-                            "  ClientHeight = 240\n"
-                            "  ClientWidth = 400\n"
-                            "end\n";
+constexpr char kNewForm[] = "object Form1: TForm\r\n"
+                            "  Left = 0\r\n"
+                            "  Top = 0\r\n"
+                            "  Caption = 'Form1'\r\n"
+                            "  ClientHeight = 240\r\n"
+                            "  ClientWidth = 400\r\n"
+                            "end\r\n";
 
 // Needed when a file is to be chosen, not at each start.
 const TLateFunction<decltype(::GetOpenFileNameW)> getOpenFileName(L"comdlg32.dll", "GetOpenFileNameW");
@@ -58,49 +58,33 @@ struct TDesignWork {
     std::string Text; ///< as of the last step, lines ended by LF
     std::string Kept; ///< the same as it was opened or saved
     String FileName;  ///< empty for one that was never saved
-    bool HasWindowsLines = true;
+    TFormLayout Layout;
+    std::optional<String> View; ///< the text in view that was no form when the page went
 };
 
 TDesignWork& Work() {
-    static TDesignWork work{kNewForm, {}, {}, true};
+    static TDesignWork work{kNewForm, {}, {}, {}, {}};
     return work;
 }
 
-/// Writes all of a file or leaves the old one.
-void ReplaceFile(const String& fileName, const std::string& bytes) {
-    const std::filesystem::path path(fileName);
-    const std::filesystem::path fresh(fileName + u".new");
-    std::ofstream file(fresh, std::ios::binary | std::ios::trunc);
-    const bool isWritten = !file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush().fail();
-    file.close();
-    std::error_code problem;
-    if (isWritten)
-        std::filesystem::rename(fresh, path, problem);
-    if (!isWritten || problem) {
-        std::filesystem::remove(fresh, problem);
-        throw EWriteError(u"Cannot write file " + QuotedStr(fileName));
-    }
-}
-
-String WithWindowsLines(const std::string& text) {
-    return StringReplace(Utf8Decode(text), u"\n", u"\r\n", {rfReplaceAll});
-}
-
-std::string WithPlainLines(const String& text) {
-    return Utf8Encode(StringReplace(text, u"\r\n", u"\n", {rfReplaceAll}));
+/// "customer.dfm".
+String NameOfWork() {
+    const String& file = Work().FileName;
+    return file.empty() ? String(u"the new form") : file.substr(file.find_last_of(u"/\\") + 1);
 }
 
 } // namespace
 
 const TClassInfo& TDesignerPage::StaticClass() {
     using P = TDesignerPage;
-    static const TClassInfo info =
-        DescribeClass<TDesignerPage>(u"TDesignerPage", TForm::StaticClass(), {},
-                                     {Method<&P::PaletteSelect>(u"PaletteSelect"), Method<&P::UndoClick>(u"UndoClick"),
-                                      Method<&P::RedoClick>(u"RedoClick"), Method<&P::CutClick>(u"CutClick"),
-                                      Method<&P::CopyClick>(u"CopyClick"), Method<&P::PasteClick>(u"PasteClick"),
-                                      Method<&P::DeleteClick>(u"DeleteClick"), Method<&P::TextClick>(u"TextClick"),
-                                      Method<&P::OpenClick>(u"OpenClick"), Method<&P::SaveClick>(u"SaveClick")});
+    static const TClassInfo info = DescribeClass<TDesignerPage>(
+        u"TDesignerPage", TForm::StaticClass(), {},
+        {Method<&P::PaletteSelect>(u"PaletteSelect"), Method<&P::UndoClick>(u"UndoClick"),
+         Method<&P::RedoClick>(u"RedoClick"), Method<&P::CutClick>(u"CutClick"), Method<&P::CopyClick>(u"CopyClick"),
+         Method<&P::PasteClick>(u"PasteClick"), Method<&P::DeleteClick>(u"DeleteClick"),
+         Method<&P::TextClick>(u"TextClick"), Method<&P::NewClick>(u"NewClick"), Method<&P::OpenClick>(u"OpenClick"),
+         Method<&P::SaveClick>(u"SaveClick"), Method<&P::SaveAsClick>(u"SaveAsClick"),
+         Method<&P::FileKeyDown>(u"FileKeyDown"), Method<&P::TextMemoChange>(u"TextMemoChange")});
     return info;
 }
 
@@ -114,10 +98,17 @@ void TDesignerPage::Loaded() {
     FSurface->OnChange = [this](TObject* sender) { SurfaceChange(sender); };
     FSurface->OnPlaced = [this](TObject* sender) { SurfacePlaced(sender); };
     FSurface->OnProblem = [this](const String& problem) { Tell(problem); };
+    FSurface->OnKeyDown = [this](TObject* sender, WORD& key, TShiftState shift) { FileKeyDown(sender, key, shift); };
     const bool isNew = Work().Kept.empty();
     FSurface->Open(Work().Text);
     if (isNew)
         Work().Kept = Work().Text;
+    if (const std::optional<String> view = std::exchange(Work().View, std::nullopt)) {
+        ShowText(true);
+        TextMemo().SetText(*view);
+        TextMemo().SetModified(true);
+    }
+    ShowState();
 }
 
 TComponent* TDesignerPage::GetInspected() const {
@@ -141,7 +132,7 @@ void TDesignerPage::SurfaceSelect(TObject*) {
 
 void TDesignerPage::SurfaceChange(TObject*) {
     Work().Text = FSurface->StepText();
-    EnableButtons();
+    ShowState();
     const int count = FSurface->GetForm() ? FSurface->GetForm()->GetComponentCount() : 0;
     String status = IntToStr(count) + (count == 1 ? u" component" : u" components");
     for (const String& note : FSurface->TakeNotes())
@@ -149,9 +140,9 @@ void TDesignerPage::SurfaceChange(TObject*) {
     Tell(status);
 }
 
-/// What works on components has nothing to work on while the form shows as text.
-void TDesignerPage::EnableButtons() {
-    const bool isForm = FSurface->GetVisible();
+/// The buttons and the name of the file. What works on components has nothing to work on while the form shows as text.
+void TDesignerPage::ShowState() {
+    const bool isForm = !ShowsText();
     const auto enable = [this](const char16_t* name, bool enabled) {
         if (auto* button = As<TButton>(FindComponent(name)))
             button->SetEnabled(enabled);
@@ -160,6 +151,8 @@ void TDesignerPage::EnableButtons() {
     enable(u"RedoButton", isForm && FSurface->CanRedo());
     for (const char16_t* name : {u"CutButton", u"CopyButton", u"PasteButton", u"DeleteButton"})
         enable(name, isForm);
+    if (auto* label = As<TLabel>(FindComponent(u"FileLabel")))
+        label->SetText((Work().FileName.empty() ? String() : NameOfWork()) + (IsChanged() ? u" (changed)" : u""));
 }
 
 void TDesignerPage::SurfacePlaced(TObject*) {
@@ -202,86 +195,152 @@ void TDesignerPage::DeleteClick(TObject*) {
     OnSurface(&TDesignSurface::DeleteSelected);
 }
 
+TMemo& TDesignerPage::TextMemo() const {
+    return *As<TMemo>(FindComponent(u"TextMemo"));
+}
+
+bool TDesignerPage::ShowsText() const {
+    return !FSurface->GetVisible();
+}
+
 void TDesignerPage::ShowText(bool asText) {
-    auto* memo = As<TMemo>(FindComponent(u"TextMemo"));
-    auto* button = As<TButton>(FindComponent(u"TextButton"));
-    if (!memo || !button)
-        return;
-    memo->SetVisible(asText);
-    FSurface->SetVisible(!asText);
-    button->SetText(asText ? u"&Form" : u"&Text");
-    EnableButtons();
     if (asText) {
-        memo->SetText(WithWindowsLines(FSurface->FormText()));
-        memo->SetModified(false);
-        memo->SetFocus();
-    } else {
-        FSurface->SetFocus();
+        TFormLayout layout;
+        layout.RawText = true; // letters are easier to read than codes
+        TextMemo().SetText(Utf8Decode(FSurface->FormText(layout)));
+        TextMemo().SetModified(false);
     }
+    TextMemo().SetVisible(asText);
+    FSurface->SetVisible(!asText);
+    if (auto* button = As<TButton>(FindComponent(u"TextButton")))
+        button->SetText(asText ? u"&Form" : u"Te&xt");
+    ShowState();
 }
 
 /// Makes the text in view the form; false when it is none. It stays then, to be corrected.
 bool TDesignerPage::TakeText() {
-    auto* memo = As<TMemo>(FindComponent(u"TextMemo"));
-    if (FSurface->GetVisible() || !memo || !memo->GetModified())
+    if (!ShowsText() || !TextMemo().GetModified())
         return true;
-    const bool taken = FSurface->Try([&] { FSurface->Replace(WithPlainLines(memo->GetText())); });
-    memo->SetModified(!taken);
+    const bool taken = FSurface->Try([this] { FSurface->Replace(Utf8Encode(TextMemo().GetText())); });
+    TextMemo().SetModified(!taken);
     return taken;
 }
 
 void TDesignerPage::TextClick(TObject*) {
-    if (FSurface->GetVisible())
-        FSurface->Try([this] { ShowText(true); });
-    else if (TakeText())
+    if (ShowsText() && TakeText()) {
         ShowText(false);
+        FSurface->SetFocus();
+    } else if (!ShowsText() && FSurface->Try([this] { ShowText(true); })) {
+        TextMemo().SetFocus();
+    }
+}
+
+void TDesignerPage::TextMemoChange(TObject*) {
+    if (FSurface)
+        ShowState();
 }
 
 // Files
 
 bool TDesignerPage::IsChanged() const {
-    const auto* memo = As<TMemo>(FindComponent(u"TextMemo"));
-    return Work().Text != Work().Kept || (memo && memo->GetVisible() && memo->GetModified());
+    return Work().Text != Work().Kept || Work().View || (ShowsText() && TextMemo().GetModified());
 }
 
-bool TDesignerPage::MayLeave() {
-    return !IsChanged() || TheApplication().MessageDialog(u"The form was changed. Discard the changes?", u"Designer",
-                                                          MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+bool TDesignerPage::AskToSave(const String& note) {
+    if (!IsChanged())
+        return true;
+    const String question = u"Save the changes to " + NameOfWork() + u"?" + note;
+    switch (TheApplication().MessageDialog(question, u"Designer", MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return Save();
+    case IDNO:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TDesignerPage::MayLeave(bool forGood) {
+    if (!AskToSave(forGood ? u"" : u"\n\nUnsaved, it stays in work until the gallery is closed."))
+        return false;
+    // A text that is no form waits as it is.
+    if (!TakeText())
+        Work().View = TextMemo().GetText();
+    return true;
+}
+
+/// Shows the form that a file holds, or the new one without a file's name.
+void TDesignerPage::Begin(const std::string& bytes, const String& fileName) {
+    const TFormLayout layout = FSurface->Open(bytes);
+    Work() = {Work().Text, Work().Text, fileName, layout, std::nullopt};
+    ShowText(false);
 }
 
 bool TDesignerPage::OpenFile(const String& fileName) {
-    return FSurface->Try([&] {
-        const std::string bytes = ReadFileBytes(fileName);
-        FSurface->Open(bytes);
-        Work().Kept = Work().Text;
-        Work().FileName = fileName;
-        Work().HasWindowsLines = bytes.find("\r\n") != std::string::npos;
-        ShowText(false);
-    });
+    return FSurface->Try([&] { Begin(ReadFileBytes(fileName), fileName); });
 }
 
 bool TDesignerPage::SaveFile(const String& fileName) {
     return TakeText() && FSurface->Try([&] {
-        const std::string text = FSurface->FormText();
-        ReplaceFile(fileName, Work().HasWindowsLines ? Utf8Encode(WithWindowsLines(text)) : text);
-        Work().Kept = Work().Text = text;
-        Work().FileName = fileName;
-        Tell(u"Saved as " + fileName);
+        TFormLayout layout = Work().Layout;
+        String note;
+        std::string bytes;
+        try {
+            bytes = FSurface->FormText(layout);
+        } catch (const EConvertError&) {
+            layout.CodePage = TFallbackEncoding::None;
+            layout.ByteOrderMark = true;
+            bytes = FSurface->FormText(layout);
+            note = u" in UTF-8: its code page lacks letters of a name";
+        }
+        ReplaceFileBytes(fileName, bytes);
+        Work() = {FSurface->FormText(), FSurface->FormText(), fileName, layout, std::nullopt};
+        ShowState();
+        Tell(u"Saved as " + fileName + note);
     });
 }
 
+bool TDesignerPage::Save() {
+    return Work().FileName.empty() ? SaveAs() : SaveFile(Work().FileName);
+}
+
+bool TDesignerPage::SaveAs() {
+    if (!TakeText()) // before a file is asked for
+        return false;
+    const std::optional<String> file = AskForFile(GetParentForm(this)->GetHandle(), true, Work().FileName);
+    return file && SaveFile(*file);
+}
+
+void TDesignerPage::NewClick(TObject*) {
+    if (AskToSave())
+        FSurface->Try([this] { Begin(kNewForm, {}); });
+}
+
 void TDesignerPage::OpenClick(TObject*) {
-    if (!MayLeave())
+    if (!AskToSave())
         return;
     if (const std::optional<String> file = AskForFile(GetParentForm(this)->GetHandle(), false, {}))
         OpenFile(*file);
 }
 
 void TDesignerPage::SaveClick(TObject*) {
-    if (!TakeText())
+    Save();
+}
+
+void TDesignerPage::SaveAsClick(TObject*) {
+    SaveAs();
+}
+
+void TDesignerPage::FileKeyDown(TObject* sender, WORD& key, TShiftState shift) {
+    if (shift != TShiftState{ssCtrl} || (key != 'N' && key != 'O' && key != 'S'))
         return;
-    if (const std::optional<String> file = AskForFile(GetParentForm(this)->GetHandle(), true, Work().FileName))
-        SaveFile(*file);
+    const WORD pressed = std::exchange(key, WORD{0});
+    if (pressed == 'N')
+        NewClick(sender);
+    else if (pressed == 'O')
+        OpenClick(sender);
+    else
+        SaveClick(sender);
 }
 
 } // namespace gallery

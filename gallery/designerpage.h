@@ -4,6 +4,7 @@
 // form that programs load.
 
 #include "framework/windows/forms.h"
+#include "framework/windows/memo.h"
 #include "gallery/pages.h"
 
 namespace gallery {
@@ -19,14 +20,16 @@ public:
 
     TComponent* GetInspected() const override;
     void InspectorWritten() override;
-    bool MayLeave() override;
+    bool MayLeave(bool forGood) override;
+    bool IsUnsaved() const override { return IsChanged(); }
 
     /// Shows the form of a file. False, with the reason in the status line, when that cannot be done; the form before
     /// stays then.
     bool OpenFile(const String& fileName);
-    /// Writes what shows, form or text, with the line ends of the file that was opened; false when it could not.
+    /// Writes what shows, form or text, in the layout and the encoding of the file that was opened; false, with the
+    /// reason in the status line, when it could not.
     bool SaveFile(const String& fileName);
-    /// Whether something would be lost by opening another form.
+    /// Whether something differs from the file, or from the new form.
     bool IsChanged() const;
 
 protected:
@@ -45,14 +48,25 @@ private:
     void PasteClick(TObject* sender);
     void DeleteClick(TObject* sender);
     void TextClick(TObject* sender);
+    void TextMemoChange(TObject* sender);
+    void NewClick(TObject* sender);
     void OpenClick(TObject* sender);
     void SaveClick(TObject* sender);
+    void SaveAsClick(TObject* sender);
+    void FileKeyDown(TObject* sender, WORD& key, TShiftState shift);
 
     void OnSurface(void (TDesignSurface::*action)());
     void Tell(const String& text);
+    TMemo& TextMemo() const;
+    bool ShowsText() const;
     void ShowText(bool asText);
     bool TakeText();
-    void EnableButtons();
+    void ShowState();
+    void Begin(const std::string& bytes, const String& fileName);
+    bool Save();
+    bool SaveAs();
+    /// Whether the present form may go: it is saved now, or the person does not want it to be.
+    bool AskToSave(const String& note = {});
 
     TPaletteList* FPalette = nullptr;
     TDesignSurface* FSurface = nullptr;

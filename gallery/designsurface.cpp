@@ -104,7 +104,7 @@ TDesignSurface::~TDesignSurface() {
 
 // The form
 
-void TDesignSurface::Show(const std::string& text, const TShowing& how) {
+TFormLayout TDesignSurface::Show(const std::string& text, const TShowing& how) {
     TParseOptions parsing;
     parsing.FallbackEncoding = TFallbackEncoding::Windows1250; // what designers of this part of the world wrote
     std::vector<String> notes;
@@ -118,7 +118,8 @@ void TDesignSurface::Show(const std::string& text, const TShowing& how) {
         notes.push_back((component ? component->GetName() + u": " : String()) + Utf8Decode(e.what()));
     });
     const TAtScopeEnd restored(TheApplication(), [&] { TheApplication().OnException = std::move(others); });
-    std::unique_ptr<TDesignForm> form = TDesignForm::Load(ParseTextForm(text, parsing), FHost.get(), loading);
+    const TFormDocument document = ParseTextForm(text, parsing);
+    std::unique_ptr<TDesignForm> form = TDesignForm::Load(document, FHost.get(), loading);
     FNotes = std::move(notes);
     Select({});
     form->SetBounds(0, 0, form->GetWidth(), form->GetHeight());
@@ -132,13 +133,15 @@ void TDesignSurface::Show(const std::string& text, const TShowing& how) {
             found.push_back(component);
     }
     Select(std::move(found));
+    return document.Layout();
 }
 
-void TDesignSurface::Open(const std::string& text) {
-    Show(text, {{}});
+TFormLayout TDesignSurface::Open(const std::string& text) {
+    const TFormLayout layout = Show(text, {{}});
     FHistory.Begin(FormText());
     if (OnChange)
         OnChange(this);
+    return layout;
 }
 
 void TDesignSurface::Replace(const std::string& text) {
@@ -149,6 +152,10 @@ void TDesignSurface::Replace(const std::string& text) {
 std::string TDesignSurface::FormText() const {
     TFormLayout layout;
     layout.LineEnd = TFormLineEnd::Lf;
+    return FormText(layout);
+}
+
+std::string TDesignSurface::FormText(const TFormLayout& layout) const {
     return FForm ? WriteTextForm(SaveTextForm(*FForm), layout) : std::string();
 }
 

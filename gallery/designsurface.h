@@ -32,13 +32,15 @@ public:
     explicit TDesignSurface(TComponent* owner);
     ~TDesignSurface() override;
 
-    /// Shows another form and forgets the steps before. Raises what ParseTextForm and LoadTextForm raise; then the form
-    /// stays.
-    void Open(const std::string& text);
-    /// The same as a step that can be undone.
+    /// Shows another form, forgets the steps before and answers the layout of the text. Raises what ParseTextForm and
+    /// LoadTextForm raise; then the form stays.
+    TFormLayout Open(const std::string& text);
+    /// Shows another form as a step that can be undone.
     void Replace(const std::string& text);
     /// The text of the form, lines ended by LF.
     std::string FormText() const;
+    /// The same in another layout. Raises what WriteTextForm raises.
+    std::string FormText(const TFormLayout& layout) const;
 
     /// The same as of the last step.
     const std::string& StepText() const { return FHistory.Present(); }
@@ -86,7 +88,7 @@ private:
         bool LeaveOutReferences = false; ///< those that lead nowhere, instead of refusing the form
     };
 
-    void Show(const std::string& text, const TShowing& how);
+    TFormLayout Show(const std::string& text, const TShowing& how);
     void FitHost();
     TPoint OnForm(int x, int y) const { return {x - FHost->GetLeft(), y - FHost->GetTop()}; }
     TRect OnSurface(const TRect& rect) const { return rect.Offset(FHost->GetLeft(), FHost->GetTop()); }

@@ -13,6 +13,10 @@ String ProgramFolder();
 /// EFormSyntax, whose message tells file, line and column, and EFOpenError.
 TFormDocument ParseFormFile(const String& fileName);
 
+/// Writes a file or, with EWriteError, leaves the one that is there as it was: what is written goes to a file of its
+/// own first, which then takes the place (ReplaceFileW, MoveFileExW).
+void ReplaceFileBytes(const String& fileName, std::string_view bytes);
+
 /// A form from a text form. Its root is of the class that the file names, if that is registered, and a stand-in for it
 /// otherwise.
 /// Raises what ParseFormFile and the loader raise; the messages tell file, line and column.

@@ -41,6 +41,8 @@ public:
     /// Why the last value was not taken; empty when it was.
     const String& GetProblem() const { return FProblem; }
 
+    /// Writes what is being typed.
+    void FinishEdit() { EndEdit(true); }
     /// Shows values that changed meanwhile. Cheap when none did.
     void RefreshValues();
 

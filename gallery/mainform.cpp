@@ -69,8 +69,25 @@ void TGalleryForm::SetPageIndex(int value) {
 
 void TGalleryForm::PageListSelect(TObject*) {
     const int index = GetPageIndex();
-    if (index >= 0)
-        ShowPage(LoadFormFile(FPages[static_cast<std::size_t>(index)].FormFile));
+    if (index < 0 || index == FPageIndex)
+        return;
+    if (!MayLeavePage(false)) {
+        FPageList->SetItemIndex(FPageIndex);
+        return;
+    }
+    ShowPage(LoadFormFile(FPages[static_cast<std::size_t>(index)].FormFile));
+    FPageIndex = index;
+}
+
+bool TGalleryForm::MayLeavePage(bool forGood) {
+    TInspectionSource* source = InspectionSource();
+    if (!source)
+        return true;
+    FInspector->FinishEdit();
+    if (!source->MayLeave(forGood))
+        return false;
+    FUnsavedPage = source->IsUnsaved() ? FPageIndex : -1;
+    return true;
 }
 
 void TGalleryForm::ShowFile(const String& fileName) {
@@ -119,8 +136,10 @@ TComponent* TGalleryForm::FindByName(StringView name) const {
 }
 
 bool TGalleryForm::CloseQuery() {
-    TInspectionSource* source = InspectionSource();
-    return (!source || source->MayLeave()) && TForm::CloseQuery();
+    // What was left unsaved on another page is asked about there, where it shows.
+    if (FUnsavedPage >= 0 && FUnsavedPage != FPageIndex)
+        SetPageIndex(FUnsavedPage);
+    return MayLeavePage(true) && TForm::CloseQuery();
 }
 
 // Inspector and log

@@ -54,6 +54,8 @@ private:
     /// Ctrl and a click inspect whatever lies under the mouse, also what cannot have the focus.
     void InspectUnderMouse(MSG& message, bool& handled);
     void Inspect(TComponent* component);
+    /// Asks the page that shows; true when it lets go.
+    bool MayLeavePage(bool forGood);
     /// The page, if it says itself what is inspected; null otherwise.
     TInspectionSource* InspectionSource() const;
 
@@ -63,6 +65,8 @@ private:
     TPageArea* FPageArea = nullptr;
     TEventHooks FHooks;
     std::vector<TPage> FPages;
+    int FPageIndex = -1;   // of the page that shows
+    int FUnsavedPage = -1; // a page that was left with something unsaved
     std::unique_ptr<TCustomForm> FPage;
 };
 

@@ -28,8 +28,10 @@ public:
     virtual TComponent* GetInspected() const = 0;
     /// The inspector has written a property.
     virtual void InspectorWritten() = 0;
-    /// Asked before the program ends; may ask the person.
-    virtual bool MayLeave() { return true; }
+    /// Asked before another page shows, or with `forGood` before the program ends; may ask the person. False to stay.
+    virtual bool MayLeave(bool /*forGood*/) { return true; }
+    /// Whether the page keeps something that is not saved, and would be lost with the program.
+    virtual bool IsUnsaved() const { return false; }
 };
 
 /// Contributes a form class: `const TPageClass registered(&TNumbersPage::StaticClass);`

@@ -23,86 +23,104 @@ object DesignerPage: TDesignerPage
     BevelOuter = bvNone
     ShowCaption = False
     TabOrder = 0
-    object UndoButton: TButton
+    object NewButton: TButton
       Left = 8
       Top = 7
-      Width = 66
+      Width = 50
       Height = 26
-      Caption = '&Undo'
+      Caption = '&New'
       TabOrder = 0
-      OnClick = UndoClick
-    end
-    object RedoButton: TButton
-      Left = 78
-      Top = 7
-      Width = 66
-      Height = 26
-      Caption = '&Redo'
-      TabOrder = 1
-      OnClick = RedoClick
-    end
-    object CutButton: TButton
-      Left = 160
-      Top = 7
-      Width = 66
-      Height = 26
-      Caption = 'Cu&t'
-      TabOrder = 2
-      OnClick = CutClick
-    end
-    object CopyButton: TButton
-      Left = 230
-      Top = 7
-      Width = 66
-      Height = 26
-      Caption = '&Copy'
-      TabOrder = 3
-      OnClick = CopyClick
-    end
-    object PasteButton: TButton
-      Left = 300
-      Top = 7
-      Width = 66
-      Height = 26
-      Caption = '&Paste'
-      TabOrder = 4
-      OnClick = PasteClick
-    end
-    object DeleteButton: TButton
-      Left = 370
-      Top = 7
-      Width = 66
-      Height = 26
-      Caption = '&Delete'
-      TabOrder = 5
-      OnClick = DeleteClick
-    end
-    object TextButton: TButton
-      Left = 452
-      Top = 7
-      Width = 66
-      Height = 26
-      Caption = 'Te&xt'
-      TabOrder = 6
-      OnClick = TextClick
+      OnClick = NewClick
     end
     object OpenButton: TButton
-      Left = 522
+      Left = 62
       Top = 7
-      Width = 66
+      Width = 62
       Height = 26
       Caption = '&Open'#8230
-      TabOrder = 7
+      TabOrder = 1
       OnClick = OpenClick
     end
     object SaveButton: TButton
-      Left = 592
+      Left = 128
       Top = 7
-      Width = 66
+      Width = 52
       Height = 26
-      Caption = '&Save'#8230
-      TabOrder = 8
+      Caption = '&Save'
+      TabOrder = 2
       OnClick = SaveClick
+    end
+    object SaveAsButton: TButton
+      Left = 184
+      Top = 7
+      Width = 74
+      Height = 26
+      Caption = 'Save &as'#8230
+      TabOrder = 3
+      OnClick = SaveAsClick
+    end
+    object UndoButton: TButton
+      Left = 270
+      Top = 7
+      Width = 54
+      Height = 26
+      Caption = '&Undo'
+      TabOrder = 4
+      OnClick = UndoClick
+    end
+    object RedoButton: TButton
+      Left = 328
+      Top = 7
+      Width = 54
+      Height = 26
+      Caption = '&Redo'
+      TabOrder = 5
+      OnClick = RedoClick
+    end
+    object CutButton: TButton
+      Left = 394
+      Top = 7
+      Width = 46
+      Height = 26
+      Caption = 'Cu&t'
+      TabOrder = 6
+      OnClick = CutClick
+    end
+    object CopyButton: TButton
+      Left = 444
+      Top = 7
+      Width = 54
+      Height = 26
+      Caption = '&Copy'
+      TabOrder = 7
+      OnClick = CopyClick
+    end
+    object PasteButton: TButton
+      Left = 502
+      Top = 7
+      Width = 54
+      Height = 26
+      Caption = '&Paste'
+      TabOrder = 8
+      OnClick = PasteClick
+    end
+    object DeleteButton: TButton
+      Left = 560
+      Top = 7
+      Width = 58
+      Height = 26
+      Caption = '&Delete'
+      TabOrder = 9
+      OnClick = DeleteClick
+    end
+    object TextButton: TButton
+      Left = 630
+      Top = 7
+      Width = 52
+      Height = 26
+      Caption = 'Te&xt'
+      TabOrder = 10
+      OnClick = TextClick
     end
   end
   object StatusPanel: TPanel
@@ -117,9 +135,19 @@ object DesignerPage: TDesignerPage
     object StatusLabel: TLabel
       Left = 8
       Top = 6
-      Width = 740
-      Height = 13
+      Width = 520
+      Height = 15
       Anchors = [akLeft, akTop, akRight]
+      AutoSize = False
+      ShowAccelChar = False
+    end
+    object FileLabel: TLabel
+      Left = 540
+      Top = 6
+      Width = 212
+      Height = 15
+      Alignment = taRightJustify
+      Anchors = [akTop, akRight]
       AutoSize = False
       ShowAccelChar = False
     end
@@ -157,5 +185,7 @@ object DesignerPage: TDesignerPage
     TabOrder = 4
     Visible = False
     WordWrap = False
+    OnKeyDown = FileKeyDown
+    OnChange = TextMemoChange
   end
 end

@@ -53,7 +53,7 @@ void TBoxReader::Look() {
     Seen.push_back(message);
     if (OnBox)
         OnBox();
-    PostMessageW(box, WM_COMMAND, IDOK, 0);
+    PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(Answer), 0);
 }
 
 } // namespace testsupport

@@ -1,6 +1,6 @@
 #pragma once
 
-// A person who reads message boxes and presses Enter.
+// A person who reads message boxes and presses a button.
 
 #include "framework/graphics/win32.h"
 #include "framework/windows/timer.h"
@@ -25,6 +25,8 @@ public:
     TBoxReader();
 
     std::vector<TMessageBox> Seen;
+    /// The button that is pressed: ID...
+    int Answer = IDOK;
     /// Called before a box is answered.
     std::function<void()> OnBox;
 

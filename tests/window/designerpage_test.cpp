@@ -18,6 +18,7 @@
 #include "gallery/pagelist.h"
 #include "gallery/palettelist.h"
 #include "tests/support/input.h"
+#include "tests/support/messageboxes.h"
 #include "zor.h"
 
 #include <gtest/gtest.h>
@@ -44,11 +45,7 @@ protected:
 
     DesignerPage() : Window(ShowForm()) {
         Window->SetBounds(0, 0, 800, 620);
-        auto page = CreateFromTextForm(ReadFileBytes(u"gallery/forms/designer.dfm"), nullptr);
-        Page.reset(As<TDesignerPage>(page.release()));
-        Page->SetBorderStyle(framework::bsNone);
-        Page->SetParent(Window.get());
-        Page->SetVisible(true);
+        Page = MakePage();
         Surface = As<TDesignSurface>(Page->FindComponent(u"Surface"));
         Palette = As<TPaletteList>(Page->FindComponent(u"Palette"));
         Folder = std::filesystem::temp_directory_path() / ("designer" + std::to_string(GetCurrentProcessId()));
@@ -59,6 +56,14 @@ protected:
         std::filesystem::remove_all(Folder, ignored);
     }
 
+    std::unique_ptr<TDesignerPage> MakePage() const {
+        auto loaded = CreateFromTextForm(ReadFileBytes(u"gallery/forms/designer.dfm"), nullptr);
+        std::unique_ptr<TDesignerPage> page(As<TDesignerPage>(loaded.release()));
+        page->SetBorderStyle(framework::bsNone);
+        page->SetParent(Window.get());
+        page->SetVisible(true);
+        return page;
+    }
     template <class T>
     T& Part(const char16_t* name) const {
         return *As<T>(Page->FindComponent(name));
@@ -274,6 +279,101 @@ TEST_F(DesignerPage, SavesTheTextThatIsInView) {
     EXPECT_EQ(Saved(), "not saved");
     EXPECT_EQ(ReadFileBytes(FileOf("saved.dfm")), saved);
     EXPECT_NE(Status().find(u"(1,1)"), String::npos) << Utf8Encode(Status());
+}
+
+TEST_F(DesignerPage, SavesInTheLayoutAndTheEncodingOfTheFile) {
+    ASSERT_TRUE(OpenText("object Form1: TForm\n  Caption = 'Za\xC5\xBC\xC3\xB3\xC5\x82\xC4\x87'\nend\n"));
+    const TFormDocument form = ParseTextForm(Saved());
+    const TFormLineEnd lf = TFormLineEnd::Lf;
+    for (const TFormLayout& layout :
+         {TFormLayout{lf, false, true}, TFormLayout{lf, true, true}, TFormLayout{TFormLineEnd::CrLf, false, false},
+          TFormLayout{TFormLineEnd::CrLf, false, true, false, TFallbackEncoding::Windows1250}}) {
+        const std::string bytes = WriteTextForm(form, layout);
+        ASSERT_TRUE(OpenText(bytes)) << Utf8Encode(Status());
+        EXPECT_EQ(Saved(), bytes);
+    }
+    // Still the code page: a letter that it lacks becomes a code, and only a name makes UTF-8 of it, which is told.
+    const auto write = [&](const char16_t* property, const char16_t* value) {
+        WriteRow(*FindRow(*Surface->GetForm(), property), value);
+        Surface->NoteChange();
+        return Saved();
+    };
+    EXPECT_NE(write(u"Caption", u"\u0141\u00F3d\u017A \u03A9")
+                  .find("'\xA3\xF3"
+                        "d\x9F '#937"),
+              std::string::npos);
+    EXPECT_EQ(Status().find(u"UTF-8"), String::npos);
+    EXPECT_TRUE(write(u"Name", u"\u03A9").starts_with("\xEF\xBB\xBFobject \xCE\xA9: TForm\r\n"));
+    EXPECT_NE(Status().find(u"in UTF-8"), String::npos) << Utf8Encode(Status());
+}
+
+TEST_F(DesignerPage, KeepsTheOldFileWhenWritingFails) {
+    ASSERT_TRUE(OpenText(kLinked));
+    const std::string before = ReadFileBytes(FileOf("opened.dfm"));
+    WriteRow(*FindRow(*Surface->GetForm(), u"Caption"), u"Changed");
+    Surface->NoteChange();
+    const HANDLE held = CreateFileW(std::filesystem::path(FileOf("opened.dfm")).c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(Page->SaveFile(FileOf("opened.dfm")));
+    EXPECT_NE(Status().find(u"Cannot write file"), String::npos) << Utf8Encode(Status());
+    CloseHandle(held);
+    EXPECT_FALSE(Page->SaveFile(FileOf("nowhere/saved.dfm")));
+    EXPECT_EQ(ReadFileBytes(FileOf("opened.dfm")), before);
+    EXPECT_TRUE(Page->IsChanged());
+    for (const auto& each : std::filesystem::directory_iterator(Folder))
+        EXPECT_EQ(each.path().filename(), "opened.dfm") << "left of an attempt";
+    EXPECT_TRUE(Page->SaveFile(FileOf("opened.dfm"))) << Utf8Encode(Status());
+    EXPECT_FALSE(Page->IsChanged());
+    EXPECT_NE(ReadFileBytes(FileOf("opened.dfm")).find("'Changed'"), std::string::npos);
+}
+
+TEST_F(DesignerPage, AsksBeforeAChangedFormGoes) {
+    TBoxReader boxes;
+    ASSERT_TRUE(OpenText("object Form1: TForm\nend\n"));
+    EXPECT_TRUE(Page->MayLeave(true));
+    EXPECT_TRUE(boxes.Seen.empty()) << "nothing was changed";
+    WriteRow(*FindRow(*Surface->GetForm(), u"Caption"), u"Changed");
+    Surface->NoteChange();
+    const std::string changed = Surface->FormText();
+
+    boxes.Answer = IDCANCEL;
+    EXPECT_FALSE(Page->MayLeave(true));
+    Click(u"NewButton");
+    ASSERT_EQ(boxes.Seen.size(), 2U);
+    EXPECT_EQ(boxes.Seen[0].Text, u"Save the changes to opened.dfm?");
+    EXPECT_EQ(Surface->FormText(), changed) << "no new form";
+
+    boxes.Answer = IDNO;
+    EXPECT_TRUE(Page->MayLeave(false));
+    EXPECT_TRUE(Page->IsUnsaved()) << "it stays in work";
+    EXPECT_EQ(ReadFileBytes(FileOf("opened.dfm")).find("Changed"), std::string::npos);
+
+    // A text in view that is no form is neither saved nor lost.
+    Click(u"TextButton");
+    Part<TMemo>(u"TextMemo").SetText(u"oops");
+    Part<TMemo>(u"TextMemo").SetModified(true);
+    boxes.Answer = IDYES;
+    EXPECT_FALSE(Page->MayLeave(false));
+    EXPECT_NE(Status().find(u"(1,1)"), String::npos) << Utf8Encode(Status());
+    boxes.Answer = IDNO;
+    EXPECT_TRUE(Page->MayLeave(false));
+    Page->SetParent(nullptr);
+    Page = MakePage();
+    EXPECT_EQ(Part<TMemo>(u"TextMemo").GetText(), u"oops");
+    Surface = As<TDesignSurface>(Page->FindComponent(u"Surface"));
+    EXPECT_EQ(Surface->FormText(), changed);
+
+    boxes.Answer = IDYES;
+    Part<TMemo>(u"TextMemo").SetText(Utf8Decode(changed));
+    Part<TMemo>(u"TextMemo").SetModified(true);
+    EXPECT_TRUE(Page->MayLeave(true));
+    EXPECT_FALSE(Page->IsUnsaved());
+    EXPECT_NE(ReadFileBytes(FileOf("opened.dfm")).find("'Changed'"), std::string::npos);
+    boxes.Seen.clear();
+    Click(u"NewButton");
+    EXPECT_TRUE(boxes.Seen.empty());
+    EXPECT_EQ(Surface->GetForm()->GetText(), u"Form1");
 }
 
 TEST_F(DesignerPage, EndsADragThatIsTakenAwayAsAStep) {
