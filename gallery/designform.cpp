@@ -8,6 +8,7 @@ namespace gallery {
 namespace {
 
 constexpr TColor kGridDot = 0xB8B8B8;
+constexpr int kTileSize = 16 * DesignGrid; // pixels
 
 } // namespace
 
@@ -32,13 +33,31 @@ void TDesignForm::Resize() {
         OnSized(this);
 }
 
+/// A piece of the ground with its dots.
+std::unique_ptr<TBitmap> TDesignForm::MakeTile() const {
+    auto tile = std::make_unique<TBitmap>(kTileSize, kTileSize);
+    TCanvas& canvas = *tile->GetCanvas();
+    canvas.GetBrush()->SetColor(GetColor());
+    canvas.FillRect({0, 0, kTileSize, kTileSize});
+    for (int y = 0; y < kTileSize; y += DesignGrid) {
+        for (int x = 0; x < kTileSize; x += DesignGrid)
+            canvas.SetPixel(x, y, kGridDot);
+    }
+    return tile;
+}
+
 void TDesignForm::Paint() {
     TStandInForm::Paint();
+    if (const std::uint32_t color = ColorToRGB(GetColor()); !FTile || FTileColor != color) {
+        FTile = MakeTile();
+        FTileColor = color;
+    }
+    // Dot by dot a large form takes too long to follow the mouse.
     TCanvas& canvas = *GetCanvas();
-    const TRect area = GetClientRect();
-    for (int y = 0; y < area.Bottom; y += DesignGrid) {
-        for (int x = 0; x < area.Right; x += DesignGrid)
-            canvas.SetPixel(x, y, kGridDot);
+    const TRect clip = canvas.GetClipRect();
+    for (int y = clip.Top / kTileSize * kTileSize; y < clip.Bottom; y += kTileSize) {
+        for (int x = clip.Left / kTileSize * kTileSize; x < clip.Right; x += kTileSize)
+            canvas.Draw(x, y, FTile.get());
     }
 }
 

@@ -3,6 +3,7 @@
 // The form on the designer's surface: it shows the grid, knows its place on the screen without being there, and is
 // written to a text form as the program that it belongs to would write it.
 
+#include "framework/graphics/bitmaps.h"
 #include "framework/system/formloader.h"
 #include "gallery/standinform.h"
 
@@ -29,8 +30,11 @@ protected:
 
 private:
     explicit TDesignForm(const TFormObject& form);
+    std::unique_ptr<TBitmap> MakeTile() const;
 
     TPoint FScreenPlace;
+    std::unique_ptr<TBitmap> FTile;
+    std::uint32_t FTileColor = 0;
 };
 
 } // namespace gallery

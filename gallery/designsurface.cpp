@@ -21,6 +21,8 @@ constexpr int kCaptionHeight = 28;
 constexpr int kScrollStep = 24; // pixels
 constexpr int kIconSize = 28;   // of a component that a program does not show
 constexpr int kDragThreshold = 4;
+constexpr int kDragScrollMilliseconds = 30;
+constexpr int kMostDragScroll = 32; // pixels each time
 constexpr TColor kMark = 0xDD9746;
 constexpr TColor kOtherMark = 0x909090;
 
@@ -94,6 +96,9 @@ TDesignSurface::TDesignSurface(TComponent* owner) : TScrollingWinControl(owner),
     FHost->SetControlStyle(FControlStyle);
     FHost->SetEnabled(false);
     FHost->SetParent(this);
+    FScrollTimer.SetEnabled(false);
+    FScrollTimer.SetInterval(kDragScrollMilliseconds);
+    FScrollTimer.OnTimer = [this](TObject*) { ScrollDragged(); };
 }
 
 TDesignSurface::~TDesignSurface() {
@@ -474,10 +479,27 @@ void TDesignSurface::MouseMove(TShiftState shift, int x, int y) {
     TScrollingWinControl::MouseMove(shift, x, y);
     if (FDrag == TDrag::None)
         return;
-    FDragPoint = OnForm(x, y);
+    DragOn({x, y});
+    FScrollTimer.SetEnabled(!GetClientRect().Contains({x, y}));
+}
+
+void TDesignSurface::DragOn(TPoint pointer) {
+    FPointer = pointer;
+    FDragPoint = OnForm(pointer.X, pointer.Y);
     if (std::abs(FDragPoint.X - FDragStart.X) >= kDragThreshold ||
         std::abs(FDragPoint.Y - FDragStart.Y) >= kDragThreshold)
         DragTo(FDragPoint);
+}
+
+/// The farther the mouse is beyond an edge, the faster.
+void TDesignSurface::ScrollDragged() {
+    const auto scroll = [](TControlScrollBar& bar, int pointer, int extent) {
+        const int beyond = pointer < 0 ? pointer : std::max(0, pointer - extent + 1);
+        bar.SetPosition(bar.GetPosition() + std::clamp(beyond, -kMostDragScroll, kMostDragScroll));
+    };
+    scroll(*GetHorzScrollBar(), FPointer.X, GetClientWidth());
+    scroll(*GetVertScrollBar(), FPointer.Y, GetClientHeight());
+    DragOn(FPointer);
 }
 
 void TDesignSurface::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
@@ -488,6 +510,7 @@ void TDesignSurface::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 
 void TDesignSurface::EndDrag() {
     const TDrag drag = std::exchange(FDrag, TDrag::None);
+    FScrollTimer.SetEnabled(false);
     if (drag == TDrag::Choose)
         ChooseInFrame();
     else

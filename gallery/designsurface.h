@@ -3,11 +3,12 @@
 // The surface of the form designer: a form in design state on which components are placed, chosen, moved and sized.
 //
 // A click chooses, with Shift it adds or takes away; dragging moves, the grips size, dragging on an empty part chooses
-// what the frame touches. Arrows move by a cell of the grid, with Ctrl by a pixel, with Shift they size by a pixel; Tab
-// goes on to the next component and from the last one out of the surface, Esc to the container, Del deletes; Ctrl+A, C,
-// X, V, Z and Y as everywhere.
+// what the frame touches. What is dragged beyond an edge of the surface scrolls it. Arrows move by a cell of the grid,
+// with Ctrl by a pixel, with Shift they size by a pixel; Tab goes on to the next component and from the last one out of
+// the surface, Esc to the container, Del deletes; Ctrl+A, C, X, V, Z and Y as everywhere.
 
 #include "framework/windows/scrollbox.h"
+#include "framework/windows/timer.h"
 #include "gallery/designer_rules.h"
 #include "gallery/designform.h"
 #include "gallery/rowlist.h"
@@ -104,6 +105,9 @@ private:
     void MoveBy(TComponent& component, TPoint distance);
     void PlaceTool(TPoint point);
     void DragTo(TPoint point);
+    /// The drag goes on at a point of the surface, the pointer's.
+    void DragOn(TPoint pointer);
+    void ScrollDragged();
     void EndDrag();
     void ChooseInFrame();
     bool HandleCommand(WORD key);
@@ -125,6 +129,8 @@ private:
     TGrip FGrip;
     TPoint FDragStart;
     TPoint FDragPoint;
+    TPoint FPointer;                // of the mouse while it drags, in client pixels
+    TTimer FScrollTimer{nullptr};   // runs while that is beyond an edge
     std::vector<TRect> FDragPlaces; // of Movable, or of the component that is sized
 };
 

@@ -392,6 +392,44 @@ TEST_F(DesignerPage, EndsADragThatIsTakenAwayAsAStep) {
     EXPECT_EQ(Surface->FormText(), before);
 }
 
+TEST_F(DesignerPage, ScrollsWhileSomethingIsDraggedBeyondItsEdge) {
+    ASSERT_TRUE(OpenText("object Form1: TForm\n  ClientHeight = 640\n  ClientWidth = 760\n"
+                         "  object Edit1: TEdit\n    Left = 16\n    Top = 16\n  end\nend\n"));
+    const std::string before = Surface->FormText();
+    auto& edit = *As<TControl>(Surface->GetForm()->FindComponent(u"Edit1"));
+    const TRect spot = *Surface->FindSpot({u"component", u"Edit1"});
+    const auto at = [&](int x, int y) { return Surface->ClientToScreen({x, y}); };
+    PressMouse(at(spot.Left + 10, spot.Top + 10));
+    MoveMouse(at(spot.Left + 30, spot.Top + 20));
+    MoveMouse(at(Surface->GetClientWidth() + 20, Surface->GetClientHeight() + 20));
+    // To the ends of the form, and the edit with it.
+    EXPECT_TRUE(WaitFor([&] { return edit.GetLeft() > 700 && edit.GetTop() > 600; }, 10000))
+        << edit.GetLeft() << "," << edit.GetTop();
+    EXPECT_GT(Surface->GetHorzScrollBar()->GetPosition(), 100);
+    MoveMouse(at(-40, -40));
+    EXPECT_TRUE(WaitFor([&] { return Surface->GetVertScrollBar()->GetPosition() == 0; }, 10000));
+    ReleaseMouse();
+    ASSERT_TRUE(WaitFor([&] { return Surface->CanUndo(); }));
+    Surface->Undo();
+    EXPECT_EQ(Surface->FormText(), before) << "one step";
+}
+
+TEST_F(DesignerPage, IsLeftByTheTabKeyBehindTheLastComponent) {
+    ASSERT_TRUE(OpenText("object Form1: TForm\n  object Edit1: TEdit\n  end\n  object Edit2: TEdit\n  end\nend\n"));
+    Surface->SetFocus();
+    String way;
+    for (int i = 0; i < 3; ++i) {
+        const TComponent* before = Surface->GetSelected();
+        PressKey(VK_TAB);
+        ASSERT_TRUE(WaitFor([&] { return Surface->GetSelected() != before; }));
+        way += Surface->GetSelected()->GetName() + (Surface->Focused() ? u" " : u"!");
+    }
+    EXPECT_EQ(way, u"Edit1 Edit2 Form1!");
+    Surface->SetFocus();
+    PressKey(VK_TAB, {ssShift});
+    ASSERT_TRUE(WaitFor([&] { return Surface->GetSelected()->GetName() == u"Edit2"; }));
+}
+
 TEST_F(DesignerPage, KnowsTheSignatureOfEveryEvent) {
     for (const TClassInfo* each : RegisteredClasses()) {
         for (const TPropInfo& row : each->Properties())
