@@ -403,11 +403,11 @@ TEST_F(DesignerPage, ScrollsWhileSomethingIsDraggedBeyondItsEdge) {
     MoveMouse(at(spot.Left + 30, spot.Top + 20));
     MoveMouse(at(Surface->GetClientWidth() + 20, Surface->GetClientHeight() + 20));
     // To the ends of the form, and the edit with it.
-    EXPECT_TRUE(WaitFor([&] { return edit.GetLeft() > 700 && edit.GetTop() > 600; }, 10000))
+    EXPECT_TRUE(WaitFor([&] { return edit.GetLeft() > 700 && edit.GetTop() > 600; }, 30000))
         << edit.GetLeft() << "," << edit.GetTop();
     EXPECT_GT(Surface->GetHorzScrollBar()->GetPosition(), 100);
     MoveMouse(at(-40, -40));
-    EXPECT_TRUE(WaitFor([&] { return Surface->GetVertScrollBar()->GetPosition() == 0; }, 10000));
+    EXPECT_TRUE(WaitFor([&] { return Surface->GetVertScrollBar()->GetPosition() == 0; }, 30000));
     ReleaseMouse();
     ASSERT_TRUE(WaitFor([&] { return Surface->CanUndo(); }));
     Surface->Undo();
