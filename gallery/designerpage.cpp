@@ -23,7 +23,7 @@ const TPageClass page(&TDesignerPage::StaticClass);
 const TPageClass surface(&TDesignSurface::StaticClass);
 const TPageClass palette(&TPaletteList::StaticClass);
 
-constexpr char kNewForm[] = "object Form1: TForm\r\n"
+constexpr char kNewForm[] = "object Form1: TForm1\r\n"
                             "  Left = 0\r\n"
                             "  Top = 0\r\n"
                             "  Caption = 'Form1'\r\n"
@@ -59,11 +59,12 @@ struct TDesignWork {
     std::string Kept; ///< the same as it was opened or saved
     String FileName;  ///< empty for one that was never saved
     TFormLayout Layout;
-    std::optional<String> View; ///< the text in view that was no form when the page went
+    std::optional<TDesignHistory> Steps; ///< when the page went
+    std::optional<String> View;          ///< the text in view that was no form when the page went
 };
 
 TDesignWork& Work() {
-    static TDesignWork work{kNewForm, {}, {}, {}, {}};
+    static TDesignWork work{kNewForm, {}, {}, {}, {}, {}};
     return work;
 }
 
@@ -84,7 +85,7 @@ const TClassInfo& TDesignerPage::StaticClass() {
          Method<&P::PasteClick>(u"PasteClick"), Method<&P::DeleteClick>(u"DeleteClick"),
          Method<&P::TextClick>(u"TextClick"), Method<&P::NewClick>(u"NewClick"), Method<&P::OpenClick>(u"OpenClick"),
          Method<&P::SaveClick>(u"SaveClick"), Method<&P::SaveAsClick>(u"SaveAsClick"),
-         Method<&P::FileKeyDown>(u"FileKeyDown"), Method<&P::TextMemoChange>(u"TextMemoChange")});
+         Method<&P::TextMemoChange>(u"TextMemoChange")});
     return info;
 }
 
@@ -98,9 +99,11 @@ void TDesignerPage::Loaded() {
     FSurface->OnChange = [this](TObject* sender) { SurfaceChange(sender); };
     FSurface->OnPlaced = [this](TObject* sender) { SurfacePlaced(sender); };
     FSurface->OnProblem = [this](const String& problem) { Tell(problem); };
-    FSurface->OnKeyDown = [this](TObject* sender, WORD& key, TShiftState shift) { FileKeyDown(sender, key, shift); };
     const bool isNew = Work().Kept.empty();
-    FSurface->Open(Work().Text);
+    if (std::optional<TDesignHistory> steps = std::exchange(Work().Steps, std::nullopt))
+        FSurface->Resume(*std::move(steps));
+    else
+        FSurface->Open(Work().Text);
     if (isNew)
         Work().Kept = Work().Text;
     if (const std::optional<String> view = std::exchange(Work().View, std::nullopt)) {
@@ -113,6 +116,22 @@ void TDesignerPage::Loaded() {
 
 TComponent* TDesignerPage::GetInspected() const {
     return FSurface ? FSurface->GetSelected() : nullptr;
+}
+
+String TDesignerPage::InspectorHint() const {
+    return u"A double click on an event names its handler";
+}
+
+void TDesignerPage::KeyPressed(WORD& key, TShiftState shift) {
+    if (shift != TShiftState{ssCtrl} || (key != 'N' && key != 'O' && key != 'S'))
+        return;
+    const WORD pressed = std::exchange(key, WORD{0});
+    if (pressed == 'N')
+        NewClick(this);
+    else if (pressed == 'O')
+        OpenClick(this);
+    else
+        SaveClick(this);
 }
 
 void TDesignerPage::InspectorWritten() {
@@ -266,13 +285,14 @@ bool TDesignerPage::MayLeave(bool forGood) {
     // A text that is no form waits as it is.
     if (!TakeText())
         Work().View = TextMemo().GetText();
+    Work().Steps = FSurface->GetSteps();
     return true;
 }
 
 /// Shows the form that a file holds, or the new one without a file's name.
 void TDesignerPage::Begin(const std::string& bytes, const String& fileName) {
     const TFormLayout layout = FSurface->Open(bytes);
-    Work() = {Work().Text, Work().Text, fileName, layout, std::nullopt};
+    Work() = {Work().Text, Work().Text, fileName, layout, {}, {}};
     ShowText(false);
 }
 
@@ -294,7 +314,7 @@ bool TDesignerPage::SaveFile(const String& fileName) {
             note = u" in UTF-8: its code page lacks letters of a name";
         }
         ReplaceFileBytes(fileName, bytes);
-        Work() = {FSurface->FormText(), FSurface->FormText(), fileName, layout, std::nullopt};
+        Work() = {FSurface->FormText(), FSurface->FormText(), fileName, layout, {}, {}};
         ShowState();
         Tell(u"Saved as " + fileName + note);
     });
@@ -329,18 +349,6 @@ void TDesignerPage::SaveClick(TObject*) {
 
 void TDesignerPage::SaveAsClick(TObject*) {
     SaveAs();
-}
-
-void TDesignerPage::FileKeyDown(TObject* sender, WORD& key, TShiftState shift) {
-    if (shift != TShiftState{ssCtrl} || (key != 'N' && key != 'O' && key != 'S'))
-        return;
-    const WORD pressed = std::exchange(key, WORD{0});
-    if (pressed == 'N')
-        NewClick(sender);
-    else if (pressed == 'O')
-        OpenClick(sender);
-    else
-        SaveClick(sender);
 }
 
 } // namespace gallery

@@ -20,6 +20,9 @@ public:
 
     TComponent* GetInspected() const override;
     void InspectorWritten() override;
+    String InspectorHint() const override;
+    /// Ctrl+N, O and S as everywhere.
+    void KeyPressed(WORD& key, TShiftState shift) override;
     bool MayLeave(bool forGood) override;
     bool IsUnsaved() const override { return IsChanged(); }
 
@@ -53,7 +56,6 @@ private:
     void OpenClick(TObject* sender);
     void SaveClick(TObject* sender);
     void SaveAsClick(TObject* sender);
-    void FileKeyDown(TObject* sender, WORD& key, TShiftState shift);
 
     void OnSurface(void (TDesignSurface::*action)());
     void Tell(const String& text);

@@ -27,6 +27,13 @@ std::unique_ptr<TDesignForm> TDesignForm::Load(const TFormDocument& document, TW
     return form;
 }
 
+void TDesignForm::SetName(const String& value) {
+    const bool isNamesake = ClassName() == u"T" + GetName();
+    TStandInForm::SetName(value);
+    if (isNamesake && !value.empty())
+        RenameClass(u"T" + value);
+}
+
 void TDesignForm::Resize() {
     TStandInForm::Resize();
     if (OnSized)

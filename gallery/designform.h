@@ -18,6 +18,8 @@ public:
     /// The form became larger or smaller.
     TNotifyEvent OnSized;
 
+    /// Renames the class, too, if that bears the form's name: Form1 of the class TForm1.
+    void SetName(const String& value) override;
     /// Where the program shows the form, in screen pixels; on the surface it always stands at the same place.
     int GetScreenLeft() const { return FScreenPlace.X; }
     void SetScreenLeft(int value) { FScreenPlace.X = value; }

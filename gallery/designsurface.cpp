@@ -149,6 +149,13 @@ TFormLayout TDesignSurface::Open(const std::string& text) {
     return layout;
 }
 
+void TDesignSurface::Resume(TDesignHistory steps) {
+    Show(steps.Present(), {{}});
+    FHistory = std::move(steps);
+    if (OnChange)
+        OnChange(this);
+}
+
 void TDesignSurface::Replace(const std::string& text) {
     Show(text, {SelectedNames()});
     NoteChange();

@@ -36,6 +36,9 @@ public:
     /// Shows another form, forgets the steps before and answers the layout of the text. Raises what ParseTextForm and
     /// LoadTextForm raise; then the form stays.
     TFormLayout Open(const std::string& text);
+    /// The steps so far, and a way to go on with them another time.
+    const TDesignHistory& GetSteps() const { return FHistory; }
+    void Resume(TDesignHistory steps);
     /// Shows another form as a step that can be undone.
     void Replace(const std::string& text);
     /// The text of the form, lines ended by LF.

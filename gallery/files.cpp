@@ -1,6 +1,7 @@
 #include "gallery/files.h"
 
 #include "framework/system/formloader.h"
+#include "framework/system/strings.h"
 #include "framework/windows/packages.h"
 #include "gallery/standinform.h"
 

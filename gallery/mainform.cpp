@@ -17,7 +17,8 @@ const TClassInfo& TGalleryForm::StaticClass() {
                                     {Method<&TGalleryForm::PageListSelect>(u"PageListSelect"),
                                      Method<&TGalleryForm::ClearLogClick>(u"ClearLogClick"),
                                      Method<&TGalleryForm::InspectorWritten>(u"InspectorWritten"),
-                                     Method<&TGalleryForm::InspectorProblem>(u"InspectorProblem")});
+                                     Method<&TGalleryForm::InspectorProblem>(u"InspectorProblem"),
+                                     Method<&TGalleryForm::FormKeyDown>(u"FormKeyDown")});
     return info;
 }
 
@@ -44,6 +45,7 @@ void TGalleryForm::Loaded() {
     FPageArea = As<TPageArea>(FindComponent(u"PageArea"));
     if (!FPageList || !FInspector || !FLog || !FPageArea)
         throw EComponentError(u"The main form lacks PageList, Inspector, Log or PageArea");
+    FInspectorHint = As<TLabel>(FindComponent(u"InspectorHintLabel"))->GetText();
     TheScreen().OnActiveControlChange = [this](TObject* sender) { ActiveControlChanged(sender); };
     TheApplication().OnMessage = [this](MSG& message, bool& handled) { InspectUnderMouse(message, handled); };
     TheApplication().OnIdle = [this](TObject*, bool&) { FInspector->RefreshValues(); };
@@ -106,7 +108,9 @@ void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     FPage = std::move(page);
     FPageArea->ShowPage(FPage.get());
     FHooks.Watch(FPage.get());
-    if (TInspectionSource* source = InspectionSource()) {
+    TInspectionSource* source = InspectionSource();
+    As<TLabel>(FindComponent(u"InspectorHintLabel"))->SetText(source ? source->InspectorHint() : FInspectorHint);
+    if (source) {
         source->OnInspect = [this](TComponent* component) { Inspect(component); };
         Inspect(source->GetInspected());
     } else {
@@ -205,6 +209,11 @@ void TGalleryForm::InspectorProblem(TObject*) {
     label->GetParent()->SetVisible(!FInspector->GetProblem().empty());
     if (FInspector->GetItemIndex() >= 0)
         FInspector->ScrollIntoView(FInspector->GetItemIndex()); // the problem may have taken its place
+}
+
+void TGalleryForm::FormKeyDown(TObject*, WORD& key, TShiftState shift) {
+    if (TInspectionSource* source = InspectionSource())
+        source->KeyPressed(key, shift);
 }
 
 void TGalleryForm::ClearLogClick(TObject*) {

@@ -48,6 +48,7 @@ private:
     void ClearLogClick(TObject* sender);
     void InspectorWritten(TObject* sender);
     void InspectorProblem(TObject* sender);
+    void FormKeyDown(TObject* sender, WORD& key, TShiftState shift);
 
     void ShowPage(std::unique_ptr<TCustomForm> page);
     void ActiveControlChanged(TObject* sender);
@@ -65,6 +66,7 @@ private:
     TPageArea* FPageArea = nullptr;
     TEventHooks FHooks;
     std::vector<TPage> FPages;
+    String FInspectorHint; // of pages that do not say themselves what is inspected
     int FPageIndex = -1;   // of the page that shows
     int FUnsavedPage = -1; // a page that was left with something unsaved
     std::unique_ptr<TCustomForm> FPage;

@@ -4,7 +4,7 @@
 // it at work in the folder "scripts", both of the page's name: forms\numbers.dfm, scripts\numbers.txt. Pages stand in
 // the order of their forms' Tags. A page whose form has handlers contributes the class that publishes them.
 
-#include "framework/system/components.h"
+#include "framework/windows/control.h"
 #include "gallery/contributions.h"
 
 #include <functional>
@@ -28,6 +28,10 @@ public:
     virtual TComponent* GetInspected() const = 0;
     /// The inspector has written a property.
     virtual void InspectorWritten() = 0;
+    /// What a person should know about the inspector of this page, in one line.
+    virtual String InspectorHint() const = 0;
+    /// A key that was pressed anywhere in the window, before the control with the focus hears of it; 0 when it is used.
+    virtual void KeyPressed(WORD& /*key*/, TShiftState /*shift*/) {}
     /// Asked before another page shows, or with `forGood` before the program ends; may ask the person. False to stay.
     virtual bool MayLeave(bool /*forGood*/) { return true; }
     /// Whether the page keeps something that is not saved, and would be lost with the program.

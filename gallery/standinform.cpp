@@ -27,6 +27,11 @@ TStandInForm::TStandInForm(const TFormObject& form, std::vector<TPropInfo> rows)
     TStandInForm::TakeHandlers(handlers);
 }
 
+void TStandInForm::RenameClass(const String& name) {
+    FClassName = name;
+    TakeHandlers(HandlersOf(*this));
+}
+
 void TStandInForm::TakeHandlers(const std::vector<THandler>& handlers) {
     std::vector<TMethodInfo> methods;
     for (const THandler& handler : handlers) {

@@ -25,6 +25,9 @@ public:
     const TClassInfo& ClassInfo() const override { return *Infos.back(); }
     void TakeHandlers(const std::vector<THandler>& handlers) override;
 
+protected:
+    void RenameClass(const String& name);
+
 private:
     String FClassName;
     std::vector<TPropInfo> FRows;

@@ -185,7 +185,6 @@ object DesignerPage: TDesignerPage
     TabOrder = 4
     Visible = False
     WordWrap = False
-    OnKeyDown = FileKeyDown
     OnChange = TextMemoChange
   end
 end

@@ -363,6 +363,7 @@ TEST_F(DesignerPage, AsksBeforeAChangedFormGoes) {
     EXPECT_EQ(Part<TMemo>(u"TextMemo").GetText(), u"oops");
     Surface = As<TDesignSurface>(Page->FindComponent(u"Surface"));
     EXPECT_EQ(Surface->FormText(), changed);
+    EXPECT_TRUE(Surface->CanUndo()) << "nor are the steps";
 
     boxes.Answer = IDYES;
     Part<TMemo>(u"TextMemo").SetText(Utf8Decode(changed));
@@ -373,7 +374,15 @@ TEST_F(DesignerPage, AsksBeforeAChangedFormGoes) {
     boxes.Seen.clear();
     Click(u"NewButton");
     EXPECT_TRUE(boxes.Seen.empty());
-    EXPECT_EQ(Surface->GetForm()->GetText(), u"Form1");
+    // A new form has a class of its own, which keeps to its name.
+    WriteRow(*FindRow(*Surface->GetForm(), u"OnCreate"), u"FormCreate");
+    WriteRow(*FindRow(*Surface->GetForm(), u"Name"), u"Customer");
+    Surface->NoteChange();
+    const std::string customer = Surface->FormText();
+    EXPECT_TRUE(customer.starts_with("object Customer: TCustomer\n")) << customer;
+    EXPECT_NE(customer.find("  OnCreate = FormCreate\n"), std::string::npos);
+    Surface->Replace(customer);
+    EXPECT_EQ(Surface->FormText(), customer);
 }
 
 TEST_F(DesignerPage, EndsADragThatIsTakenAwayAsAStep) {
