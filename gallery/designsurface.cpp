@@ -143,6 +143,7 @@ TFormLayout TDesignSurface::Show(const std::string& text, const TShowing& how) {
 
 TFormLayout TDesignSurface::Open(const std::string& text) {
     const TFormLayout layout = Show(text, {{}});
+    PaintNow();
     FHistory.Begin(FormText());
     if (OnChange)
         OnChange(this);
@@ -197,12 +198,20 @@ void TDesignSurface::FitHost() {
 
 // Steps and the clipboard
 
+/// Controls put off some of their changes until they are painted, such as a grid the columns of its header. A step
+/// comes after those.
+void TDesignSurface::PaintNow() const {
+    if (FHost->HandleAllocated())
+        RedrawWindow(FHost->GetHandle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
 void TDesignSurface::NoteChange() {
     // What sizes itself does so when the form is loaded, too.
     for (TComponent* component : FSelected) {
         if (auto* control = As<TControl>(component))
             control->AdjustSize();
     }
+    PaintNow();
     FHistory.Add(FormText());
     Invalidate(); // the caption
     PlaceMarks();

@@ -94,6 +94,7 @@ private:
 
     TFormLayout Show(const std::string& text, const TShowing& how);
     void FitHost();
+    void PaintNow() const;
     TPoint OnForm(int x, int y) const { return {x - FHost->GetLeft(), y - FHost->GetTop()}; }
     TRect OnSurface(const TRect& rect) const { return rect.Offset(FHost->GetLeft(), FHost->GetTop()); }
     TRect PlaceOf(const TComponent& component) const;

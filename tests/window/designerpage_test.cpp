@@ -260,6 +260,54 @@ TEST_F(DesignerPage, SavesTheHandlersThatEventsAreGiven) {
     EXPECT_EQ(Saved(), saved);
 }
 
+TEST_F(DesignerPage, SavesTheListsAndCollectionsOfEveryComponent) {
+    int lists = 0;
+    int collections = 0;
+    for (const TClassInfo* each : RegisteredClasses()) {
+        const bool isOnPalette =
+            std::any_of(PalettePages().begin(), PalettePages().end(), [&](const TPalettePage& page) {
+                return std::find(page.Classes.begin(), page.Classes.end(), each) != page.Classes.end();
+            });
+        if (!isOnPalette)
+            continue;
+        SCOPED_TRACE(Utf8Encode(each->Name()));
+        ASSERT_TRUE(OpenText("object Form1: TForm\n  object Some1: " + Utf8Encode(each->Name()) + "\n  end\nend\n"));
+        const auto component = [&] { return Surface->GetForm()->FindComponent(u"Some1"); };
+        TInspectorTree tree;
+        tree.SetRoot(component());
+        for (std::size_t i = 0; i < tree.Rows().size(); ++i)
+            tree.SetExpanded(i, true);
+        std::vector<String> paths;
+        for (const TInspectorRow& row : tree.Rows()) {
+            if (RowEditor(row) == TRowEditor::Lines || RowItems(row))
+                paths.push_back(row.Path);
+        }
+        for (const String& path : paths) {
+            SCOPED_TRACE(Utf8Encode(path));
+            const TInspectorRow row = *FindRow(*component(), path);
+            if (TCollection* items = RowItems(row)) {
+                items->Add();
+                items->Add();
+                ++collections;
+            } else {
+                WriteRow(row, u"one\r\ntwo");
+                ++lists;
+            }
+            Surface->NoteChange();
+            EXPECT_TRUE(Surface->CanUndo()) << "the form keeps it";
+            const String shown = RowText(*FindRow(*component(), path));
+            const std::string text = Surface->FormText();
+            Surface->Replace(text);
+            EXPECT_EQ(Surface->FormText(), text);
+            EXPECT_EQ(RowText(*FindRow(*component(), path)), shown);
+            Surface->Undo();
+            EXPECT_FALSE(Surface->CanUndo()) << "one step";
+        }
+    }
+    EXPECT_GE(lists, 8);
+    EXPECT_GE(collections, 5);
+}
+
 TEST_F(DesignerPage, SavesTheTextThatIsInView) {
     ASSERT_TRUE(OpenText("object Form1: TForm\nend\n"));
     Click(u"TextButton");
