@@ -3,7 +3,7 @@
 // The parts of controls that scripts can point at by words, as in `click Popup key 3`. The gallery's own lists know
 // theirs (TScriptSpots); units contribute those of the library's controls:
 //
-//     const TPartFinder finder(&FindDayOfCalendar);
+//     const TPartFinder finder(&FindDay);
 
 #include "framework/windows/control.h"
 #include "gallery/contributions.h"

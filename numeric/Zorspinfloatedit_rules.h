@@ -137,7 +137,7 @@ String PasteSpinFloat(StringView clipboardText, const TSpinFloatEntry& entry, co
 
 /// The part of a duration in which the selection begins; in tStandard the hours.
 TTimePart TimePartAt(const TEntryState& state, const TSpinFloatEntry& entry, const TFormatSettings& settings);
-/// MakeSelection, and what is selected when the field is entered: the whole part of a duration, without the sign; in
+/// What is selected when the field is entered or the part changes: the whole part of a duration, without the sign; in
 /// tStandard the whole text.
 TEntrySelection TimePartSelection(StringView text, TTimePart part, const TSpinFloatEntry& entry,
                                   const TFormatSettings& settings);

@@ -231,7 +231,7 @@ protected:
     // What a descendant provides.
 
     virtual bool IsCursorOpen() const = 0;
-    /// Opens the cursor, sets BookmarkSize, fills FieldDefs, creates default fields and binds all.
+    /// Opens the cursor, fills FieldDefs, creates default fields and binds all.
     virtual void InternalOpen() = 0;
     virtual void InternalClose() = 0;
     /// Before the first record, behind the last one.

@@ -9,7 +9,6 @@
 #include "framework/windows/forms.h"
 #include "framework/windows/packages.h"
 #include "framework/windows/standardcontrols.h"
-
 #include "tests/support/handlecount.h"
 
 #include <gtest/gtest.h>
