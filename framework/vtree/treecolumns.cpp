@@ -106,7 +106,10 @@ void TVirtualTreeColumn::SetCheckBox(bool value) {
 }
 
 void TVirtualTreeColumn::SetCheckState(TCheckState value) {
+    const bool changes = FCheckState != value;
     Change(FCheckState, value);
+    if (const TVirtualTreeColumns* columns = changes ? Owner() : nullptr)
+        columns->GetHeader()->CheckStateChanged(GetIndex());
 }
 
 void TVirtualTreeColumn::SetCheckType(TCheckType value) {

@@ -86,6 +86,12 @@ void TVTHeader::Changed(bool places) {
         FTree->HeaderChanged(*this, places);
 }
 
+/// Screen readers hear of it.
+void TVTHeader::CheckStateChanged(TColumnIndex column) {
+    if (FTree && FTree->GetHeader() == this)
+        FTree->TellColumn(EVENT_OBJECT_STATECHANGE, column);
+}
+
 void TVTHeader::SetAutoSizeIndex(TColumnIndex value) {
     if (FAutoSizeIndex == value)
         return;
@@ -310,6 +316,15 @@ bool TVTHeader::ShowsBox(TColumnIndex column) const {
     return FOptions.Contains(hoShowImages) && FColumns->GetColumn(column)->FCheckBox;
 }
 
+bool TVTHeader::IsLive(TColumnIndex column) const {
+    return FTree->GetEnabled() && FColumns->IsValidColumn(column) &&
+           FColumns->GetColumn(column)->FOptions.Contains(coEnabled);
+}
+
+bool TVTHeader::BoxIsLive(TColumnIndex column) const {
+    return IsLive(column) && ShowsBox(column) && !FTree->HasMisc(toReadOnly);
+}
+
 TRect TVTHeader::CheckBoxRect(TColumnIndex index, const TRect& place) const {
     if (!ShowsBox(index))
         return {};
@@ -349,9 +364,9 @@ int TVTHeader::CaptionWidth(TColumnIndex index) const {
 }
 
 void TVTHeader::PaintCaption(HDC dc, const TRect& cell, const TVirtualTreeColumn& column, bool pressed) const {
-    const bool enabled = FTree->GetEnabled() && column.FOptions.Contains(coEnabled);
+    const bool enabled = IsLive(column.GetIndex());
     if (const TRect box = CheckBoxRect(column.GetIndex(), cell); !box.IsEmpty()) {
-        TCheckLook look = FTree->CheckLook(column.FCheckType, column.FCheckState, enabled);
+        TCheckLook look = FTree->CheckLook(column.FCheckType, column.FCheckState, BoxIsLive(column.GetIndex()));
         look.Pressed = FMode == TMode::CheckPressed && FDownColumn == column.GetIndex() && FOverDown;
         TCheckPainter(FTree->IsThemed()).Draw(dc, box, look);
     }

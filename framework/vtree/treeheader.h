@@ -243,6 +243,9 @@ public:
     int CaptionWidth(TColumnIndex column) const;
     /// Whether the caption has a box and boxes show.
     bool ShowsBox(TColumnIndex column) const;
+    /// Whether a person can click the column, and the box in it.
+    bool IsLive(TColumnIndex column) const;
+    bool BoxIsLive(TColumnIndex column) const;
     /// What a click on the column does: on its box where it shows one, otherwise on the caption.
     void ClickColumn(TColumnIndex column);
     /// The box of a column within its place.
@@ -273,6 +276,7 @@ private:
     /// Repaints, and with `places` lays the tree's columns out again.
     void Changed(bool places);
     void ColumnResized(TColumnIndex column);
+    void CheckStateChanged(TColumnIndex column);
     void RenumberParts(const std::function<TColumnIndex(TColumnIndex)>& moved);
     void ColumnAdded(int index);
     void ColumnDeleted(int index);

@@ -57,7 +57,7 @@ bool TVTHeader::MouseDown(TMouseButton button, TShiftState shift, TPoint point) 
         FMode = TMode::Resizing;
         FDownColumn = divider;
         FDownWidth = FColumns->GetColumn(divider)->GetWidth();
-    } else if (hit.Column != NoColumn && FColumns->GetColumn(hit.Column)->FOptions.Contains(coEnabled)) {
+    } else if (hit.HitPosition.Contains(hhiOnCheckbox) ? BoxIsLive(hit.Column) : IsLive(hit.Column)) {
         FMode = hit.HitPosition.Contains(hhiOnCheckbox) ? TMode::CheckPressed : TMode::Pressed;
         FDownColumn = hit.Column;
     } else {
@@ -137,6 +137,8 @@ void TVTHeader::MouseUp(TMouseButton button, TShiftState shift, TPoint point) {
     if (!alive)
         return;
     Changed(false);
+    if (mode == TMode::Pressed)
+        hit.HitPosition >> hhiOnCheckbox; // the press was beside the box
     if (mode == TMode::Dragging)
         Drop();
     else if (mode == TMode::Pressed && hit.Column == FDownColumn)
@@ -181,12 +183,13 @@ void TVTHeader::ClickColumn(TColumnIndex column) {
     TVTHeaderHitInfo hit;
     hit.Column = column;
     hit.HitPosition << hhiOnColumn;
-    if (!FColumns->GetColumn(column)->FOptions.Contains(coEnabled))
+    if (!IsLive(column))
         return;
     if (!ShowsBox(column))
         return Click(hit);
     hit.HitPosition << hhiOnCheckbox;
-    ClickCheckBox(hit);
+    if (BoxIsLive(column))
+        ClickCheckBox(hit);
 }
 
 bool TVTHeader::DblClick(TPoint point) {

@@ -381,7 +381,7 @@ public:
     /// What a cell says in words: for searching, copying, screen readers and hints of cut cells.
     virtual String NodeText(TVirtualNode* node, TColumnIndex column);
     /// The selected rows, or without a selection the focused one, cells parted by tabs, lines by CR LF. Tabs and line
-    /// ends inside of cells become blanks.
+    /// ends inside of cells become blanks, and columns that CopiesColumn leaves out are missing.
     String ContentToText();
     void CopyToClipboard();
 
@@ -424,6 +424,8 @@ protected:
     virtual String DoGetNodeHint(TVirtualNode* node, TColumnIndex column);
     /// 0 when the node's text begins with what was searched for, letter case aside.
     virtual int DoIncrementalSearch(TVirtualNode* node, const String& text);
+    /// False for columns that have nothing to say in words, such as those with nothing but boxes.
+    virtual bool CopiesColumn(TColumnIndex) const { return true; }
     /// False for a descendant whose DoIncrementalSearch knows nodes that were never asked for.
     virtual bool SearchAsksForNodes() const { return true; }
 
@@ -495,8 +497,10 @@ protected:
     /// Orders the children of `parent` by a number that each has, the least first; equal ones keep their order. Nobody
     /// is asked, so this is for descendants that know the order.
     void SortByKey(TVirtualNode* parent, const TNodeStore::TKey& key);
-    /// Sets a state without asking or telling anybody, and repaints the node.
-    void PutCheckState(TVirtualNode* node, TCheckState state);
+    /// Sets a state without asking or telling anybody, and repaints the node; false when it had the state already.
+    bool PutCheckState(TVirtualNode* node, TCheckState state);
+    /// Tells screen readers of the tree as a whole, such as of many rows at once (NotifyWinEvent).
+    void TellTree(UINT event);
     bool IsUpdating() const { return FUpdateCount > 0; }
     /// Whether DoChecked is called for a node beside the focused one, before DoCheckedSeveral.
     bool IsCheckingSeveral() const { return FCheckingSeveral; }
@@ -602,6 +606,7 @@ private:
     TVirtualNode* NodeForKey(WORD key);
     TVirtualNode* PageFrom(TVirtualNode* node, bool down);
     void CheckSelected();
+    bool ClickHeaderBox();
     void ReleaseBox();
     void SearchFor(char16_t letter);
     bool SearchGoesOnWith(char16_t letter);
@@ -632,7 +637,7 @@ private:
     bool AnswerAccessible(TMessage& message);
     void TellFocus();
     void TellNode(UINT event, TVirtualNode* node);
-    void TellTree(UINT event);
+    void TellColumn(UINT event, TColumnIndex column);
 
     std::shared_ptr<TNodeStore> FStore;
     std::unique_ptr<TVirtualTreeOptions> FOptions;

@@ -105,8 +105,8 @@ public:
     }
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
         return WithPart(child, [](TBaseVirtualTree& tree, const TPart& part) {
-            if (!part.Node && !part.Column)
-                return DISP_E_MEMBERNOTFOUND;
+            if ((!part.Node && !part.Column) || !tree.CanFocus())
+                return DISP_E_MEMBERNOTFOUND; // what a person cannot reach is not operated either
             if (part.Column)
                 tree.GetHeader()->ClickColumn(part.Column->GetIndex());
             else if (tree.ShowsBox(part.Node))
@@ -128,7 +128,7 @@ public:
         return WithPart(child, [&](TBaseVirtualTree& tree, const TPart& part) {
             if (!part.Node && !part.Column)
                 return System().get_accState(child, state);
-            *state = Number(part.Node ? RowState(tree, part.Node) : ColumnState(*part.Column));
+            *state = Number(part.Node ? RowState(tree, part.Node) : ColumnState(tree, *part.Column));
             return S_OK;
         });
     }
@@ -195,6 +195,14 @@ public:
         return static_cast<LONG>(
             std::count_if(extents.begin(), extents.end(), [](const TColumnExtent& each) { return each.Visible; }));
     }
+    /// Of a column that shows.
+    static LONG NumberOf(const TBaseVirtualTree& tree, TColumnIndex column) {
+        LONG number = 1;
+        for (TColumnIndex each = tree.GetHeader()->GetColumns()->GetFirstVisibleColumn();
+             each != column && each != NoColumn; each = tree.GetHeader()->GetColumns()->GetNextVisibleColumn(each))
+            ++number;
+        return number;
+    }
 
 protected:
     LONG Count() const override {
@@ -215,14 +223,6 @@ private:
     TBaseVirtualTree* Tree() const {
         auto* tree = As<TBaseVirtualTree>(FindControl(Window()));
         return tree && !tree->IsDestroying() ? tree : nullptr;
-    }
-
-    static LONG NumberOf(const TBaseVirtualTree& tree, TColumnIndex column) {
-        LONG number = 1;
-        for (TColumnIndex each = tree.GetHeader()->GetColumns()->GetFirstVisibleColumn();
-             each != column && each != NoColumn; each = tree.GetHeader()->GetColumns()->GetNextVisibleColumn(each))
-            ++number;
-        return number;
     }
 
     /// Calls `work` with the part that the number means, the tree itself for none. No exception may cross into the
@@ -306,13 +306,13 @@ private:
             state |= STATE_SYSTEM_OFFSCREEN | STATE_SYSTEM_INVISIBLE;
         return state;
     }
-    static LONG ColumnState(const TVirtualTreeColumn& column) {
+    static LONG ColumnState(const TBaseVirtualTree& tree, const TVirtualTreeColumn& column) {
         LONG state = 0;
         if (column.GetCheckBox() && column.GetCheckState() == csCheckedNormal)
             state |= STATE_SYSTEM_CHECKED;
         if (column.GetCheckBox() && column.GetCheckState() == csMixedNormal)
             state |= STATE_SYSTEM_MIXED;
-        if (!column.GetOptions().Contains(coEnabled))
+        if (!column.GetOptions().Contains(coEnabled) || !tree.GetEnabled())
             state |= STATE_SYSTEM_UNAVAILABLE;
         return state;
     }
@@ -351,6 +351,12 @@ void TBaseVirtualTree::TellNode(UINT event, TVirtualNode* node) {
     const int row = RowOf(node);
     if (row >= 0)
         NotifyWinEvent(event, FHandle, OBJID_CLIENT, TTreeAccessible::Columns(*this) + row + 1);
+}
+
+void TBaseVirtualTree::TellColumn(UINT event, TColumnIndex column) {
+    if (HandleAllocated() && FUpdateCount == 0 && FHeader->IsVisible() &&
+        FHeader->GetColumns()->GetColumn(column)->GetOptions().Contains(coVisible))
+        NotifyWinEvent(event, FHandle, OBJID_CLIENT, TTreeAccessible::NumberOf(*this, column));
 }
 
 void TBaseVirtualTree::TellTree(UINT event) {

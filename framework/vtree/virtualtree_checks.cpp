@@ -15,11 +15,12 @@ void TBaseVirtualTree::DoChecked(TVirtualNode* node) {
     Fire(*this, OnChecked, this, node);
 }
 
-void TBaseVirtualTree::PutCheckState(TVirtualNode* node, TCheckState state) {
+bool TBaseVirtualTree::PutCheckState(TVirtualNode* node, TCheckState state) {
     if (node->GetCheckState() == state)
-        return;
+        return false;
     TNodeStore::SetCheck(node, node->GetCheckType(), state);
     InvalidateNode(node);
+    return true;
 }
 
 void TBaseVirtualTree::SetCheckType(TVirtualNode* node, TCheckType value) {
@@ -84,15 +85,19 @@ void TBaseVirtualTree::CheckLikeParent(TVirtualNode* node) {
         TNodeStore::SetCheck(node, type, csCheckedNormal);
 }
 
-/// Children with boxes take the state of a tri-state box; those that have not been asked for, when they are.
+/// Children with boxes take the state of a tri-state box; those that have not been asked for, when they are. Screen
+/// readers hear of them once: there may be a million.
 void TBaseVirtualTree::CheckChildren(TVirtualNode* node, TCheckState state) {
     if (node->GetCheckType() != ctTriStateCheckBox)
         return;
+    bool changed = false;
     for (TVirtualNode* each = FStore->Next(node, TNodeMeasure::Nodes); each && TNodeStore::IsWithin(each, node);
          each = FStore->Next(each, TNodeMeasure::Nodes)) {
         if (each->GetCheckType() == ctTriStateCheckBox || each->GetCheckType() == ctCheckBox)
-            PutCheckState(each, state);
+            changed = PutCheckState(each, state) || changed;
     }
+    if (changed)
+        TellTree(EVENT_OBJECT_STATECHANGE);
 }
 
 /// Tri-state boxes above a node tell of their children.
@@ -105,15 +110,15 @@ void TBaseVirtualTree::CheckParents(TVirtualNode* node) {
             if (each->GetCheckType() == ctTriStateCheckBox || each->GetCheckType() == ctCheckBox)
                 summary.Add(each->GetCheckState());
         }
-        if (!summary.Empty())
-            PutCheckState(parent, summary.State());
+        if (!summary.Empty() && PutCheckState(parent, summary.State()))
+            TellNode(EVENT_OBJECT_STATECHANGE, parent);
     }
 }
 
 void TBaseVirtualTree::CheckSiblings(TVirtualNode* node) {
     for (TVirtualNode* each = node->GetParent()->GetFirstChild(); each; each = each->GetNextSibling()) {
-        if (each != node && each->GetCheckType() == ctRadioButton)
-            PutCheckState(each, csUncheckedNormal);
+        if (each != node && each->GetCheckType() == ctRadioButton && PutCheckState(each, csUncheckedNormal))
+            TellNode(EVENT_OBJECT_STATECHANGE, each);
     }
 }
 

@@ -443,6 +443,8 @@ bool TBaseVirtualTree::CommandKey(WORD key, TShiftState shift) {
             CopyToClipboard();
         return ctrl;
     case VK_SPACE:
+        if (ctrl && !HasSelection(toMultiSelect) && ClickHeaderBox())
+            return true;
         if (!node)
             return false;
         if (ctrl && HasSelection(toMultiSelect)) {
@@ -469,6 +471,18 @@ bool TBaseVirtualTree::CommandKey(WORD key, TShiftState shift) {
     default:
         return false;
     }
+}
+
+/// Ctrl and the space key where only one row can be selected: the first box in the header, which checks all. Where
+/// several can be selected, Ctrl+A and the space key do that.
+bool TBaseVirtualTree::ClickHeaderBox() {
+    const TVirtualTreeColumns& columns = *FHeader->GetColumns();
+    TColumnIndex column = FHeader->IsVisible() ? columns.GetFirstVisibleColumn() : NoColumn;
+    while (column != NoColumn && !FHeader->ShowsBox(column))
+        column = columns.GetNextVisibleColumn(column);
+    if (column != NoColumn)
+        FHeader->ClickColumn(column);
+    return column != NoColumn;
 }
 
 /// The space key: the box of the focused node changes, and with it those of all nodes that are selected together.
@@ -655,6 +669,10 @@ String TBaseVirtualTree::ContentToText() {
         TColumnIndex column = FHeader->GetColumns()->GetFirstVisibleColumn();
         bool first = true;
         do {
+            if (!CopiesColumn(column)) {
+                column = FHeader->GetColumns()->GetNextVisibleColumn(column);
+                continue;
+            }
             String text = NodeText(node.Get(), column);
             if (!alive || !node)
                 return all;

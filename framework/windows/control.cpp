@@ -324,6 +324,10 @@ void TControl::SetVisible(bool value) {
         RequestAlign();
 }
 
+bool TControl::ShowsOnParent() const {
+    return FVisible || (IsDesigning() && !FControlStyle.Contains(csNoDesignVisible));
+}
+
 void TControl::SetEnabled(bool value) {
     if (FEnabled == value)
         return;

@@ -59,13 +59,13 @@ using TControlState = Set<TControlStateElement>;
 
 enum TControlStyleElement {
     csAcceptsControls,
-    csCaptureMouse, ///< the left button's press captures the mouse until its release
-    csClickEvents,  ///< presses and releases become OnClick and OnDblClick
-    csSetCaption,   ///< the text starts as the component's name in a designer
-    csOpaque,       ///< paints all of its rectangle
-    csDoubleClicks, ///< without it, the second press of a double click is a press like the first
-    csNoDesignVisible,
-    csNoStdEvents, ///< no events for keys and mouse buttons
+    csCaptureMouse,    ///< the left button's press captures the mouse until its release
+    csClickEvents,     ///< presses and releases become OnClick and OnDblClick
+    csSetCaption,      ///< the text starts as the component's name in a designer
+    csOpaque,          ///< paints all of its rectangle
+    csDoubleClicks,    ///< without it, the second press of a double click is a press like the first
+    csNoDesignVisible, ///< in a designer it shows only where it is visible
+    csNoStdEvents,     ///< no events for keys and mouse buttons
 };
 using TControlStyle = Set<TControlStyleElement>;
 
@@ -203,6 +203,8 @@ public:
 
     bool GetVisible() const { return FVisible; }
     virtual void SetVisible(bool value);
+    /// Whether it shows where its parent does: designers show what is not visible, too, unless csNoDesignVisible.
+    bool ShowsOnParent() const;
     void Show() { SetVisible(true); }
     void Hide() { SetVisible(false); }
     bool GetEnabled() const { return FEnabled; }

@@ -13,7 +13,8 @@ constexpr int kInitialWidth = 121;
 constexpr int kInitialHeight = 21;
 constexpr char16_t kControlA = 1; // the character that Ctrl+A types
 
-/// The text in the letter case that an edit forces, by the user's language.
+} // namespace
+
 String ConvertCase(StringView text, TEditCharCase charCase) {
     String result(text);
     if (charCase == ecUpperCase)
@@ -22,8 +23,6 @@ String ConvertCase(StringView text, TEditCharCase charCase) {
         CharLowerBuffW(WideChars(result), static_cast<DWORD>(result.size()));
     return result;
 }
-
-} // namespace
 
 const TEnumInfo& DescribeEnum(TEditCharCase) {
     static const TEnumInfo info{u"TEditCharCase", {u"ecNormal", u"ecUpperCase", u"ecLowerCase"}};

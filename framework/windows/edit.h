@@ -9,6 +9,8 @@ namespace framework {
 
 enum TEditCharCase { ecNormal, ecUpperCase, ecLowerCase };
 const TEnumInfo& DescribeEnum(TEditCharCase);
+/// The text in the letter case that an edit forces, by the user's language.
+String ConvertCase(StringView text, TEditCharCase charCase);
 
 class TCustomEdit : public TTextControl {
     FRAMEWORK_CLASS(TCustomEdit)

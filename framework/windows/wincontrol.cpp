@@ -108,7 +108,7 @@ void TWinControl::RemoveControl(TControl* control) {
 
 TControl* TWinControl::ControlAtPos(TPoint point, bool allowDisabled, bool allowWindows) const {
     const auto isHit = [&](TControl* child) {
-        if (!child->GetBoundsRect().Contains(point) || !(child->GetVisible() || IsDesigning()))
+        if (!child->GetBoundsRect().Contains(point) || !child->ShowsOnParent())
             return false;
         if (!child->GetEnabled() && !allowDisabled)
             return false;
@@ -294,7 +294,7 @@ void TWinControl::AlignControls(TControl*, TRect& client) {
             const TAtScopeEnd aligned(*child, [child] { child->FAligning = false; });
             if (!PlaceChild(*child, AnchoredPlace(child->FAnchorBase, child->FAnchors, extent)))
                 return;
-        } else if (child->GetVisible() || IsDesigning()) {
+        } else if (child->ShowsOnParent()) {
             controls.push_back(child);
             places.push_back({child->FAlign, child->GetBoundsRect()});
         }
@@ -340,7 +340,7 @@ bool TWinControl::CanAutoSize(int& newWidth, int& newHeight) {
     TReach height;
     for (int i = 0; i < GetControlCount(); ++i) {
         const TControl& child = *GetControl(i);
-        if (!child.GetVisible() && !IsDesigning())
+        if (!child.ShowsOnParent())
             continue;
         const TRect place = child.GetBoundsRect();
         switch (child.GetAlign()) {

@@ -176,7 +176,7 @@ void TWinControl::CreateParams(TCreateParams& params) {
         params.Style |= WS_DISABLED;
     if (FTabStop)
         params.Style |= WS_TABSTOP;
-    if (GetVisible() || IsDesigning())
+    if (ShowsOnParent())
         params.Style |= WS_VISIBLE; // shown with its parent; a call to show it later would cost more
     params.X = GetLeft();
     params.Y = GetTop();
@@ -416,8 +416,7 @@ void TWinControl::UpdateControlState() {
 
 void TWinControl::UpdateShowing() {
     TLifeGuard alive(*this);
-    const bool show =
-        (GetVisible() || (IsDesigning() && !FControlStyle.Contains(csNoDesignVisible))) && !IsDestroying();
+    const bool show = ShowsOnParent() && !IsDestroying();
     if (show) {
         if (!FHandle)
             CreateHandle();
@@ -610,7 +609,7 @@ void TWinControl::PaintControls(HDC dc) {
     for (std::size_t i = 0; alive && i < FGraphics.size(); ++i) {
         TControl* child = FGraphics[i];
         const RECT place = ToWin(child->GetBoundsRect());
-        if (!(child->GetVisible() || IsDesigning()) || !RectVisible(dc, &place))
+        if (!child->ShowsOnParent() || !RectVisible(dc, &place))
             continue;
         const TSavedDC saved(dc);
         POINT origin{};
