@@ -108,6 +108,7 @@ TZORVirtualStringTree::TZORVirtualStringTree(TComponent* owner)
     FSearchEdit->SetText({}); // which is the name at first
     FSearchEdit->SetFont(GetFont());
     FSearchEdit->SetVisible(false);
+    FSearchEdit->SetControlStyle(FSearchEdit->GetControlStyle() << csNoDesignVisible);
     FSearchEdit->OnChange = [this](TObject* sender) { SearchEditChange(sender); };
     FSearchEdit->OnKeyDown = [this](TObject*, WORD& key, TShiftState) { SearchEditKeyDown(key); };
 }
@@ -126,7 +127,12 @@ TZORVirtualStringTree::~TZORVirtualStringTree() {
 
 void TZORVirtualStringTree::SetCheckListBoxStyle(bool value) {
     FCheckBoxStyle = value;
-    if (value)
+    if (!value)
+        return;
+    // A form that was saved from a check list brings all of it along, with what was made of it since.
+    if (IsLoading() && GetHeader()->GetColumns()->IsValidColumn(kCheckColumn) && HasMisc(toCheckSupport))
+        SetCheckListBox();
+    else
         SetUpCheckList();
 }
 
@@ -174,7 +180,7 @@ void TZORVirtualStringTree::SetUpColumns() {
 }
 
 std::size_t TZORVirtualStringTree::ItemOf(TVirtualNode* node) const {
-    if (GetNodeDataSize() < static_cast<int>(sizeof(TNodeItem)))
+    if (FItemsReplaced || GetNodeDataSize() < static_cast<int>(sizeof(TNodeItem)))
         return FItems.Count();
     return std::min<std::size_t>(GetNodeData<TNodeItem>(node)->Index, FItems.Count());
 }
@@ -202,20 +208,19 @@ void TZORVirtualStringTree::SetCheckListBox() {
     const bool hadFocus = GetFocusedNode() != nullptr;
     std::size_t focused = hadFocus ? ItemOf(GetFocusedNode()) : FItems.Count();
     TLifeGuard alive(*this);
-    {
-        SetRebuilding(true);
-        const TAtScopeEnd rebuilt(*this, [this] { SetRebuilding(false); });
-        SetNodeDataSize(sizeof(TNodeItem));
-        if (alive)
-            Clear();
-    }
+    const std::exception_ptr raised = ClearForRebuilding();
+    const auto raise = [&] {
+        if (raised)
+            std::rethrow_exception(raised);
+    };
     if (!alive)
-        return;
+        return raise();
     const std::size_t selectedBefore = selected.size();
     if (std::exchange(FItemsReplaced, false)) {
         selected.clear();
         focused = FItems.Count();
     }
+    FItems.MatchNew();
     FItems.PrepareTexts(); // so that the first letter typed is as quick as the next ones
     const bool sorted = HasAuto(toAutoSort);
     const std::vector<std::uint32_t> shown =
@@ -231,6 +236,22 @@ void TZORVirtualStringTree::SetCheckListBox() {
         DoFocusChange(nullptr, GetFocusedColumn());
     if (alive && GetFocusedNode())
         ScrollIntoView(GetFocusedNode(), false);
+    raise();
+}
+
+/// What a handler of the nodes that go has raised: the others are made nevertheless, or no row would show.
+std::exception_ptr TZORVirtualStringTree::ClearForRebuilding() {
+    SetRebuilding(true);
+    const TAtScopeEnd rebuilt(*this, [this] { SetRebuilding(false); });
+    TLifeGuard alive(*this);
+    try {
+        SetNodeDataSize(sizeof(TNodeItem));
+        if (alive)
+            Clear();
+    } catch (...) {
+        return std::current_exception();
+    }
+    return nullptr;
 }
 
 /// Items keep their selection and the focus as long as they show, whatever place they have now.
@@ -315,8 +336,13 @@ void TZORVirtualStringTree::SetSearchEditVisible(bool value) {
     PlaceSearchEditInTabOrder();
     FrameChanged();
     SetPositionAdditionalComponents();
+    ShowSearchEdit();
+}
+
+/// Where the tree shows: in a designer that is always.
+void TZORVirtualStringTree::ShowSearchEdit() {
     if (FSearchEdit)
-        FSearchEdit->SetVisible(value && GetVisible());
+        FSearchEdit->SetVisible(FSearchEditVisible && ShowsOnParent());
 }
 
 void TZORVirtualStringTree::SetPositionAdditionalComponents() {
@@ -385,8 +411,15 @@ void TZORVirtualStringTree::SetEnabled(bool value) {
 void TZORVirtualStringTree::CMVisibleChanged(TMessage& message) {
     TLifeGuard alive(*this);
     TZORFramed::CMVisibleChanged(message);
+    if (alive)
+        ShowSearchEdit();
+}
+
+void TZORVirtualStringTree::CMBiDiModeChanged(TMessage& message) {
+    TLifeGuard alive(*this);
+    TZORFramed::CMBiDiModeChanged(message);
     if (alive && FSearchEdit)
-        FSearchEdit->SetVisible(FSearchEditVisible && GetVisible());
+        FSearchEdit->SetBiDiMode(GetBiDiMode());
 }
 
 void TZORVirtualStringTree::ChangeScale(int m, int d) {
@@ -444,6 +477,8 @@ void TZORVirtualStringTree::CheckListBox_SetChecked(TCheckState state) {
         PutCheckState(node, state);
     TLifeGuard alive(*this);
     const TAtScopeEnd told(*this, [this] { UstawLabel(); }); // whatever handlers raise
+    if (!changed.empty())
+        TellTree(EVENT_OBJECT_STATECHANGE);
     TellChecked(changed);
     if (alive)
         DoChange(nullptr);
@@ -492,21 +527,39 @@ void TZORVirtualStringTree::DoChecked(TVirtualNode* node) {
     if (FCheckBoxStyle) {
         TLifeGuard alive(*this);
         const TNodeRef still(Nodes(), node);
-        if (const std::size_t item = ItemOf(node); item < FItems.Count())
-            FItems.SetState(item, node->GetCheckState());
-        if (!IsCheckingSeveral()) {
-            UstawLabel();
-            SetFocusedNode(node);
-        }
+        FocusAndTake(node);
         if (!alive || !still)
             return;
     }
     TZORFramed::DoChecked(node);
 }
 
+/// The focus goes to the row first; its item takes the new state whatever handlers make of that.
+void TZORVirtualStringTree::FocusAndTake(TVirtualNode* node) {
+    const std::size_t item = ItemOf(node);
+    const TNodeRef still(Nodes(), node);
+    const TAtScopeEnd taken(*this, [this, item, &still, state = node->GetCheckState()] {
+        if (item < FItems.Count() && !FItemsReplaced)
+            FItems.SetState(item, state);
+        if (!IsCheckingSeveral())
+            UstawLabel();
+        for (TVirtualNode* each = still ? nullptr : Nodes().First(TNodeMeasure::Initialized); each;
+             each = Nodes().Next(each, TNodeMeasure::Initialized)) {
+            if (ItemOf(each) == item)
+                PutCheckState(each, state); // a handler has made the nodes anew
+        }
+    });
+    if (!IsCheckingSeveral())
+        SetFocusedNode(node);
+}
+
 void TZORVirtualStringTree::DoCheckedSeveral() {
     if (FCheckBoxStyle)
         UstawLabel();
+}
+
+bool TZORVirtualStringTree::CopiesColumn(TColumnIndex column) const {
+    return !FCheckBoxStyle || column != kCheckColumn;
 }
 
 int TZORVirtualStringTree::DoIncrementalSearch(TVirtualNode* node, const String& text) {

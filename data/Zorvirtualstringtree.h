@@ -37,7 +37,8 @@ public:
     /// OnFocusChanged come at the end when it does not.
     void SetCheckListBox();
 
-    /// Check-list mode. Turning it on sets the tree up, columns included; turning it off leaves all as it is.
+    /// Check-list mode. Turning it on sets the tree up, columns included; turning it off leaves all as it is. A form
+    /// that was saved from a check list is taken as it is, columns and options included.
     bool GetCheckListBoxStyle() const { return FCheckBoxStyle; }
     void SetCheckListBoxStyle(bool value);
     /// Hides the items whose texts do not contain the phrase, letter case aside; their boxes keep their states.
@@ -84,7 +85,9 @@ protected:
     void DoHeaderClick(const TVTHeaderHitInfo& hitInfo) override;
     int RoomBelowHeader() const override;
     void HeaderChanged(TVTHeader& header, bool places) override;
+    bool CopiesColumn(TColumnIndex column) const override;
     void CMVisibleChanged(TMessage& message) override;
+    void CMBiDiModeChanged(TMessage& message) override;
     void Notification(TComponent* component, TOperation operation) override;
     void ChangeScale(int m, int d) override;
 
@@ -94,7 +97,7 @@ private:
     };
 
     int Counted(std::size_t count) const { return FCheckBoxStyle ? static_cast<int>(count) : 0; }
-    /// The number of a node's item; the number of items for a node whose item has gone.
+    /// The number of a node's item; the number of items for a node whose item has gone, perhaps to be replaced.
     std::size_t ItemOf(TVirtualNode* node) const;
     void SetUpCheckList();
     void SetUpColumns();
@@ -102,7 +105,10 @@ private:
     TCheckListOrder OrderBy(TColumnIndex column, TSortDirection direction) const;
     void RestoreSelection(const std::vector<std::uint32_t>& selected, std::size_t focused,
                           const std::vector<std::uint32_t>& shown);
+    std::exception_ptr ClearForRebuilding();
+    void ShowSearchEdit();
     void PlaceSearchEditInTabOrder();
+    void FocusAndTake(TVirtualNode* node);
     void TellChecked(const std::vector<std::uint32_t>& changed);
     void SearchEditKeyDown(WORD& key);
 

@@ -83,6 +83,7 @@ void TCheckList::Clear() {
     FLowerStarts = {};
     FRanks = {};
     FByRank = {};
+    FMatched = 0;
     FChecked = 0;
     FVisibleChecked = 0;
 }
@@ -157,11 +158,25 @@ bool TCheckList::SetPhrase(const String& phrase) {
         else
             MatchAll(FLowerPhrase);
     }
+    FMatched = FItems.size();
+    CountVisibleChecked();
+    return true;
+}
+
+void TCheckList::MatchNew() {
+    const std::size_t from = std::exchange(FMatched, FItems.size());
+    if (FLowerPhrase.empty() || from == FItems.size())
+        return;
+    PrepareTexts();
+    MatchVisible(FLowerPhrase, from);
+    CountVisibleChecked();
+}
+
+void TCheckList::CountVisibleChecked() {
     FVisibleChecked = static_cast<std::size_t>(
         FChecked == 0 ? 0 : std::count_if(FMatches.begin(), FMatches.end(), [this](std::uint32_t index) {
             return FItems[index].IsChecked();
         }));
-    return true;
 }
 
 /// One search through all texts as if they were one; what reaches from one into the next does not count.
@@ -191,14 +206,16 @@ void TCheckList::MatchAll(StringView phrase) {
     }
 }
 
-void TCheckList::MatchVisible(StringView phrase) {
+/// Looks at the visible items from a number on.
+void TCheckList::MatchVisible(StringView phrase, std::size_t from) {
     const auto goes = [&](std::uint32_t index) {
         if (FindPart(LowerText(index), phrase) != StringView::npos)
             return false;
         FVisible[index] = 0;
         return true;
     };
-    FMatches.erase(std::remove_if(FMatches.begin(), FMatches.end(), goes), FMatches.end());
+    const auto first = std::lower_bound(FMatches.begin(), FMatches.end(), from);
+    FMatches.erase(std::remove_if(first, FMatches.end(), goes), FMatches.end());
 }
 
 // Counts

@@ -39,7 +39,7 @@ public:
 
     explicit TCheckList(TSortKey sortKey) : FSortKey(std::move(sortKey)) {}
 
-    /// A new item is unchecked; it counts as visible until a phrase says otherwise.
+    /// A new item is unchecked; it counts as visible until MatchNew or another phrase says otherwise.
     void Add(int id, const String& text);
     void Clear();
     std::size_t Count() const { return FItems.size(); }
@@ -55,6 +55,8 @@ public:
     /// none. False for the phrase that there is. A phrase that contains the last one looks only at what is still
     /// visible.
     bool SetPhrase(const String& phrase);
+    /// Applies the phrase to the items that came since it was set.
+    void MatchNew();
     /// Does now for all new items what their first phrase would have to do.
     void PrepareTexts();
 
@@ -79,8 +81,9 @@ public:
 
 private:
     void PrepareRanks();
+    void CountVisibleChecked();
     void MatchAll(StringView phrase);
-    void MatchVisible(StringView phrase);
+    void MatchVisible(StringView phrase, std::size_t from = 0);
     StringView LowerText(std::size_t index) const;
 
     TSortKey FSortKey;
@@ -89,6 +92,7 @@ private:
     String FLowerPhrase;
     std::vector<std::uint8_t> FVisible;
     std::vector<std::uint32_t> FMatches; // the visible items, ascending
+    std::size_t FMatched = 0;            // as many items from the first one on the phrase was applied to
     std::size_t FChecked = 0;
     std::size_t FVisibleChecked = 0;
     // Prepared once for all phrases and orders, as far as there are items.

@@ -1,8 +1,12 @@
 // The check-list tree: phrase, boxes, header, caption and search edit by real input, and what it costs in handles.
 
 #include "data/Zorvirtualstringtree.h"
+#include "framework/system/formloader.h"
+#include "framework/system/formsaver.h"
 #include "framework/system/numbers.h"
 #include "framework/windows/application.h"
+#include "framework/windows/clipboard.h"
+#include "tests/support/accessible.h"
 #include "tests/support/handlecount.h"
 #include "tests/support/input.h"
 
@@ -351,6 +355,145 @@ TEST_F(CheckListTest, TheSearchEditStaysInItsPlace) {
     EXPECT_EQ(found->accDoDefaultAction(part), S_OK);
     EXPECT_EQ(States(), u"xxxxxxxx");
     found->Release();
+}
+
+TEST_F(CheckListTest, ThePhraseHoldsForItemsThatCome) {
+    Tree->SetFraza(u"kra");
+    ClickHeader(0, true);
+    for (const char16_t* text : {u"Krasnystaw", u"Pozna\u0144"})
+        Tree->AddToDeque(0, text);
+    Tree->SetCheckListBox();
+    EXPECT_EQ(Rows(), (std::vector<String>{u"Krak\u00F3w", u"Kramsk", u"Krasnystaw"}));
+    EXPECT_FALSE(Tree->GetDequeItem(9).visible);
+    EXPECT_EQ(Column(0).CheckState, csMixedNormal);
+    ClickHeader(0, true);
+    EXPECT_EQ(States(), u"-x---x--x-");
+    Tree->ClearDeque();
+    for (const char16_t* text : {u"Sopot", u"Kra\u015Bnik"})
+        Tree->AddToDeque(0, text);
+    ClickBox(0); // the row of an item that has gone
+    EXPECT_EQ(States(), u"--");
+    // What a handler of the rows that go raises leaves the list whole.
+    Tree->Update();
+    Tree->OnFreeNode = [](auto...) { throw Exception(u"not this one"); };
+    EXPECT_THROW(Tree->SetCheckListBox(), Exception);
+    Tree->OnFreeNode = nullptr;
+    EXPECT_EQ(Rows(), (std::vector<String>{u"Kra\u015Bnik"}));
+    EXPECT_EQ(Column(1).Text, u"Cities: 0/2");
+}
+
+TEST_F(CheckListTest, TheFocusComesBeforeTheCount) {
+    String told;
+    Tree->OnFocusChanged = [&](auto...) { told += Column(1).Text + u" focused "; };
+    Tree->OnChecked = [&](auto...) { told += Column(1).Text + u" checked "; };
+    ClickBox(1);
+    EXPECT_EQ(told, u"Cities: 0/8 focused Cities: 1/8 checked ");
+    Tree->OnFocusChanged = [&](auto...) { Tree->SetCheckListBox(); };
+    ClickBox(2);
+    EXPECT_EQ(States(), u"-x--x---");
+    EXPECT_EQ(Tree->NodeOfRow(2)->GetCheckState(), csCheckedNormal) << "the row made anew by the handler";
+}
+
+TEST_F(CheckListTest, TheBoxForAllIsPressedOnPurpose) {
+    struct TWatch {
+        static void CALLBACK Heard(HWINEVENTHOOK, DWORD, HWND, LONG object, LONG child, DWORD, DWORD) {
+            if (object == OBJID_CLIENT)
+                Children() += IntToStr(child) + u" ";
+        }
+        static String& Children() {
+            static String children;
+            return children;
+        }
+    };
+    const HWINEVENTHOOK hook = SetWinEventHook(EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_STATECHANGE, nullptr,
+                                               &TWatch::Heard, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+    Tree->FocusedNode = Tree->NodeOfRow(0);
+    Tree->SetFocus();
+    PressKey(VK_SPACE, {ssCtrl});
+    EXPECT_EQ(States(), u"xxxxxxxx") << "by the keyboard";
+    EXPECT_TRUE(WaitFor([] { return TWatch::Children() == u"1 0 "; })) << "screen readers hear of header and rows";
+    UnhookWinEvent(hook);
+    ClickBox(0);
+    const TRect cell = Tree->HeaderCellRect(0);
+    PressMouse(Tree->ClientToScreen({cell.Left + 2, cell.Top + 10}));
+    MoveMouse(Tree->ClientToScreen({Tree->CheckBoxLeft() + 6, cell.Top + 10}));
+    ReleaseMouse();
+    Application->ProcessMessages();
+    EXPECT_EQ(States(), u"xxx-xxxx") << "a press beside the box is none on it";
+    // Rows go into a spreadsheet without the column that has only boxes.
+    Tree->Selected[Tree->NodeOfRow(0)] = true;
+    Tree->CopyToClipboard();
+    EXPECT_EQ(ClipboardText(Tree->Handle), u"Gda\u0144sk\r\n");
+
+    const TAccessibleView view(*Tree);
+    for (const bool readOnly : {true, false}) {
+        if (readOnly)
+            Tree->TreeOptions->MiscOptions = Tree->TreeOptions->MiscOptions + TVTMiscOptions{toReadOnly};
+        else
+            Tree->Enabled = false;
+        ClickHeader(0, true);
+        view->accDoDefaultAction(TAccessibleView::Number(1));
+        view->accDoDefaultAction(TAccessibleView::Number(3));
+        EXPECT_EQ(States(), u"xxx-xxxx") << readOnly;
+        Tree->TreeOptions->MiscOptions = Tree->TreeOptions->MiscOptions - TVTMiscOptions{toReadOnly};
+    }
+}
+
+TEST_F(CheckListTest, FormsKeepWhatWasMadeOfTheList) {
+    RegisterVirtualTrees();
+    RegisterClasses({&TForm::StaticClass(), &TZORVirtualStringTree::StaticClass()});
+    const auto saved = [](TForm& form) { return WriteTextForm(SaveTextForm(form)); };
+    const auto treeOf = [](TComponent& form) { return As<TZORVirtualStringTree>(form.FindComponent(u"Tree1")); };
+    Form->Hide();
+    Form->SetName(u"Form1");
+    Tree->SetName(u"Tree1");
+    Tree->ClearDeque();
+    Tree->SetInfoLabelVisible(false);
+    Tree->DefaultNodeHeight = 24;
+    Tree->Indent = 18;
+    Tree->Header->SortColumn = NoColumn;
+    Tree->Header->SortDirection = sdDescending;
+    Tree->Header->Options = Tree->Header->Options - TVTHeaderOptions{hoAutoResize};
+    Tree->TreeOptions->SelectionOptions = {};
+    Column(1).Width = 123;
+    Column(1).Hint = u"towns";
+    Tree->SetCheckListBox();
+    const std::string text = saved(*Form);
+    const auto again = CreateFromTextForm(text, nullptr);
+    EXPECT_EQ(saved(static_cast<TForm&>(*again)), text);
+    EXPECT_EQ(treeOf(*again)->Header->SortColumn, NoColumn);
+    EXPECT_EQ(treeOf(*again)->Indent, 18);
+    // A form that says no more than that it is a check list gets one.
+    const auto plain = CreateFromTextForm("object Form1: TForm\n  object Tree1: TZORVirtualStringTree\n"
+                                          "    DefaultNodeHeight = 30\n    CheckBoxStyle = True\n  end\nend\n",
+                                          nullptr);
+    EXPECT_EQ(treeOf(*plain)->Header->Columns->Count, 2);
+    EXPECT_EQ(treeOf(*plain)->Header->SortColumn, 1);
+}
+
+TEST_F(CheckListTest, TheEditShowsWhereItIsOnAlsoInADesigner) {
+    TForm form(nullptr);
+    form.SetBounds(100, 100, 300, 200);
+    form.SetDesigning(true);
+    auto* tree = new TZORVirtualStringTree(&form);
+    tree->SetBounds(10, 10, 250, 150);
+    tree->Parent = &form;
+    tree->CheckBoxStyle = true;
+    form.Show();
+    const auto shows = [&] {
+        const TEdit* edit = tree->SearchEdit;
+        const bool found = form.ControlAtPos({edit->Left + 50, edit->Top + 5}, true) == edit;
+        EXPECT_EQ(found, IsWindowVisible(edit->Handle) != FALSE);
+        return found;
+    };
+    EXPECT_FALSE(shows());
+    tree->SearchEditVisible = true;
+    tree->Visible = false; // which a designer shows all the same
+    EXPECT_TRUE(shows());
+    tree->BiDiMode = bdRightToLeft;
+    EXPECT_EQ(tree->SearchEdit->BiDiMode, bdRightToLeft) << "the phrase begins where the rows do";
+    tree->SearchEditVisible = false;
+    EXPECT_FALSE(shows());
 }
 
 } // namespace
