@@ -1,6 +1,7 @@
 #include "buttons/Zorcolorbutton.h"
 
 #include "foundation/Zorpalette.h"
+#include "foundation/Zortheme.h"
 #include "framework/graphics/handles.h"
 
 namespace ZOR {
@@ -80,11 +81,17 @@ void TZORColors::Assign(TPersistent* source) {
 
 // Life and style
 
-TZORColorButton::TZORColorButton(TComponent* owner, TZORColorStyles style)
-    : TButton(owner), FColors(std::make_unique<TZORColors>(this)), FCanvas(std::make_shared<TCanvas>()) {
-    SetParentFont(false);
-    ListenToColors();
+TZORColorButton::TZORColorButton(TComponent* owner, TZORColorStyles style) : TButton(owner) {
+    Inicjalizuj();
     setColorStyles(style);
+}
+
+/// What all constructors begin with.
+void TZORColorButton::Inicjalizuj() {
+    SetParentFont(false);
+    FColors = std::make_unique<TZORColors>(this);
+    FCanvas = std::make_shared<TCanvas>();
+    ListenToColors();
 }
 
 TZORColorButton::~TZORColorButton() {
@@ -104,14 +111,21 @@ void TZORColorButton::ColorsChange(TPersistent*) {
 void TZORColorButton::setColorStyles(TZORColorStyles value) {
     FColorStyles = value;
     FColors->OnStateChangeEvent = nullptr;
-    if (const auto style = ColorsOfStyle(value))
+    if (value == csNone)
+        DefaultColors();
+    else if (const auto style = ColorsOfStyle(value))
         ApplyStyle(*style);
     ListenToColors();
     Invalidate();
 }
 
+void TZORColorButton::DefaultColors() {
+    ApplyStyle(DefaultButtonColors);
+}
+
 void TZORColorButton::ApplyStyle(const TColorButtonStyle& style) {
-    GetFont()->SetColor(style.Font);
+    if (!IsLoading() || GetFont()->GetColor() == DefaultButtonColors.Font)
+        GetFont()->SetColor(style.Font);
     FColors->setGradientStart(style.GradientStart);
     FColors->setGradientEnd(style.GradientEnd);
     FColors->setFrame(style.Frame);
@@ -184,14 +198,21 @@ void TZORColorButton::RoundCornerOf(TWinControl* control) {
 }
 
 /// Early, before it is seen: a visible window that takes a shape uncovers its parent and is painted again. Painting
-/// asks too, and finds nothing to do unless the form stopped being a designer's.
+/// asks too, and finds nothing to do unless somebody has given the window another shape, or the form stopped being a
+/// designer's.
 void TZORColorButton::KeepShape() {
     if (IsDesigning())
         return;
+    const auto shape = [this] {
+        RECT box{};
+        return GetWindowRgnBox(GetHandle(), &box) == ERROR ? TRect{} : FromWin(box);
+    };
     const TRect client = GetClientRect();
     const TSize size{client.Width(), client.Height()};
-    if (std::exchange(FShapedSize, size) != size)
-        RoundCornerOf(this);
+    if (std::exchange(FShapedSize, size) == size && shape() == FShape)
+        return;
+    RoundCornerOf(this);
+    FShape = shape();
 }
 
 void TZORColorButton::CreateWnd() {
@@ -238,11 +259,18 @@ void TZORColorButton::CNDrawItem(TMessage& message) {
     DrawButton(*canvas, FromWin(item.rcItem), OwnerDrawState(item));
 }
 
-void TZORColorButton::DrawButton(TCanvas& canvas, const TRect& rect, TOwnerDrawState state) {
+/// The colours before they are shaded. The look of a plain button is that of a light theme; its text, which follows the
+/// theme, could not be read on it in a dark one.
+TColorButtonFace TZORColorButton::Face() const {
     const auto resolved = [](TColor color) { return static_cast<TColor>(ColorToRGB(color)); };
-    const TColorButtonFace face =
-        FaceInState({resolved(FColors->getGradientStart()), resolved(FColors->getGradientEnd()), GetFont()->GetColor()},
-                    {state.Contains(odDisabled), state.Contains(odSelected), FHot});
+    const TColor text = GetFont()->GetColor();
+    if (FColorStyles == csNone && text == DefaultButtonColors.Font && ThemeIsDark())
+        return {resolved(clBtnFace), resolved(clBtnFace), clBtnText};
+    return {resolved(FColors->getGradientStart()), resolved(FColors->getGradientEnd()), text};
+}
+
+void TZORColorButton::DrawButton(TCanvas& canvas, const TRect& rect, TOwnerDrawState state) {
+    const TColorButtonFace face = FaceInState(Face(), {state.Contains(odDisabled), state.Contains(odSelected), FHot});
     GradientFillCanvas(&canvas, face.GradientStart, face.GradientEnd, rect, gdVertical);
     KeepShape();
     canvas.GetBrush()->SetStyle(bsClear);

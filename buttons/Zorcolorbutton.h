@@ -70,14 +70,16 @@ public:
     FRAMEWORK_PROPERTY(TZORColorStyles, ColorStyles, getColorStyles, setColorStyles);
     FRAMEWORK_READ_PROPERTY(TCanvas*, Canvas, GetCanvas);
 
-    explicit TZORColorButton(TComponent* owner, TZORColorStyles style = csNone);
+    explicit TZORColorButton(TComponent* owner) : TZORColorButton(owner, csNone) {}
+    TZORColorButton(TComponent* owner, TZORColorStyles style);
     ~TZORColorButton() override;
 
     TZORColors* getColors() const { return FColors.get(); }
     /// Copies the colours; the style becomes csUser.
     void setColors(TZORColors* value) { FColors->Assign(value); }
     TZORColorStyles getColorStyles() const { return FColorStyles; }
-    /// Sets all colours of the style, that of the font included; csUser changes none.
+    /// Sets all colours of the style, that of the font included; csUser changes none. While a form is loaded, which
+    /// names the font first, a font colour that differs from the plain one stays.
     void setColorStyles(TZORColorStyles value);
     /// For OnDrawButton; it draws on nothing at other times.
     TCanvas* GetCanvas() const { return FCanvas.get(); }
@@ -98,20 +100,23 @@ protected:
     void WMSize(TMessage& message) override;
 
 private:
-    void DefaultColors() { setColorStyles(csNone); }
+    void Inicjalizuj();
+    void DefaultColors();
     void ApplyStyle(const TColorButtonStyle& style);
     void ColorsChange(TPersistent* sender);
     void ListenToColors();
     void SetHot(bool value);
     void KeepShape();
     void CNDrawItem(TMessage& message);
+    TColorButtonFace Face() const;
     void DrawButton(TCanvas& canvas, const TRect& rect, TOwnerDrawState state);
     void DrawCaption(TCanvas& canvas, TRect rect);
 
     std::unique_ptr<TZORColors> FColors;
     std::shared_ptr<TCanvas> FCanvas; // shared with a painting that runs: a handler may free the button
     TZORColorStyles FColorStyles = csNone;
-    std::optional<TSize> FShapedSize; // of which the window has the rounded shape
+    std::optional<TSize> FShapedSize; // of which the window has got the rounded shape
+    TRect FShape;                     // what that shape reaches over
     bool FHot = false;                // the mouse is over the button
     bool FDefaultLook = false;        // Enter presses this button now
 };

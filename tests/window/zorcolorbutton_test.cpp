@@ -7,6 +7,7 @@
 #include "framework/windows/application.h"
 #include "framework/windows/edit.h"
 #include "framework/windows/standardcontrols.h"
+#include "tests/support/darktheme.h"
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>
@@ -109,6 +110,18 @@ TEST_F(ColorButtonTest, ResolvesSystemColoursBeforeItShadesThem) {
     ExpectGradient(ShadedColor(plain, true), ShadedColor(plain, true));
 }
 
+TEST_F(ColorButtonTest, PlainOnesCanBeReadInADarkTheme) {
+    {
+        const TDarkTheme dark;
+        Button.Repaint();
+        ExpectColor({5, 5}, TDarkTheme::Face, "the theme's");
+        Button.ColorStyles = csRed;
+        ExpectGradient(0x0000FF, 0x000080);
+    }
+    Button.ColorStyles = csNone;
+    ExpectGradient(0xF0F0F0, 0xDCDCDC);
+}
+
 TEST_F(ColorButtonTest, LooksRoundToUsersAndSquareToDesigners) {
     const auto isShaped = [&] {
         Button.Update();
@@ -125,6 +138,8 @@ TEST_F(ColorButtonTest, LooksRoundToUsersAndSquareToDesigners) {
     EXPECT_EQ(GetWindowRgn(designed.GetHandle(), none.Get()), ERROR);
     Button.RecreateWnd();
     EXPECT_TRUE(isShaped()) << "a new window has no shape yet";
+    SetWindowRgn(Button.GetHandle(), nullptr, TRUE);
+    EXPECT_TRUE(isShaped()) << "a shape that was taken away comes back";
 }
 
 TEST_F(ColorButtonTest, AColourSetByHandMakesTheStyleTheUsers) {
@@ -164,6 +179,8 @@ TEST_F(ColorButtonTest, KeepsStyleAndColoursInATextForm) {
         button->ColorStyles = style;
         if (style == csUser)
             button->Colors->GradientEnd = clNavy;
+        if (style == csBlue)
+            button->GetFont()->SetColor(clYellow);
         const std::string text = WriteTextForm(SaveTextForm(form));
         const auto again = CreateFromTextForm(text, nullptr);
         auto* loaded = As<TZORColorButton>(again->FindComponent(u"Button1"));
