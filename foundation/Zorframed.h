@@ -183,12 +183,10 @@ private:
             break;
         case CM_EXIT:
             FUnfocused = true;
-            FRequirement.Leave(TextIsEmpty());
-            RepaintBorder();
+            RepaintAfter(FRequirement.Leave(TextIsEmpty()));
             break;
         case CM_MOUSELEAVE:
-            FRequirement.MouseLeave(TextIsEmpty());
-            RepaintBorder();
+            RepaintAfter(FRequirement.MouseLeave(TextIsEmpty()));
             break;
         case CM_MOUSEENTER:
         case WM_SIZE:
@@ -210,6 +208,13 @@ private:
     void RepaintBorder() {
         if constexpr (FramesBorder)
             RepaintFrame(*this, TFrameRepaint::NonClient);
+    }
+    /// Another state is painted wherever the frame lies.
+    void RepaintAfter(bool stateChanged) {
+        if (stateChanged)
+            RepaintFrame(*this, Framing.StateChanged);
+        else
+            RepaintBorder();
     }
     void PaintBorder(TMessage& message, const TLifeGuard& alive) {
         const bool nativeFirst = Framing.Place != TFramePlace::Border || HasScrollBars(*this);

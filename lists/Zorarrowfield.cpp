@@ -1,6 +1,7 @@
 #include "lists/Zorarrowfield.h"
 
 #include "foundation/Zorgradient.h"
+#include "foundation/Zortheme.h"
 #include "framework/graphics/textmetrics.h"
 #include "framework/windows/application.h"
 
@@ -160,7 +161,8 @@ void TZORArrowField::PaintArrow(HDC dc) const {
         edge.right = edge.left + 1;
     FillRect(dc, &edge, line.Get());
 
-    const auto color = ColorToRGB(enabled ? FArrowColor : clGrayText);
+    const TColor arrow = FArrowColor == clBlack && !gradient && ThemeIsDark() ? clWindowText : FArrowColor;
+    const auto color = ColorToRGB(enabled ? arrow : clGrayText);
     const TUniqueBrush brush(CreateSolidBrush(color));
     const TUniquePen pen(CreatePen(PS_SOLID, 1, color));
     const TSelectedObject brushSelected(dc, brush.Get());

@@ -1,6 +1,7 @@
 #include "lists/Zorcombobox.h"
 
 #include "foundation/Zorpalette.h"
+#include "framework/windows/application.h"
 #include "framework/windows/clipboard.h"
 #include "framework/windows/inputmethod.h"
 
@@ -270,10 +271,28 @@ void TZORComboBox::WndProc(TMessage& message) {
         if (IsInsertingSign() && ChoosesFromList())
             return AnswerSign(message);
         break;
+    case CN_KEYDOWN:
+    case CN_SYSCHAR:
+        if (!SettleBefore(message))
+            return;
+        break;
     default:
         break;
     }
     Native(message, &TZORComboBox::NativeCombo);
+}
+
+/// An accelerator or the default button may act on the choice while the focus stays here; false when this ended the
+/// field.
+bool TZORComboBox::SettleBefore(const TMessage& message) {
+    TLifeGuard alive(*this);
+    const bool accelerator = message.Msg == CN_SYSCHAR && message.WParam > u' ';
+    if (accelerator && FPublishedStyle != csSimple && GetDroppedDown())
+        SetDroppedDown(false);
+    const bool entered = message.Msg == CN_KEYDOWN && message.WParam == VK_RETURN && !GetDroppedDown();
+    if (alive && (accelerator || entered) && std::exchange(FUntold, false))
+        TellItem();
+    return static_cast<bool>(alive);
 }
 
 /// A letter of the popup arrives as the text with the letter in it; to the search it is a key.
@@ -366,9 +385,12 @@ void TZORComboBox::DropDown() {
         WidenList();
 }
 
-/// Makes the list as wide as its items need; the native one is never narrower than the field.
+/// Makes the list as wide as its items need and its monitor allows; the native one is never narrower than the field.
 void TZORComboBox::WidenList() {
-    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(FListWidth.For(ItemStrings(), *GetFont(), GetDropDownCount())));
+    const int needed = FListWidth.For(ItemStrings(), *GetFont(), GetDropDownCount());
+    const TPoint origin = GetClientOrigin();
+    const TRect monitor = TheScreen().GetWorkArea(Bounds(origin.X, origin.Y, GetWidth(), GetHeight()));
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(ChoiceListWidthOn(monitor, needed)));
 }
 
 void TZORComboBox::CloseUp() {

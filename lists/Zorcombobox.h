@@ -89,6 +89,7 @@ private:
     bool HandleEditCommand(const TMessage& message);
     void AnswerSign(TMessage& message);
     bool PressedElsewhere(const TMessage& message);
+    bool SettleBefore(const TMessage& message);
     void Native(TMessage& message, void (TZORComboBox::*handle)(TMessage&));
     void NativeEdit(TMessage& message) { TZORScreenKeyboard::EditWndProc(message); }
     void NativeList(TMessage& message) { TZORScreenKeyboard::ListWndProc(message); }

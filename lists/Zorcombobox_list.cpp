@@ -303,7 +303,7 @@ void Tform_list::Prepare() {
 }
 
 TRect Tform_list::PlaceFor(const TRect& target, const TRect& workArea) const {
-    const int width = std::min(std::max(FWidth, target.Width()), workArea.Width());
+    const int width = ChoiceListWidthOn(workArea, std::max(FWidth, target.Width()));
     const int rows = ShownRows(list_box->GetRowCount(), FDropDownCount);
     return ChoiceListPlace(target, width, FRowHeight, rows, workArea,
                            GetTarget() && GetTarget()->UseRightToLeftAlignment());

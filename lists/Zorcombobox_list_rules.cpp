@@ -9,6 +9,10 @@ int ShownRows(int itemCount, int dropDownCount) {
     return std::clamp(itemCount, 0, std::max(dropDownCount, 1));
 }
 
+int ChoiceListWidthOn(const TRect& workArea, int needed) {
+    return std::min(needed, std::max(workArea.Width() - ChoiceListPlacing.LeftMargin, 0));
+}
+
 TRect ChoiceListPlace(const TRect& field, int width, int rowHeight, int rows, const TRect& workArea, bool rightToLeft) {
     const TSize size{width, (rowHeight + 1) * rows};
     TRect place = PopupPlace(field, size, workArea, ChoiceListPlacing, rightToLeft);

@@ -16,6 +16,10 @@ inline constexpr int ChoiceListBorder = 1; ///< pixels around the rows
 /// How many rows the list shows before it scrolls.
 int ShownRows(int itemCount, int dropDownCount);
 
+/// The width of a list whose items need so many pixels: one that would fill the monitor keeps the margin at which it
+/// begins.
+int ChoiceListWidthOn(const TRect& workArea, int needed);
+
 /// The place of the list's window, border included. Each of its rows takes `rowHeight` pixels and one more; the rows
 /// without the border decide whether the list opens below the field or above. Either way the border covers that of
 /// the field.

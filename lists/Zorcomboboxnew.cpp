@@ -296,7 +296,7 @@ int TZORComboBoxnew::findItemPos(const String& text) {
 bool TZORComboBoxnew::key_allowed(char16_t key) {
     String text = GetText();
     if (key != 0 && key != VK_BACK)
-        text += key;
+        text += ConvertCase(String(1, key), GetCharCase()); // as the window will show it
     return findItemPos(text) >= 0;
 }
 
@@ -340,7 +340,7 @@ String TZORComboBoxnew::TextWith(const String& inserted) const {
     const TSelection selection = GetSelection();
     String text = GetText();
     text.replace(static_cast<std::size_t>(selection.Start), static_cast<std::size_t>(selection.End - selection.Start),
-                 inserted);
+                 ConvertCase(inserted, GetCharCase()));
     return text;
 }
 
@@ -391,14 +391,16 @@ void TZORComboBoxnew::TextTyped() {
     if (!alive)
         return;
     ShowMatch();
-    FMemory.NoteText(FShown.Text);
-    TZORArrowField::Change();
+    if (FMemory.TextIsNews(FShown.Text)) // the system tells of an undo twice
+        TZORArrowField::Change();
 }
 
 void TZORComboBoxnew::OpenForSearch() {
     const TSelection selection = GetSelection();
+    TLifeGuard alive(*this);
     dropdown_pop();
-    SetSelection(selection);
+    if (alive)
+        SetSelection(selection);
 }
 
 /// Goes to the first row that matches the text, and marks what matches.
@@ -551,6 +553,22 @@ void TZORComboBoxnew::WndProc(TMessage& message) {
     switch (message.Msg) {
     case CN_KEYDOWN:
         if (HandlePopupKey(message) || !alive)
+            return;
+        if (message.WParam == VK_RETURN && !GetDroppedDown())
+            Settle(); // the key may be the default button's, and the focus stays here
+        if (!alive)
+            return;
+        break;
+    case CN_SYSCHAR: // an accelerator, perhaps that of a button
+        if (message.WParam > u' ')
+            CloseAnd([this] { Settle(); });
+        if (!alive)
+            return;
+        break;
+    case EM_SETREADONLY:
+        if (message.WParam != 0)
+            dropdown_close();
+        if (!alive)
             return;
         break;
     case CM_WANTSPECIALKEY:

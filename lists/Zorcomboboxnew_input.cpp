@@ -56,7 +56,7 @@ void TZORComboBoxnew::CloseAnd(const std::function<void()>& rest) {
 /// Takes a row and closes the list; without a row it only closes, and an item that was typed in full is chosen.
 void TZORComboBoxnew::TakeRow(int row) {
     CloseAnd([this, row] {
-        if (row < 0 || row >= GetItems()->GetCount()) {
+        if (row < 0 || row >= GetItems()->GetCount() || GetReadOnly()) {
             TellChoice();
             return;
         }

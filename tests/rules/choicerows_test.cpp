@@ -36,6 +36,10 @@ TEST(ChoiceList, OpensBesideTheField) {
         EXPECT_EQ(place.Right, row.Expected.Right);
         EXPECT_EQ(place.Bottom, row.Expected.Bottom);
     }
+    const int widest = ChoiceListWidthOn(screen, screen.Width() * 2);
+    EXPECT_EQ(ChoiceListPlace({400, 100, 500, 121}, widest, 15, 3, screen, false).Left, screen.Left + 10)
+        << "also a list as wide as the screen keeps the margin";
+    EXPECT_EQ(ChoiceListWidthOn(screen, 100), 100);
     EXPECT_EQ(ShownRows(3, 10), 3);
     EXPECT_EQ(ShownRows(11, 10), 10);
     EXPECT_EQ(ShownRows(5, 0), 1);

@@ -2,8 +2,11 @@
 // change or go while it is open.
 
 #include "framework/graphics/textmetrics.h"
+#include "framework/system/numbers.h"
 #include "framework/windows/application.h"
+#include "framework/windows/button.h"
 #include "tests/support/choicefield.h"
+#include "tests/support/darktheme.h"
 #include "tests/support/handlecount.h"
 
 #include <oleacc.h>
@@ -208,6 +211,69 @@ TEST_F(ChoiceList, GoesWithItsFieldAndForm) {
     });
 }
 
+/// Saving without leaving the field, by the default button or an accelerator, finds an item and no half of one.
+TEST_F(ChoiceList, SettlesBeforeAButtonIsPressedByAKey) {
+    TButton save(nullptr);
+    save.SetParent(Form.get());
+    save.SetBounds(20, 240, 80, 25);
+    save.SetText(u"&Save");
+    save.SetDefault(true);
+    String saved;
+    save.OnClick = [&](TObject*) { saved = Field->Text + u" " + IntToStr(Field->get_id_sel()); };
+    Field->Style = csDropDownList;
+    Field->ItemIndex = 2;
+    const auto begin = [&] {
+        saved.clear();
+        Field->SelectAll();
+        TypeText(u"Br");
+        ASSERT_TRUE(IsOpen());
+    };
+    begin();
+    PressKey(VK_F4);
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(WaitFor([&] { return !saved.empty(); }));
+    EXPECT_EQ(saved, u"oko 102");
+    begin();
+    PressKey('S', {ssAlt});
+    EXPECT_TRUE(WaitFor([&] { return !saved.empty(); }));
+    EXPECT_EQ(saved, u"oko 102");
+    EXPECT_FALSE(IsOpen());
+    Taken();
+    begin();
+    TypeText(u"no");
+    PressKey('S', {ssAlt});
+    EXPECT_TRUE(WaitFor([&] { return !saved.empty(); }));
+    EXPECT_EQ(saved, u"Brno 100");
+    EXPECT_EQ(Taken(), u"change change change change select close ") << "the item typed in full is told of before";
+}
+
+TEST_F(ChoiceList, ChangesNothingThatIsNotToBeChanged) {
+    Open();
+    Field->ReadOnly = true;
+    EXPECT_FALSE(IsOpen()) << "nothing can be taken out of it any more";
+    Field->ReadOnly = false;
+    // Windows tell of an undo twice, and of one that brings nothing back.
+    Field->Text = u"ok";
+    Taken();
+    PressKey('Z', {ssCtrl});
+    EXPECT_EQ(Field->Text, u"ok");
+    EXPECT_EQ(Taken(), u"") << "no other text";
+    Field->SelectAll();
+    TypeText(u"br");
+    Field->DroppedDown = false;
+    Taken();
+    PressKey('Z', {ssCtrl});
+    EXPECT_NE(Field->Text, u"br");
+    EXPECT_EQ(Taken(), u"change ");
+    // Letters as the window will show them.
+    Field->Clear();
+    Field->AddItem(u"KOLN", nullptr);
+    Field->CaseSensitive = true;
+    Field->CharCase = ecUpperCase;
+    TypeText(u"kol");
+    EXPECT_EQ(Field->Text, u"KOL");
+}
+
 TEST_F(ChoiceList, FieldShowsItsStates) {
     const TRect arrow = Field->ArrowRect();
     const TPoint besideArrow{arrow.Left + 4, arrow.Top + 3};
@@ -222,6 +288,11 @@ TEST_F(ChoiceList, FieldShowsItsStates) {
     MoveMouse({5, 5});
     EXPECT_TRUE(WaitFor([&] { return client(besideArrow) == kWhite; }));
     const TPoint tip{(arrow.Left + arrow.Right) / 2, (arrow.Top + arrow.Bottom) / 2};
+    {
+        const TDarkTheme dark;
+        Field->Invalidate();
+        EXPECT_EQ(client(tip), TDarkTheme::Letters) << "no black arrow on black";
+    }
     Field->ArrowColor = clRed;
     EXPECT_EQ(client(tip), 0x0000FFu);
     Field->GradientColorUp = clYellow;

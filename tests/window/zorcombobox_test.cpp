@@ -193,9 +193,39 @@ TEST_F(SearchCombo, OpensAListAsWideAsItsItems) {
     Box->DroppedDown = true;
     EXPECT_GT(listWidth(), TTextMeasure(*Box->Font).Extent(longest).Width);
     Box->DroppedDown = false;
+    Box->Items->Add(String(3000, u'w'));
+    Box->DroppedDown = true;
+    EXPECT_LT(listWidth(), GetSystemMetrics(SM_CXSCREEN)) << "its scroll bar stays in sight";
+    Box->DroppedDown = false;
+    Box->Items->Delete(5);
     Box->Items->Delete(4);
     Box->DroppedDown = true;
     EXPECT_EQ(listWidth(), Box->Width);
+}
+
+TEST_F(SearchCombo, ShowsThatAnErrorHasEnded) {
+    Box->ItemIndex = 0;
+    Box->Wymagany = wRequired;
+    MoveMouse(Box->ClientToScreen({40, 10}));
+    Application->ProcessMessages();
+    Box->Wymagany = wError;
+    const COLORREF error = PixelOf(*Box, {0, 10});
+    MoveMouse(Other.ClientToScreen({5, 40}));
+    ASSERT_TRUE(WaitFor([&] { return Box->Wymagany == wRequired; }));
+    EXPECT_NE(PixelOf(*Box, {0, 10}), error) << "under the eyes of the person";
+}
+
+TEST_F(SearchCombo, AnAcceleratorFindsTheChoiceTold) {
+    TButton save(nullptr);
+    save.SetParent(Form.get());
+    save.SetBounds(20, 240, 80, 25);
+    save.SetText(u"&Save");
+    save.OnClick = [&](TObject*) { Told += u"save:" + Box->Text + u" "; };
+    TypeText(u"br");
+    PressKey('S', {ssAlt});
+    ASSERT_TRUE(WaitFor([&] { return Told.ends_with(u"Brno "); }));
+    EXPECT_EQ(Taken(), u"drop change change select close save:Brno ");
+    EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(SearchCombo, LeavesTheTextToItsItems) {
