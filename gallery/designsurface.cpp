@@ -358,7 +358,10 @@ TComponent* TDesignSurface::ComponentAt(TPoint point) const {
     // A part of a control stands for the control, and a caption for what it is glued to.
     while (hit != FForm.get() && hit->GetOwnerComponent() != FForm.get()) {
         const auto* label = As<TLabel>(hit);
-        TControl* meant = label && label->GetFocusControl() ? label->GetFocusControl() : hit->GetParent();
+        auto* whole = As<TControl>(hit->GetOwnerComponent()); // which need not be what it lies on
+        TControl* meant = label && label->GetFocusControl() ? label->GetFocusControl()
+                          : whole                           ? whole
+                                                            : hit->GetParent();
         hit = meant ? meant : FForm.get();
     }
     return hit;

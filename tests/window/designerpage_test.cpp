@@ -122,6 +122,16 @@ TEST_F(DesignerPage, PlacesEveryComponentAndSavesWhatItOpens) {
     EXPECT_FALSE(Page->IsChanged());
 }
 
+TEST_F(DesignerPage, APartThatLiesBesideItsControlStandsForIt) {
+    ASSERT_TRUE(OpenText("object Form1: TForm\r\n  ClientHeight = 200\r\n  ClientWidth = 300\r\n"
+                         "  object Tree1: TZORVirtualStringTree\r\n    Left = 20\r\n    Top = 20\r\n"
+                         "    Width = 200\r\n    Height = 120\r\n    CheckBoxStyle = True\r\n"
+                         "    SearchEditVisible = True\r\n  end\r\nend\r\n"));
+    const TRect spot = *Surface->FindSpot({u"point", u"100", u"52"}); // on the search edit
+    ClickOn(*Surface, {spot.Left, spot.Top});
+    EXPECT_TRUE(WaitFor([&] { return Surface->GetSelected()->GetName() == u"Tree1"; }));
+}
+
 TEST_F(DesignerPage, OpensTheFormsOfTheGallery) {
     int forms = 0;
     for (const auto& each : std::filesystem::directory_iterator("gallery/forms")) {
