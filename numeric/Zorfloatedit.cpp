@@ -97,8 +97,9 @@ void TZORFloatEdit::KeyPress(char16_t& key) {
 
 void TZORFloatEdit::Change() {
     if (FFocusChanging)
-        return;
-    if (SettleChange(FloatChange(EntryState(), LastValidText(), Entry(), FormatSettings()), LastValidText()))
+        return TextStands();
+    const TEntryMemory memory{LastValidText(), SettledText()};
+    if (SettleChange(FloatChange(EntryState(), memory, Entry(), FormatSettings()), LastValidText()))
         TZORNumericEdit::Change();
 }
 

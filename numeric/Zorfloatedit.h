@@ -23,9 +23,9 @@ public:
     FRAMEWORK_PROPERTY(int, AsInt, GetAsInt, SetAsInt);
     FRAMEWORK_PROPERTY(Variant, VariantValue, GetVariantValue, SetVariantValue);
 
-    /// The separator that is typed is a comma under every locale, so where numbers are written with another one, a
-    /// person can type whole numbers only. True lets the typed separator follow the locale, for every float edit and
-    /// spin float edit of the program.
+    /// The separator that the typing rules know is a comma under every locale. Where numbers are written with another
+    /// one, it leads to the decimals all the same, but they are not kept to their number before the field is left. True
+    /// lets the typed separator follow the locale, for every float edit and spin float edit of the program.
     static bool SeparatorFollowsLocale;
 
     /// Kept for the host, never fired by the control.

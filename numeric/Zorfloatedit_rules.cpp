@@ -101,6 +101,33 @@ TKeyAction Erase(const TEntryState& state, const TPlace& place) {
     return Passes(Backspace);
 }
 
+/// The own separator typed where it makes no number: the number that stands there in full, its decimals selected, so
+/// that the digits that follow are decimals.
+TKeyAction LeadsToDecimals(const TEntryState& state, const TDecimalEntry& entry, const TFormatSettings& settings) {
+    const int decimals = UsedDecimals(entry.Decimals);
+    const TNumberReading reading = ReadNumber(state.Text, settings);
+    if (decimals == 0 || reading.Kind == TNumberText::Unreadable || !std::isfinite(reading.Value))
+        return Rejects();
+    const bool isNegative = Trim(state.Text).starts_with(u'-'); // also before a 0 whose decimals are still to come
+    String text = NumberText(std::fabs(reading.Value), decimals, settings);
+    if (isNegative)
+        text.insert(0, 1, u'-');
+    const std::size_t column = text.find(settings.DecimalSeparator);
+    if (column == String::npos)
+        return Rejects(); // too great for decimals
+    TKeyAction action;
+    action.Selection = TEntrySelection{static_cast<int>(column) + 1, decimals};
+    if (text != state.Text)
+        action.Text = std::move(text);
+    return action;
+}
+
+/// Whether a text is a number as it stands, even if more decimals are expected.
+bool Converts(StringView text, TNumberText kind, const TFormatSettings& settings) {
+    Extended value = 0;
+    return kind == TNumberText::Number || (kind == TNumberText::Unfinished && TryStrToFloat(text, value, settings));
+}
+
 } // namespace
 
 char16_t OwnSeparator(const TDecimalEntry& entry, const TFormatSettings& settings) {
@@ -137,6 +164,8 @@ TKeyAction FloatAcceptedKey(char16_t key, const TEntryState& state, const TDecim
     const char16_t separator = OwnSeparator(entry, settings);
     if (key == u'.')
         key = separator;
+    if (key == separator && separator != settings.DecimalSeparator)
+        return LeadsToDecimals(state, entry, settings);
     const TPlace place(state, entry.Decimals, separator);
     if (key == Backspace)
         return Erase(state, place);
@@ -146,19 +175,24 @@ TKeyAction FloatAcceptedKey(char16_t key, const TEntryState& state, const TDecim
                                        : TypeBeforeFullDecimals(key, state, place, separator);
 }
 
-TEntryChange FloatChange(const TEntryState& state, StringView lastValidText, const TDecimalEntry& entry,
+TEntryChange FloatChange(const TEntryState& state, const TEntryMemory& memory, const TDecimalEntry& entry,
                          const TFormatSettings& settings) {
     const TNumberText kind = ReadNumber(state.Text, settings).Kind;
     TEntryChange change;
     if (kind != TNumberText::Unreadable) {
-        change.IsValid = kind == TNumberText::Number;
+        change.IsValid = Converts(state.Text, kind, settings);
         return change;
     }
-    const TNumberReading last = ReadNumber(lastValidText, settings);
-    change.IsValid = last.Kind == TNumberText::Number;
+    const TNumberText before = ReadNumber(memory.TextBefore, settings).Kind;
+    if (before == TNumberText::Unfinished && !Converts(memory.TextBefore, before, settings)) {
+        change.Repair = RepairedState(state, String(memory.TextBefore));
+        return change;
+    }
+    const TNumberReading last = ReadNumber(memory.LastValidText, settings);
+    change.IsValid = Converts(memory.LastValidText, last.Kind, settings);
     String text;
     if (change.IsValid)
-        text = last.Value != 0 ? NumberText(last.Value, entry.Decimals, settings) : String(lastValidText);
+        text = last.Value != 0 ? NumberText(last.Value, entry.Decimals, settings) : String(memory.LastValidText);
     change.Repair = RepairedState(state, std::move(text));
     return change;
 }

@@ -5,7 +5,8 @@
 //
 // Two separators are kept apart. The locale's separator decides which text is a number. The control's own separator,
 // a comma, is what the typing rules look for. Where the locale's is not the comma, "." is typed as the comma, which
-// makes no number there, so a person can type whole numbers only, unless the own separator follows the locale.
+// makes no number there: what comes of it is the whole part in full with its decimals selected, to be typed over. The
+// rules that keep to a number of decimals while it is typed need an own separator that follows the locale.
 
 #include "numeric/Zornumericentry_rules.h"
 
@@ -48,10 +49,10 @@ TKeyAction FloatKeyPress(char16_t key, const TEntryState& state, const TDecimalE
 TKeyAction FloatAcceptedKey(char16_t key, const TEntryState& state, const TDecimalEntry& entry,
                             const TFormatSettings& settings);
 
-/// Change: an unreadable text gives way to `lastValidText`, written with the decimals of this field, or to nothing
-/// where that is no number here. An unfinished number stays but is not remembered. The caret stays where the two texts
-/// begin to differ.
-TEntryChange FloatChange(const TEntryState& state, StringView lastValidText, const TDecimalEntry& entry,
+/// Change: an unreadable text gives way to the last valid one, written with the decimals of this field, or to nothing
+/// where that is no number here. Unfinished numbers stay; those that convert, as "0," does, are remembered, and what
+/// makes another one unreadable is taken back by itself. The caret stays where the two texts begin to differ.
+TEntryChange FloatChange(const TEntryState& state, const TEntryMemory& memory, const TDecimalEntry& entry,
                          const TFormatSettings& settings);
 
 /// CheckValue outside Change: the comparisons with MinValue and then MaxValue, in this order.

@@ -194,13 +194,17 @@ protected:
         if (!FPreparing)
             TBase::Change();
     }
+    /// The text that stood before the change that is being told of.
+    const String& SettledText() const { return FSettledText; }
+    void TextStands() { FSettledText = this->GetText(); }
     /// Puts a text right that does not stand, and remembers one that does. True when the change that is being told of
     /// still is the last one: a repair is a change of its own, which the host has heard of by then.
     bool SettleChange(const TEntryChange& change, String& lastValidText) {
         TLifeGuard alive(*this);
         if (!change.Repair) {
+            TextStands();
             if (change.IsValid)
-                lastValidText = this->GetText();
+                lastValidText = FSettledText;
             return true;
         }
         this->SetText(change.Repair->Text);
@@ -210,6 +214,7 @@ protected:
     }
 
 private:
+    String FSettledText;
     bool FEditorEnabled = true;
     bool FPreparing = false;     // a key is about to be typed over a text that has just been set for it
     bool FKeypadDecimal = false; // the character on its way comes from the keypad's decimal key

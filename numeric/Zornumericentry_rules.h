@@ -39,6 +39,14 @@ struct TKeyAction {
     bool ReachesHost = true;
 };
 
+/// What Change knows of earlier texts.
+struct TEntryMemory {
+    /// The last text that was a number, of this field or of all that share it.
+    StringView LastValidText = {};
+    /// The text that stood in this field before the change.
+    StringView TextBefore = {};
+};
+
 /// What Change finds about the text that stands in a field now.
 struct TEntryChange {
     /// Another text to put in its place, and where the caret goes then. Setting it calls Change again, which finds

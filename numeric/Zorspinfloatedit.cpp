@@ -77,6 +77,7 @@ void TZORSpinFloatEdit::SetValue(Extended value) {
 }
 
 void TZORSpinFloatEdit::ShowRange(bool outOfRange) {
+    FOutOfRange = outOfRange;
     if (outOfRange)
         SetFWymagany(wError);
     else
@@ -98,8 +99,10 @@ bool TZORSpinFloatEdit::IncrementStored() const {
     return FIncrement != (FTryb == tStandard ? 0.01F : 1.0F);
 }
 
-int TZORSpinFloatEdit::CheckValueEx(Extended value) const {
-    return CheckSpinFloatValueEx(value, Entry());
+int TZORSpinFloatEdit::CheckValueEx(Extended value) {
+    const int side = CheckSpinFloatValueEx(value, Entry());
+    FOutOfRange = side != 0;
+    return side;
 }
 
 Extended TZORSpinFloatEdit::CheckValue(Extended value) const {
@@ -115,7 +118,7 @@ std::int64_t TZORSpinFloatEdit::round(Extended value) {
 }
 
 String TZORSpinFloatEdit::ValueToTimeStr(Extended value) const {
-    return ZOR::ValueToTimeStr(value, TrybSeparator(FTryb, FormatSettings()));
+    return ZOR::ValueToTimeStr(value, ClockSeparator(FTryb, FormatSettings()));
 }
 
 // Typing and steps
@@ -142,8 +145,12 @@ void TZORSpinFloatEdit::KeyDown(WORD& key, TShiftState shift) {
 }
 
 void TZORSpinFloatEdit::Change() {
+    FOutOfRange = false;
     String& lastValid = FTryb == tStandard ? TZORFloatEdit::LastValidText() : FLastValidTime;
-    if (SettleChange(SpinFloatChange(EntryState(), lastValid, Entry(), FormatSettings()), lastValid))
+    TEntryChange change = SpinFloatChange(EntryState(), {lastValid, SettledText()}, Entry(), FormatSettings());
+    if (change.Repair && (FTextFromProgram || !HandleAllocated()))
+        change = {}; // what the program has written stays, and reads as MinValue
+    if (SettleChange(change, lastValid))
         TZORSpinButtons::Change();
 }
 
@@ -184,6 +191,11 @@ void TZORSpinFloatEdit::DoEnter() {
 }
 
 void TZORSpinFloatEdit::Dispatch(TMessage& message) {
+    if (message.Msg == WM_SETTEXT) {
+        const bool outer = std::exchange(FTextFromProgram, true);
+        const TAtScopeEnd set(*this, [this, outer] { FTextFromProgram = outer; });
+        return TZORSpinButtons::Dispatch(message);
+    }
     TLifeGuard alive(*this);
     TZORSpinButtons::Dispatch(message);
     if (alive && message.Msg == WM_LBUTTONUP && std::exchange(FEnteredByClick, false))
@@ -198,23 +210,26 @@ void TZORSpinFloatEdit::SelectClickedPart() {
 
 void TZORSpinFloatEdit::CMExit(TMessage& message) {
     const TSpinFloatLeave leave = LeaveSpinFloat(GetText(), Entry(), FormatSettings());
+    const bool wasOutOfRange = FOutOfRange;
     if (leave.Text && !ReplaceText(*leave.Text))
         return;
-    if (!leave.Accepted) {
-        KeepPerson();
-        return;
-    }
+    FOutOfRange = wasOutOfRange; // the same value in full
+    const bool isInOrder = leave.Accepted && !wasOutOfRange;
     TLifeGuard alive(*this);
-    RestoreWymagany();
-    if (alive)
+    if (isInOrder)
+        RestoreWymagany();
+    else
+        SetFWymagany(wError);
+    if (!alive)
+        return;
+    if (isInOrder || !CanFocus()) // or its program takes it away: nobody is left to ask
         TZORSpinButtons::CMExit(message);
+    else
+        KeepPerson();
 }
 
 void TZORSpinFloatEdit::KeepPerson() {
     TLifeGuard alive(*this);
-    SetFWymagany(wError);
-    if (!alive || !CanFocus())
-        return; // its program takes it away: nobody is left to ask
     // The focus comes back before the message and not after it, or the next field would be entered meanwhile and could
     // have a message of its own as it is left again.
     SetFocus();

@@ -30,8 +30,8 @@ public:
     TTryb GetFTryb() const { return FTryb; }
     /// Another mode starts at 0. Increment becomes 0.01 for numbers and at least 1 for durations.
     void SetFTryb(TTryb value);
-    /// How far a step goes: of numbers, or of hours or minutes, depending on where the caret stands. It means the
-    /// shortest decimal of the single, so 0.01 is a hundredth.
+    /// How far a step goes, of durations in minutes; with the caret in the hours, as many such steps at once as it
+    /// takes for an hour or more. It means the shortest decimal of the single, so 0.01 is a hundredth.
     float GetIncrement() const { return FIncrement; }
     void SetIncrement(float value) { FIncrement = value; }
     /// Digits behind the separator of a number, used as 0 to 18.
@@ -46,8 +46,9 @@ public:
 
     /// The number shown, or the duration in minutes, in or out of the range; MinValue for a text that cannot be read.
     Extended GetValue() const;
-    /// Shows the value brought into the range. One that had to be brought there makes Wymagany wError, any other ends
-    /// an error. The value that is shown already changes nothing.
+    /// Shows the value brought into the range. One that had to be brought there makes Wymagany wError, and the field is
+    /// not left with it before its text was changed; any other ends an error. The value that is shown already changes
+    /// nothing.
     void SetValue(Extended value);
     /// Value in ten-thousandths; beyond the range of Currency the nearest end of it.
     Currency GetAsCurrency() const;
@@ -58,15 +59,16 @@ public:
     bool GetFocusOnMinutes() const { return FFocusOnMinutes; }
     void SetFocusOnMinutes(bool value) { FFocusOnMinutes = value; }
 
-    /// -1 for a value below the range, 1 above it, 0 within.
-    int CheckValueEx(Extended value) const;
+    /// -1 for a value below the range, 1 above it, 0 within. Where it lies outside, the field is kept from being left
+    /// as by a Value out of range, until its text changes or a value within is checked.
+    int CheckValueEx(Extended value);
     /// The value brought into the range; with Zaokraglaj to the outermost multiple of Increment inside it.
     Extended CheckValue(Extended value) const;
     /// The multiple of `step` next to the value in that direction; the value itself for a step of 0.
     static Extended RozRound(Extended value, Extended step, TUpDownDirection direction);
     /// The nearest integer, ties towards plus infinity.
     static std::int64_t round(Extended value);
-    /// Minutes as hours and minutes with the separator of the mode.
+    /// Minutes as hours and minutes with the separator of the mode; that of times in both time modes.
     String ValueToTimeStr(Extended value) const;
     /// Tells that the value is out of range, to Polish users with the range. By its end the field may be gone.
     void ShowBladValidacjiMessage();
@@ -105,7 +107,9 @@ private:
     bool FZaokraglaj = false;
     bool FFocusOnMinutes = false;
     bool FEnteredByClick = false;
-    String FLastValidTime; // the last duration that could be read
+    bool FOutOfRange = false;      // the value set or checked last was, and the text has not changed since
+    bool FTextFromProgram = false; // the text is being set as a whole
+    String FLastValidTime;         // the last duration that could be read
 };
 
 namespace Zorspinfloatedit {

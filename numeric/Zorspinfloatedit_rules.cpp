@@ -14,9 +14,33 @@ bool IsDuration(const TSpinFloatEntry& entry) {
     return entry.Tryb != tStandard;
 }
 
-TDurationForm Form(const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+/// The notation in which the field shows its durations.
+TDurationForm ShownForm(const TSpinFloatEntry& entry, const TFormatSettings& settings) {
     const TMinutesForm minutes = entry.Tryb == tTimeDecimal ? TMinutesForm::Hundredths : TMinutesForm::Minutes;
     return {minutes, TrybSeparator(entry.Tryb, settings), entry.MinValue < 0};
+}
+
+/// Hours and minutes.
+TDurationForm ClockForm(const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    return {TMinutesForm::Minutes, ClockSeparator(entry.Tryb, settings), entry.MinValue < 0};
+}
+
+/// The notation of a text, which its separator tells: where hundredths show, hours and minutes can be typed as well.
+TDurationForm FormOf(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
+    const TDurationForm clock = ClockForm(entry, settings);
+    return text.find(clock.Separator) != StringView::npos ? clock : ShownForm(entry, settings);
+}
+
+/// The same duration in another notation, the minutes selected.
+TEntryState InForm(const TEntryState& state, const TDurationForm& from, const TDurationForm& to) {
+    const TNumberReading reading = ReadDuration(state.Text, from);
+    if (reading.Kind != TNumberText::Number && reading.Kind != TNumberText::Unfinished)
+        return GoToMinutes(state, to);
+    TEntryState after{DurationText(reading.Value, to), {}};
+    if (state.Text.front() == u'-' && after.Text.front() != u'-')
+        after.Text.insert(0, 1, u'-'); // the digits that make it negative are still to come
+    after.Selection = TimePartSelection(after.Text, TTimePart::Minutes, to.Separator);
+    return after;
 }
 
 bool IsReadable(TNumberText kind) {
@@ -32,7 +56,8 @@ Extended LastDecimal(const TSpinFloatEntry& entry) {
 }
 
 String PlainText(Extended value, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
-    return IsDuration(entry) ? DurationText(value, Form(entry, settings)) : NumberText(value, entry.Decimals, settings);
+    return IsDuration(entry) ? DurationText(value, ShownForm(entry, settings))
+                             : NumberText(value, entry.Decimals, settings);
 }
 
 /// A bound of the range, or the outermost multiple of Increment inside it.
@@ -57,8 +82,9 @@ Extended Stepped(Extended value, int steps, TTimePart part, const TSpinFloatEntr
     constexpr int minutesPerHour = 60;
     const Extended unit = UsedStep(entry);
     if (IsDuration(entry) && part == TTimePart::Hours) {
-        const Extended hours = value + steps * unit * minutesPerHour;
-        return entry.Zaokraglaj ? RozRound(hours, unit, TStepDirection::None) : hours;
+        const Extended hour = RozRound(minutesPerHour, std::fabs(unit), TStepDirection::Up);
+        const Extended stepped = value + steps * std::copysign(hour, unit);
+        return entry.Zaokraglaj ? RozRound(stepped, unit, TStepDirection::None) : stepped;
     }
     if (entry.Zaokraglaj && !IsMultiple(value, unit)) {
         const bool goesUp = (steps > 0) == (unit > 0);
@@ -77,7 +103,10 @@ TKeyAction Becomes(const TEntryState& before, TEntryState after) {
     return action;
 }
 
-TKeyAction DurationKeyPress(char16_t key, const TEntryState& state, const TDurationForm& form) {
+TKeyAction DurationKeyPress(char16_t key, const TEntryState& state, const TSpinFloatEntry& entry,
+                            const TFormatSettings& settings) {
+    const TDurationForm form = FormOf(state.Text, entry, settings);
+    const TDurationForm clock = ClockForm(entry, settings);
     const bool isDigit = key >= u'0' && key <= u'9';
     TKeyAction rejects;
     rejects.ReachesHost = false;
@@ -85,8 +114,11 @@ TKeyAction DurationKeyPress(char16_t key, const TEntryState& state, const TDurat
         std::optional<TEntryState> typed = TypeDurationDigit(key, state, form);
         return typed ? Becomes(state, std::move(*typed)) : TKeyAction{};
     }
-    if (key == form.Separator || key == u'.' || key == u',' || key == u':')
-        return Becomes(state, GoToMinutes(state, form));
+    if (key == form.Separator || key == clock.Separator || key == u'.' || key == u',' || key == u':') {
+        const bool asksForClock = key == u':' || key == clock.Separator;
+        const TDurationForm asked = asksForClock ? clock : ShownForm(entry, settings);
+        return Becomes(state, asked.Minutes == form.Minutes ? GoToMinutes(state, form) : InForm(state, form, asked));
+    }
     const bool isNegative = !state.Text.empty() && state.Text.front() == u'-';
     if ((key == u'-' && form.MayBeNegative) || (key == u'+' && isNegative))
         return Becomes(state, TurnSign(state, form));
@@ -99,6 +131,13 @@ char16_t TrybSeparator(TTryb mode, const TFormatSettings& settings) {
     if (mode != tTime)
         return settings.DecimalSeparator;
     return settings.TimeSeparator != u'\0' ? settings.TimeSeparator : u':';
+}
+
+char16_t ClockSeparator(TTryb mode, const TFormatSettings& settings) {
+    if (mode != tTimeDecimal)
+        return TrybSeparator(mode, settings);
+    const char16_t separator = TrybSeparator(tTime, settings);
+    return separator == settings.DecimalSeparator ? u':' : separator;
 }
 
 // Value and range
@@ -118,8 +157,9 @@ String SpinFloatText(Extended value, const TSpinFloatEntry& entry, const TFormat
 
 TNumberReading ReadSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
     TNumberReading reading =
-        IsDuration(entry) ? ReadDuration(text, Form(entry, settings)) : ReadNumberWithPoints(text, settings);
-    if (!IsReadable(reading.Kind))
+        IsDuration(entry) ? ReadDuration(text, FormOf(text, entry, settings)) : ReadNumberWithPoints(text, settings);
+    const bool countsAsZeros = entry.Tryb == tTimeDecimal && reading.Kind == TNumberText::Empty;
+    if (!IsReadable(reading.Kind) && !countsAsZeros)
         reading.Value = entry.MinValue;
     return reading;
 }
@@ -173,6 +213,17 @@ TTrybChange ChangeTryb(TTryb mode, const TSpinFloatEntry& entry, const TFormatSe
     return {changed.Increment, text, CheckSpinFloatValueEx(0, changed) != 0};
 }
 
+namespace {
+
+/// Whether a typed value lies within the range, and a duration without one within all durations.
+bool CanBeLeft(Extended value, const TSpinFloatEntry& entry) {
+    if (IsDuration(entry) && entry.MinValue == entry.MaxValue)
+        return std::fabs(value) <= UnboundedMinutes;
+    return CheckSpinFloatValueEx(value, entry) == 0;
+}
+
+} // namespace
+
 TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
     TSpinFloatLeave leave;
     const TNumberReading reading = ReadSpinFloat(text, entry, settings);
@@ -183,7 +234,7 @@ TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, co
     if (IsDuration(entry) && entry.Zaokraglaj)
         rounded = RozRound(value, WrittenSingle(entry.Increment), TStepDirection::None);
     // One of the two within the range is enough: rounding may lead into it, and where it leads out, back to its end.
-    leave.Accepted = CheckSpinFloatValueEx(value, entry) == 0 || CheckSpinFloatValueEx(rounded, entry) == 0;
+    leave.Accepted = CanBeLeft(value, entry) || CanBeLeft(rounded, entry);
     if (leave.Accepted)
         value = CheckSpinFloatValue(rounded, entry);
     String written = SpinFloatText(value, entry, settings);
@@ -194,11 +245,12 @@ TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, co
 
 namespace {
 
-/// As the message writes it: a duration in hours and minutes, also where the field shows hundredths of an hour.
+/// As the message writes it: a duration in hours and minutes, with their separator also where the field shows
+/// hundredths of an hour, so that it can be typed as it is read.
 String BoundText(Extended bound, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
     if (!IsDuration(entry))
         return NumberText(bound, entry.Decimals, settings);
-    return ValueToTimeStr(bound, TrybSeparator(entry.Tryb, settings));
+    return ValueToTimeStr(bound, ClockSeparator(entry.Tryb, settings));
 }
 
 } // namespace
@@ -239,7 +291,6 @@ TKeyAction SpinFloatKeyPress(char16_t key, const TEntryState& state, const TSpin
     if (!IsDuration(entry))
         return FloatKeyPress(key, state, entry, settings);
     constexpr char16_t backspace = u'\b';
-    const TDurationForm form = Form(entry, settings);
     TKeyAction action;
     action.Key = key;
     action.ReachesHost = false;
@@ -252,8 +303,8 @@ TKeyAction SpinFloatKeyPress(char16_t key, const TEntryState& state, const TSpin
     if (entry.ReadOnly || (IsCommandChar(key) && key != backspace))
         return action;
     if (key != backspace)
-        return DurationKeyPress(key, state, form);
-    std::optional<TEntryState> erased = EraseInDuration(false, state, form);
+        return DurationKeyPress(key, state, entry, settings);
+    std::optional<TEntryState> erased = EraseInDuration(false, state, FormOf(state.Text, entry, settings));
     return erased ? Becomes(state, std::move(*erased)) : action;
 }
 
@@ -261,7 +312,7 @@ std::optional<TKeyAction> SpinFloatKeyDown(TCaretKey key, const TEntryState& sta
                                            const TFormatSettings& settings) {
     if (!IsDuration(entry))
         return std::nullopt;
-    const TDurationForm form = Form(entry, settings);
+    const TDurationForm form = FormOf(state.Text, entry, settings);
     if (key != TCaretKey::Delete) {
         const std::optional<TEntrySelection> selection = CrossSeparator(key == TCaretKey::Right, state, form);
         if (!selection)
@@ -280,18 +331,17 @@ std::optional<TKeyAction> SpinFloatKeyDown(TCaretKey key, const TEntryState& sta
     return Becomes(state, std::move(*erased));
 }
 
-TEntryChange SpinFloatChange(const TEntryState& state, StringView lastValidText, const TSpinFloatEntry& entry,
+TEntryChange SpinFloatChange(const TEntryState& state, const TEntryMemory& memory, const TSpinFloatEntry& entry,
                              const TFormatSettings& settings) {
     if (!IsDuration(entry))
-        return FloatChange(state, lastValidText, entry, settings);
-    const TDurationForm form = Form(entry, settings);
+        return FloatChange(state, memory, entry, settings);
     TEntryChange change;
-    const TNumberText kind = ReadDuration(state.Text, form).Kind;
+    const TNumberText kind = ReadSpinFloat(state.Text, entry, settings).Kind;
     change.IsValid = kind == TNumberText::Number;
     if (kind != TNumberText::Unreadable)
         return change;
-    const bool lastIsValid = ReadDuration(lastValidText, form).Kind == TNumberText::Number;
-    change.Repair = RepairedState(state, lastIsValid ? String(lastValidText) : DurationText(0, form));
+    const bool lastIsValid = ReadSpinFloat(memory.LastValidText, entry, settings).Kind == TNumberText::Number;
+    change.Repair = RepairedState(state, lastIsValid ? String(memory.LastValidText) : PlainText(0, entry, settings));
     change.IsValid = true;
     return change;
 }
@@ -299,20 +349,19 @@ TEntryChange SpinFloatChange(const TEntryState& state, StringView lastValidText,
 String PasteSpinFloat(StringView clipboardText, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
     if (!IsDuration(entry))
         return PasteFloat(clipboardText, settings);
-    const TDurationForm form = Form(entry, settings);
-    const TNumberReading reading = ReadDuration(clipboardText, form);
-    return IsReadable(reading.Kind) ? DurationText(reading.Value, form) : String();
+    const TNumberReading reading = ReadSpinFloat(clipboardText, entry, settings);
+    return IsReadable(reading.Kind) ? PlainText(reading.Value, entry, settings) : String();
 }
 
 TTimePart TimePartAt(const TEntryState& state, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
-    return IsDuration(entry) ? TimePartAt(state, TrybSeparator(entry.Tryb, settings)) : TTimePart::Hours;
+    return IsDuration(entry) ? TimePartAt(state, FormOf(state.Text, entry, settings).Separator) : TTimePart::Hours;
 }
 
 TEntrySelection TimePartSelection(StringView text, TTimePart part, const TSpinFloatEntry& entry,
                                   const TFormatSettings& settings) {
     if (!IsDuration(entry))
         return {0, static_cast<int>(text.size())};
-    return TimePartSelection(text, part, TrybSeparator(entry.Tryb, settings));
+    return TimePartSelection(text, part, FormOf(text, entry, settings).Separator);
 }
 
 TEntryState StepSpinFloat(const TEntryState& state, int steps, const TSpinFloatEntry& entry,

@@ -1,7 +1,8 @@
 #pragma once
 
 // The spin float edit's rules. The field holds a decimal number (tStandard) or a duration in whole minutes, typed as
-// hours and minutes (tTime, 01:30) or as hours and hundredths of an hour (tTimeDecimal, 01,50).
+// hours and minutes (tTime, 01:30) or as hours and hundredths of an hour (tTimeDecimal, 01,50; whoever types 1:30 there
+// has it rewritten so).
 //
 // A decimal number is typed as in the float edit. A duration has two parts, hours and minutes, on either side of a
 // separator that keys never remove. One part is selected at a time; the arrow keys step the part where the caret
@@ -30,7 +31,7 @@ inline constexpr std::array<StringView, 3> TrybNames{u"tStandard", u"tTime", u"t
 /// within UnboundedMinutes; otherwise a MaxValue of 0 or below leaves the top open.
 struct TSpinFloatEntry : TDecimalEntry {
     TTryb Tryb = tStandard;
-    /// The step, in minutes or hours for durations. It means the shortest decimal of the single (WrittenSingle).
+    /// The step, in minutes for durations. It means the shortest decimal of the single (WrittenSingle).
     float Increment = 0.01F;
     /// Durations are rounded to multiples of Increment when the field is left, steps and clamped values in every mode.
     bool Zaokraglaj = false;
@@ -42,6 +43,9 @@ inline constexpr int UnboundedMinutes = 599999;
 /// The separator character of the mode: the locale's decimal separator, in tTime its time separator (":" in a locale
 /// that has none).
 char16_t TrybSeparator(TTryb mode, const TFormatSettings& settings);
+/// What parts hours from minutes in the mode, also where the field shows hundredths: there the locale's time separator,
+/// or ":" where that is the decimal separator as well.
+char16_t ClockSeparator(TTryb mode, const TFormatSettings& settings);
 
 // Value and range
 
@@ -50,7 +54,8 @@ char16_t TrybSeparator(TTryb mode, const TFormatSettings& settings);
 String SpinFloatText(Extended value, const TSpinFloatEntry& entry, const TFormatSettings& settings);
 
 /// GetValue: the reading's Value is MinValue where the Kind is Empty or Unreadable, and is not brought into the range.
-/// Unfinished numbers and empty parts of a duration count as what they have so far.
+/// Unfinished numbers and empty parts of a duration count as what they have so far; of an empty text in tTimeDecimal
+/// that is 0. A text with the clock separator is hours and minutes in tTimeDecimal, too.
 TNumberReading ReadSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings);
 
 /// CheckValueEx: -1 below the range, 1 above it, 0 within.
@@ -96,11 +101,11 @@ struct TSpinFloatLeave {
 };
 
 /// CMExit. A duration is rounded first where Zaokraglaj asks for it, which may lead into the range. A value within it
-/// is written in full; one outside is written in full as it was typed; an unreadable text stays, so that nothing typed
-/// is lost. An empty text counts as MinValue.
+/// is written in full; one outside, or a duration without range beyond UnboundedMinutes, is written in full as it was
+/// typed; an unreadable text stays, so that nothing typed is lost.
 TSpinFloatLeave LeaveSpinFloat(StringView text, const TSpinFloatEntry& entry, const TFormatSettings& settings);
 
-/// ShowBladValidacjiMessage: what the box says. Polish users also read the range, in the form of the field.
+/// ShowBladValidacjiMessage: what the box says. Polish users also read the range, durations as hours and minutes.
 TMessageText RangeMessage(const TSpinFloatEntry& entry, TMessageLanguage language, const TFormatSettings& settings);
 
 /// AsCurrency: amounts beyond the range give its ends, NaN gives 0.
@@ -111,8 +116,9 @@ Currency SpinFloatCurrency(Extended value);
 /// The character that the decimal key of the numeric keypad stands for.
 char16_t KeypadDecimalChar(const TSpinFloatEntry& entry, const TFormatSettings& settings);
 
-/// KeyPress: FloatKeyPress in tStandard. In durations digits, separators (".", "," and ":" alike lead to the minutes),
-/// "-" (turns the sign where MinValue is below 0), "+" (takes it away) and backspace are carried out here and reach the
+/// KeyPress: FloatKeyPress in tStandard. In durations digits, separators (".", "," and ":" alike lead to the minutes;
+/// in tTimeDecimal the clock separator rewrites the duration as hours and minutes, the others as hundredths), "-"
+/// (turns the sign where MinValue is below 0), "+" (takes it away) and backspace are carried out here and reach the
 /// host as 0; other characters are rejected, commands pass.
 TKeyAction SpinFloatKeyPress(char16_t key, const TEntryState& state, const TSpinFloatEntry& entry,
                              const TFormatSettings& settings);
@@ -127,9 +133,9 @@ std::optional<TKeyAction> SpinFloatKeyDown(TCaretKey key, const TEntryState& sta
                                            const TFormatSettings& settings);
 
 /// Change: FloatChange in tStandard. An unreadable duration (a menu can cut the separator out) gives way to
-/// `lastValidText`, or where that is none to one of no length. Durations have a LastValidText of their own field; the
-/// float edits' shared one is of no use to them.
-TEntryChange SpinFloatChange(const TEntryState& state, StringView lastValidText, const TSpinFloatEntry& entry,
+/// the last valid text, or where that is none to one of no length. Durations have a LastValidText of their own field;
+/// the float edits' shared one is of no use to them.
+TEntryChange SpinFloatChange(const TEntryState& state, const TEntryMemory& memory, const TSpinFloatEntry& entry,
                              const TFormatSettings& settings);
 
 /// The whole text after a paste; empty where the clipboard's text does not read in this mode.
@@ -144,9 +150,10 @@ TEntrySelection TimePartSelection(StringView text, TTimePart part, const TSpinFl
 
 /// The field after `steps` steps up (or down when negative), by an arrow key, the up-down or the wheel: the value
 /// within the range, the same part selected again or the caret at its distance from the end of the text. A step is
-/// Increment, for durations in whole minutes, or hours, as the caret stands, and never less than the last place of the
-/// text. With Zaokraglaj a value that is no multiple first goes to the next multiple on its way. An unreadable text
-/// counts as MinValue. Nothing changes for an Increment of 0, nor in a read-only field.
+/// Increment, for durations in whole minutes, and never less than the last place of the text; with the caret in the
+/// hours as many whole Increments as it takes for an hour or more. With Zaokraglaj a value that is no multiple first
+/// goes to the next multiple on its way. An unreadable text counts as MinValue. Nothing changes for an Increment of 0,
+/// nor in a read-only field.
 TEntryState StepSpinFloat(const TEntryState& state, int steps, const TSpinFloatEntry& entry,
                           const TFormatSettings& settings);
 

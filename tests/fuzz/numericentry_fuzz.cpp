@@ -130,9 +130,9 @@ void SetUp(TField& field, TBytes& bytes) {
     field.Settings = (flags & 16) != 0 ? American : Polish;
     field.Settings.TimeSeparator = bytes.OneOf(timeSeparators);
     field.Edit.LastValidText = bytes.Flag() ? bytes.Text() : String();
-    field.Edit.Judge = [&field](const TEntryState& state, StringView last) {
-        return field.IsFloatEdit ? FloatChange(state, last, field.Entry, field.Settings)
-                                 : SpinFloatChange(state, last, field.Entry, field.Settings);
+    field.Edit.Judge = [&field](const TEntryState& state, const TEntryMemory& memory) {
+        return field.IsFloatEdit ? FloatChange(state, memory, field.Entry, field.Settings)
+                                 : SpinFloatChange(state, memory, field.Entry, field.Settings);
     };
     field.Edit.SetText(bytes.Text());
 }

@@ -29,7 +29,9 @@ const TDecimalEntry Signed = Decimals(2, -1000, 1000);
 String Typed(const char16_t* before, StringView keys, const TDecimalEntry& entry, const TFormatSettings& settings,
              const String& lastValidText = {}) {
     TSimulatedEdit edit;
-    edit.Judge = [&](const TEntryState& state, StringView last) { return FloatChange(state, last, entry, settings); };
+    edit.Judge = [&](const TEntryState& state, const TEntryMemory& memory) {
+        return FloatChange(state, memory, entry, settings);
+    };
     edit.LastValidText = lastValidText;
     edit.Start(StateShown(before));
     for (const char16_t key : keys) {
@@ -69,6 +71,8 @@ TEST(FloatEdit, TypingWhereTheCommaIsTheSeparator) {
     const TStory rows[] = {
         {"a number from the start", Plain, u"|", u"12,34", u"12,34|"},
         {"without a whole part", Plain, u"|", u",5", u",5|"},
+        {"a separator twice behind a zero", Plain, u"|", u"0,,5", u"0,5|"},
+        {"or in front of everything", Plain, u"|", u",,5", u",5|"},
         {"full decimals swallow digits at their end", Plain, u"12,34|", u"56", u"12,34|"},
         {"and are overtyped inside", Plain, u"12,|34", u"567", u"12,56|"},
         {"a selection of decimals counts from its start only", Plain, u"12,[34]", u"5", u"12,5|4"},
@@ -91,6 +95,8 @@ TEST(FloatEdit, TypingWhereTheCommaIsTheSeparator) {
         {"a plus", Plain, u"|", u"+5", u"+5|"},
         {"a negative number from the start", Signed, u"|", u"-1,5", u"-1,5|"},
         {"over all of it", Signed, u"[12,34]", u"-5", u"-5|,00"},
+        {"a sign twice", Signed, u"|", u"--5", u"-5|"},
+        {"a separator in an exponent", Plain, u"|", u"1e,2", u"1e2|"},
         {"a sign among digits is taken back", Signed, u"1|2", u"-", u"1|2,00"},
         {"and so is one typed over a decimal", Signed, u"12,|34", u"-", u"12,3|4"},
         {"no decimals, no separator", Decimals(0), u"12|", u",.5", u"125|"},
@@ -126,13 +132,21 @@ TEST(FloatEdit, TypingWhereTheCommaIsTheSeparator) {
 
 TEST(FloatEdit, TypingWhereTheCommaIsNotTheSeparator) {
     const TStory rows[] = {
-        {"the point becomes a comma, which makes no number here", Plain, u"|", u"12.5", u"125|.00"},
+        {"the point becomes a comma, which leads to the decimals", Plain, u"|", u"12.5", u"12.5|"},
+        {"with nothing to go behind it", Plain, u"12|", u".", u"12.[00]"},
+        {"of a zero", Plain, u"|", u"0.5", u"0.5|"},
+        {"without a whole part", Plain, u"|", u".25", u"0.25|"},
+        {"below zero", Signed, u"|", u"-0.5", u"-0.5|"},
+        {"a point that is there already", Plain, u"[12.34]", u".5", u"12.5|"},
+        {"twice", Plain, u"|", u"7..5", u"7.5|"},
+        {"a number too great for decimals", Plain, u"1e18|", u".", u"1e18|"},
         {"a comma is refused", Plain, u"12|", u",5", u"125|"},
         {"decimals are free until the field is left", Plain, u"12.3|", u"456", u"12.3456|"},
         {"and erased freely", Plain, u"12.34|", u"<<<", u"12|"},
     };
     for (const TStory& row : rows)
         EXPECT_EQ(Utf8Encode(Typed(row.Before, row.Keys, row.Entry, American)), Utf8Encode(row.After)) << row.Name;
+    EXPECT_EQ(Utf8Encode(Typed(u"12|", u".5", Decimals(0), American)), "125|") << "no decimals to go to";
     EXPECT_EQ(Utf8Encode(Typed(u"12|", u".", Plain, Polish)), "12|") << "a point where the comma separates";
     for (const TFormatSettings* settings : {&Polish, &German, &American})
         EXPECT_TRUE(IsValidFloatChar(KeypadDecimalChar(*settings), Plain, *settings));
@@ -177,7 +191,7 @@ TEST(FloatEdit, ChangeKeepsUnfinishedNumbersAndRepairsOthers) {
         {u"-|", u"7", nullptr, false},
         {u"-,|", u"7", nullptr, false},
         {u",|", u"7", nullptr, false},
-        {u"12,|", u"7", nullptr, false},
+        {u"12,|", u"7", nullptr, true},
         {u"1e|", u"7", nullptr, false},
         {u"1,5e-|", u"7", nullptr, false},
         {u"NAN|", u"7", nullptr, false},
@@ -197,7 +211,7 @@ TEST(FloatEdit, ChangeKeepsUnfinishedNumbersAndRepairsOthers) {
     };
     for (const auto& row : rows) {
         const TEntryState state = StateShown(row.Text);
-        const TEntryChange change = FloatChange(state, row.Last, Plain, Polish);
+        const TEntryChange change = FloatChange(state, {row.Last}, Plain, Polish);
         SCOPED_TRACE(Utf8Encode(row.Text) + " after " + Utf8Encode(row.Last));
         EXPECT_EQ(change.IsValid, row.IsValid);
         EXPECT_EQ(change.Repair ? Utf8Encode(ShownState(*change.Repair)) : "stays", row.After ? row.After : "stays");

@@ -35,8 +35,8 @@ constexpr TRange Signed{-6000, 6000};
 // Keys by one character each: '<' backspace, '#' Delete, 'L' and 'R' the arrows, '^' and 'v' a step up and down.
 String Typed(const char16_t* before, StringView keys, const TSpinFloatEntry& entry, const TFormatSettings& settings) {
     TSimulatedEdit edit;
-    edit.Judge = [&](const TEntryState& state, StringView last) {
-        return SpinFloatChange(state, last, entry, settings);
+    edit.Judge = [&](const TEntryState& state, const TEntryMemory& memory) {
+        return SpinFloatChange(state, memory, entry, settings);
     };
     edit.Start(StateShown(before));
     edit.LastValidText = edit.State.Text;
@@ -127,7 +127,11 @@ TEST(SpinFloatEdit, TypingDurations) {
         {"steps bring a typed value into the range", Entry(tTime, {10, 90}), u"05:[00]", u"v", u"01:[30]"},
         {"steps to multiples", Entry(tTime, {}, 15, true), u"01:[10]", u"^^", u"01:[30]"},
         {"and down", Entry(tTime, {}, 15, true), u"01:[10]", u"v", u"01:[00]"},
-        {"hours stay multiples of minutes", Entry(tTime, {}, 2, true), u"[01]:31", u"^", u"[03]:32"},
+        {"an hour is made of quarters", Entry(tTime, {0, 600}, 15), u"[01]:30", u"^^v", u"[02]:30"},
+        {"and takes two of more than half of one", Entry(tTime, {0, 600}, 40), u"[01]:30", u"^", u"[02]:50"},
+        {"a longer step is longer", Entry(tTime, {0, 600}, 90), u"[01]:30", u"^", u"[03]:00"},
+        {"backwards as well", Entry(tTime, {0, 600}, -15), u"[01]:30", u"^", u"[00]:30"},
+        {"hours stay multiples of minutes", Entry(tTime, {}, 2, true), u"[01]:31", u"^", u"[02]:32"},
         {"less than a minute is a minute", Entry(tTime, {}, 0.25F), u"01:[30]", u"^", u"01:[31]"},
         {"no step", Entry(tTime, {}, 0), u"1:|5", u"^v", u"1:|5"},
         {"a step backwards", Entry(tTime, {}, -5), u"01:[30]", u"^", u"01:[25]"},
@@ -143,6 +147,19 @@ TEST(SpinFloatEdit, TypingDurations) {
     EXPECT_EQ(Utf8Encode(Typed(u"[00].00", u"1,5", hundredths, American)), "1.5|");
     EXPECT_EQ(Utf8Encode(Typed(u"01,[50]", u"^", hundredths, German)), "01,[52]");
     EXPECT_EQ(Utf8Encode(Typed(u"5|", u"1", hundredths, Polish)), "51,[00]");
+    // Hours and minutes where hundredths show, and back.
+    EXPECT_EQ(Utf8Encode(Typed(u"[00],00", u"1:30", hundredths, Polish)), "01:30|");
+    EXPECT_EQ(Utf8Encode(Typed(u"[00],00", u"01:30", hundredths, Polish)), "01:30|");
+    EXPECT_EQ(Utf8Encode(Typed(u"01,5|0", u":", hundredths, Polish)), "01:[30]");
+    EXPECT_EQ(Utf8Encode(Typed(u"|", u"1:75,", hundredths, American)), "02.[25]");
+    EXPECT_EQ(Utf8Encode(Typed(u"[00]:45", u"^", hundredths, German)), "[01],75");
+    EXPECT_EQ(Utf8Encode(Typed(u"-[00],00", u"0:3", Entry(tTimeDecimal, Signed), Polish)), "-00:3|");
+    TFormatSettings points = Polish;
+    points.TimeSeparator = u'.';
+    EXPECT_EQ(Utf8Encode(Typed(u"[00],00", u"1.30", hundredths, points)), "01.30|");
+    points.DecimalSeparator = u'.';
+    EXPECT_EQ(Utf8Encode(Typed(u"[00].00", u"1.5", hundredths, points)), "1.5|") << "a point of both is the decimals'";
+    EXPECT_EQ(Utf8Encode(Typed(u"[00].00", u"1:5", hundredths, points)), "01:5|");
 }
 
 TEST(SpinFloatEdit, TypingAndSteppingNumbers) {
@@ -253,7 +270,9 @@ TEST(SpinFloatEdit, Reading) {
         {tTimeDecimal, u"0,075", TNumberText::Number, 5}, // 4.5 minutes, exactly
         {tTimeDecimal, u"-0,075", TNumberText::Number, -5},
         {tTimeDecimal, u"0,99999999999999999999999", TNumberText::Number, 60},
-        {tTimeDecimal, u"1:30", TNumberText::Unreadable, least},
+        {tTimeDecimal, u"1:30", TNumberText::Number, 90},
+        {tTimeDecimal, u"1:3,0", TNumberText::Unreadable, least},
+        {tTimeDecimal, u"", TNumberText::Empty, 0},
     };
     for (const auto& row : rows) {
         const TNumberReading reading = ReadSpinFloat(row.Text, Entry(row.Mode, {least, 100}), Polish);
@@ -365,7 +384,11 @@ TEST(SpinFloatEdit, Leaving) {
         {"in hundredths", Entry(tTimeDecimal), u"1,5", true, "01,50"},
         {"whole hours", Entry(tTimeDecimal), u"2", true, "02,00"},
         {"minus zero", Entry(tTime, Signed), u"-00:00", true, "00:00"},
-        {"a duration beyond all", Entry(tTime), u"99999:00", true, "9999:59"},
+        {"hours and minutes become hundredths", Entry(tTimeDecimal), u"1:30", true, "01,50"},
+        {"the longest duration", Entry(tTime), u"9999:59", true, "9999:59"},
+        {"a duration beyond all", Entry(tTime), u"99999:0", false, "99999:00"},
+        {"below all", Entry(tTimeDecimal), u"-10000,00", false, "-10000,00"},
+        {"where the range is greater", Entry(tTime, {0, 1e6L}), u"10000:00", true, "10000:00"},
         {"rounded", Entry(tTime, {}, 15, true), u"1:10", true, "01:15"},
         {"a tie, up", Entry(tTime, Signed, 2, true), u"-0:5", true, "-00:04"},
         {"rounded, but within the range", Entry(tTime, {0, 100}, 15, true), u"1:38", true, "01:30"},
@@ -398,7 +421,7 @@ TEST(SpinFloatEdit, Message) {
         {Entry(tStandard, {-5, -1}, 1, false, 0), "\nWartość powinna być większa od [-5]."},
         {Entry(tStandard, {-0.5L, 1000}), "\nWartość powinna mieścić się w zakresie [-0,50 - 1000,00]."},
         {Entry(tTime, {30, 6000}), "\nWartość powinna mieścić się w zakresie [00:30 - 100:00]."},
-        {Entry(tTimeDecimal, {30, 90}), "\nWartość powinna mieścić się w zakresie [00,30 - 01,30]."},
+        {Entry(tTimeDecimal, {30, 90}), "\nWartość powinna mieścić się w zakresie [00:30 - 01:30]."},
     };
     for (const auto& row : rows) {
         const TMessageText polish = RangeMessage(row.Entry, TMessageLanguage::Polish, Polish);
@@ -421,13 +444,14 @@ TEST(SpinFloatEdit, ChangePasteSelectionMoney) {
         {u"01|30", u"01:30", "01|:30", true}, {u"0130|", u"12,5", "0|0:00", true},
     };
     for (const auto& row : changes) {
-        const TEntryChange change = SpinFloatChange(StateShown(row.Text), row.Last, time, Polish);
+        const TEntryChange change = SpinFloatChange(StateShown(row.Text), {row.Last}, time, Polish);
         EXPECT_EQ(change.IsValid, row.IsValid) << Utf8Encode(row.Text);
         EXPECT_EQ(change.Repair ? Utf8Encode(ShownState(*change.Repair)) : "stays", row.After ? row.After : "stays");
     }
     EXPECT_EQ(Utf8Encode(PasteSpinFloat(u"1:5\r\n", time, Polish)), "01:05");
     EXPECT_EQ(Utf8Encode(PasteSpinFloat(u"130", time, Polish)), "");
     EXPECT_EQ(Utf8Encode(PasteSpinFloat(u"2", Entry(tTimeDecimal), Polish)), "02,00");
+    EXPECT_EQ(Utf8Encode(PasteSpinFloat(u"1:30", Entry(tTimeDecimal), Polish)), "01,50");
     EXPECT_EQ(Utf8Encode(PasteSpinFloat(u"12,345", Entry(tStandard), Polish)), "12,345");
 
     EXPECT_EQ(TimePartSelection(u"-01:30", TTimePart::Hours, time, Polish), (TEntrySelection{1, 2}));

@@ -49,9 +49,12 @@ public:
     TEntryState State;
     String LastValidText;
     /// What the control's Change finds.
-    std::function<TEntryChange(const TEntryState& state, StringView lastValidText)> Judge;
+    std::function<TEntryChange(const TEntryState& state, const TEntryMemory& memory)> Judge;
 
-    void Start(TEntryState state) { State = std::move(state); }
+    void Start(TEntryState state) {
+        State = std::move(state);
+        FTextBefore = State.Text;
+    }
 
     void SetText(String text) {
         State = {std::move(text), {0, 0}};
@@ -91,20 +94,24 @@ public:
 
     /// A repair is itself a change, which must find nothing more to repair.
     void Changed() {
-        TEntryChange change = Judge(State, LastValidText);
+        TEntryChange change = Judge(State, {LastValidText, FTextBefore});
         RepairsSettle = true;
         if (change.Repair) {
             Repaired = true;
             State = *change.Repair;
-            change = Judge(State, LastValidText);
+            change = Judge(State, {LastValidText, FTextBefore});
             RepairsSettle = !change.Repair;
         }
+        FTextBefore = State.Text;
         if (change.IsValid)
             LastValidText = State.Text;
     }
 
     bool RepairsSettle = true;
     bool Repaired = false; ///< at some time since somebody cleared it
+
+private:
+    String FTextBefore;
 };
 
 } // namespace ZOR

@@ -82,12 +82,10 @@ TEST_F(FloatEdit, WhatTheRulesTypeCanBeUndone) {
     EXPECT_EQ(Field.Text, u"1,20") << "a limit to typing does not cut what is there";
 }
 
-TEST_F(FloatEdit, TypesDecimalsUnderAPointWhenTheSeparatorFollows) {
+TEST_F(FloatEdit, TypesDecimalsUnderAPoint) {
     FormatSettings() = SettingsOf(u'.');
-    Enter();
-    Put(u"|");
-    TypeKeys(u"12.5");
-    EXPECT_EQ(Field.Text, u"125.00") << "the typed separator is the comma, which makes no number here";
+    Try({{"the point leads to the decimals", u"|", u"12.", u"12.|00|"}, {"", u"|", u"0.5", u"0.5|"}});
+    EXPECT_EQ(Changes, 3) << "one for each key";
     TZORFloatEdit::SeparatorFollowsLocale = true;
     Try({{"", u"|", u"12.34", u"12.34|"}, {"", u"1.|25", u"38", u"1.38|"}, {"", u"1.25|", u"\b\b\b", u"1|.00"}});
 }
@@ -181,6 +179,16 @@ TEST_F(FloatEdit, AnUnreadableTextGivesWayToTheLastNumberOfAnyField) {
     Put(u"1,5|");
     TypeText(u"e");
     EXPECT_EQ(Field.Text, u"1,5e") << "an exponent just begun";
+    Field.MinValue = -1;
+    Put(u"-|");
+    TypeText(u"-");
+    EXPECT_EQ(Marked(), u"-|") << "what another field held is no help here";
+    Leave();
+    second.Value = 42;
+    Enter();
+    Field.SelStart = 0;
+    TypeText(u"e");
+    EXPECT_EQ(Field.Text, u"42,00") << "nor is the sign that stood here before";
     Put(u"12|,50");
     TypeText(u"e");
     EXPECT_EQ(Marked(), u"12|,50");

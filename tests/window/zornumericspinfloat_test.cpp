@@ -225,17 +225,26 @@ TEST_F(SpinFloatEdit, AValueOutOfRangeKeepsThePersonInTheField) {
     EXPECT_EQ(Field.Wymagany, wRequired);
     EXPECT_EQ(told, (std::vector<String>{u"exit", u"other entered"}));
 
-    // A program's value out of range is brought into it, shown as an error, and can be left.
+    // A program's value out of range is brought into it, shown as an error, and the person has to say yes to it.
     Field.Value = 25;
     EXPECT_EQ(Field.Text, u"20,00");
     EXPECT_EQ(Field.Wymagany, wError);
     Enter();
+    PressKey(VK_TAB);
+    ASSERT_TRUE(WaitFor([&] { return boxes.Seen.size() == 3 && Field.Focused(); }));
+    EXPECT_EQ(Field.Text, u"20,00");
+    Field.SelectAll();
+    TypeKeys(u"20");
     Leave();
     EXPECT_EQ(Field.Wymagany, wRequired);
     Field.Value = 5;
     Field.Value = 15;
     EXPECT_EQ(Field.Wymagany, wRequired) << "the next right value ends the error";
-    EXPECT_EQ(boxes.Seen.size(), 2u);
+    EXPECT_EQ(Field.CheckValueEx(25), 1);
+    EXPECT_EQ(Field.CheckValueEx(15), 0);
+    Enter();
+    Leave();
+    EXPECT_EQ(boxes.Seen.size(), 3u);
 }
 
 TEST_F(SpinFloatEdit, TwoWrongFieldsDoNotHoldThePersonForEver) {
@@ -254,8 +263,11 @@ TEST_F(SpinFloatEdit, TwoWrongFieldsDoNotHoldThePersonForEver) {
     ClickOn(*second.GetUpDown(), {7, 3});
     EXPECT_TRUE(WaitFor([&] { return boxes.Seen.size() == 2 && Field.Focused(); }));
     EXPECT_EQ(second.Text, u"5") << "the press that found no way in steps nothing";
+    int exits = 0;
+    Field.OnExit = [&](TObject*) { ++exits; };
     Field.Enabled = false;
     EXPECT_TRUE(WaitFor([&] { return !Field.Focused(); })) << "a program can always take the field out";
+    EXPECT_EQ(exits, 1);
     EXPECT_EQ(boxes.Seen.size(), 2u) << "without a word to the person";
 }
 
@@ -291,6 +303,42 @@ TEST_F(SpinFloatEdit, UnreadableTextsNeverStay) {
     EXPECT_EQ(Field.Text, u"01,50");
     PressKey(VK_UP);
     EXPECT_NE(Field.Text, u"01,50") << "steps stay";
+}
+
+TEST_F(SpinFloatEdit, ATextOfTheProgramsStaysAndReadsAsTheLeastValue) {
+    for (const bool hasWindow : {true, false}) {
+        for (const TTryb mode : {tStandard, tTime, tTimeDecimal}) {
+            TZORSpinFloatEdit field(nullptr);
+            if (hasWindow)
+                field.Parent = Form.get();
+            field.Tryb = mode;
+            field.MinValue = 10;
+            field.Value = 95;
+            const String text = mode == tTime ? u"130" : u"noon";
+            field.Text = text;
+            EXPECT_EQ(field.Text, text);
+            EXPECT_EQ(field.Value, 10.0L);
+            if (!hasWindow)
+                continue;
+            field.SetFocus();
+            field.SelStart = 0;
+            field.SetSelText(u"x");
+            EXPECT_EQ(field.Value, 95.0L) << "what is put in by hand is put right";
+        }
+    }
+}
+
+TEST_F(SpinFloatEdit, ADurationBeyondAllIsToldOfAndNotCut) {
+    Field.Tryb = tTime;
+    Enter();
+    Put(u"12|:34");
+    TypeKeys(u"345");
+    TBoxReader boxes;
+    PressKey(VK_TAB);
+    ASSERT_TRUE(WaitFor([&] { return boxes.Seen.size() == 1 && Field.Focused(); }));
+    EXPECT_EQ(Field.Text, u"12345:34");
+    EXPECT_EQ(Field.Wymagany, wError);
+    Field.Text = u"00:00";
 }
 
 TEST_F(SpinFloatEdit, TheKeypadTypesTheSeparatorOfTheMode) {
