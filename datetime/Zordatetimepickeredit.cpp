@@ -2,6 +2,7 @@
 
 #include "foundation/Zormessages.h"
 #include "foundation/Zorpalette.h"
+#include "framework/windows/clipboard.h"
 
 #include <algorithm>
 
@@ -52,7 +53,20 @@ TZORDateTimePickerEdit::~TZORDateTimePickerEdit() {
 }
 
 TDateField TZORDateTimePickerEdit::Field() const {
-    return {EntrySettings(FormatSettings()), FDateFormat, FView, GetMaxLength()};
+    const bool picksOnly = FPublishedStyle != csDropDown && FPublishedStyle != csSimple;
+    return {EntrySettings(FormatSettings()), FDateFormat, FView, GetMaxLength(), picksOnly};
+}
+
+TDateCheck TZORDateTimePickerEdit::CheckedText() const {
+    const TDateField field = Field();
+    return ZOR::sprawdz_combosa(CompletedOnExit(GetText(), field), field);
+}
+
+/// Whether the text reads as the value, however it is written.
+bool TZORDateTimePickerEdit::TextShowsValue() const {
+    const TDateField field = Field();
+    const TDateCheck check = CheckedText();
+    return check.Valid && double_to_text(check.Value, field) == double_to_text(FValue.Current(), field);
 }
 
 TEntryText TZORDateTimePickerEdit::EntryText() const {
@@ -62,8 +76,24 @@ TEntryText TZORDateTimePickerEdit::EntryText() const {
 // The value
 
 void TZORDateTimePickerEdit::Announce() {
-    if (!IsLoading())
-        TZORFramedCombo::Change();
+    if (IsLoading())
+        return;
+    const bool outer = std::exchange(FAnnouncing, true);
+    const TAtScopeEnd told(*this, [this, outer] { FAnnouncing = outer; });
+    TZORFramedCombo::Change();
+}
+
+void TZORDateTimePickerEdit::SetFWymagany(TWymagany value) {
+    FTextInError = false;
+    FTextOfError.reset();
+    if (value == wError)
+        FTextOfError = GetText();
+    TZORFramedCombo::SetFWymagany(value);
+}
+
+void TZORDateTimePickerEdit::EndErrorOfAnotherText(const String& text) {
+    if (text != FTextOfError)
+        RestoreWymagany();
 }
 
 /// Shows a value that the program has set, and tells of it.
@@ -75,7 +105,11 @@ void TZORDateTimePickerEdit::ValueChanged(bool changed) {
 }
 
 void TZORDateTimePickerEdit::SetFDate(TDateTime value) {
-    ValueChanged(FValue.SetDate(value, FView));
+    const bool changed = FValue.SetDate(value, FView);
+    // What was half typed belongs to another record. A handler that echoes the value leaves the person typing.
+    if (!changed && value == FValue.Current() && !FAnnouncing && !TextShowsValue())
+        set_text();
+    ValueChanged(changed);
 }
 
 void TZORDateTimePickerEdit::SetFTime(TDateTime value) {
@@ -152,13 +186,13 @@ bool TZORDateTimePickerEdit::sprawdz_combosa() {
     const TDateCheck check = ZOR::sprawdz_combosa(text, field);
     if (!check.Valid) {
         FTextInError = true;
-        SetFWymagany(wError);
+        TZORFramedCombo::SetFWymagany(wError);
         return false;
     }
     const bool changed = FValue.Enter(check.Value, field);
     TextIsRead();
-    if (!text.empty())
-        RestoreWymagany(); // an error that the program has set ends as well, unless it asks for a date
+    if (!text.empty()) // the program may be asking for a date
+        EndErrorOfAnotherText(text);
     if (changed)
         Announce();
     return true;
@@ -169,11 +203,10 @@ void TZORDateTimePickerEdit::TakeText() {
     if (!FBeforeTyping)
         FBeforeTyping = FValue;
     FValue = *FBeforeTyping;
-    const TDateField field = Field();
-    const TDateCheck check = ZOR::sprawdz_combosa(CompletedOnExit(GetText(), field), field);
+    const TDateCheck check = CheckedText();
     if (!check.Valid)
         return;
-    FValue.Enter(check.Value, field);
+    FValue.Enter(check.Value, Field());
     if (std::exchange(FTextInError, false))
         RestoreWymagany();
     ShowDateInCalendar();
@@ -222,6 +255,11 @@ void TZORDateTimePickerEdit::StepPart(int caret, int step) {
     Announce();
 }
 
+/// Whether Esc gives something up here: an error, or a text that cannot be read.
+bool TZORDateTimePickerEdit::EscIsOwn() const {
+    return GetFWymagany() == wError || (FBeforeTyping && !CheckedText().Valid);
+}
+
 /// Does what a key means to the field; false for keys that are the platform's.
 bool TZORDateTimePickerEdit::HandleOwnKey(WORD key, TShiftState shift) {
     const int caret = GetSelStart();
@@ -245,9 +283,14 @@ bool TZORDateTimePickerEdit::HandleOwnKey(WORD key, TShiftState shift) {
         FPopup->CloseUp();
         return true;
     case VK_ESCAPE:
-        if (GetFWymagany() != wError)
+        if (!EscIsOwn())
             return false;
         RestoreByEscape(caret);
+        return true;
+    case VK_DELETE:
+        if (!Field().TypingIsClosed())
+            return false;
+        ClearByDelete();
         return true;
     default:
         return false;
@@ -256,19 +299,17 @@ bool TZORDateTimePickerEdit::HandleOwnKey(WORD key, TShiftState shift) {
 
 void TZORDateTimePickerEdit::KeyDown(WORD& key, TShiftState shift) {
     TLifeGuard alive(*this);
-    if (key == VK_DELETE) {
-        if (FView != dtvDay) {
-            key = 0;
-            ClearByDelete();
-            return;
-        }
+    if (key == VK_DELETE)
         FTypedKey = DeleteKey;
-    }
     const bool own = HandleOwnKey(key, shift);
     if (alive)
         TZORFramedCombo::KeyDown(key, shift);
-    if (alive && own)
+    if (!alive)
+        return;
+    if (own)
         key = 0; // the native one would do something else with it
+    if (FTyping)
+        FBeforeKey = EntryText();
 }
 
 void TZORDateTimePickerEdit::TypeMonth(char16_t character) {
@@ -293,14 +334,16 @@ void TZORDateTimePickerEdit::KeyPress(char16_t& key) {
         return;
     }
     TZORFramedCombo::KeyPress(key);
-    if (alive)
-        FTypedKey = key == u':' || key == Field().Settings.DateSeparator ? SeparatorKey : key;
+    if (!alive)
+        return;
+    FTypedKey = key == u':' || key == Field().Settings.DateSeparator ? SeparatorKey : key;
+    FBeforeKey = EntryText();
 }
 
-// A key runs through the filter and the native edit first; the mask then rewrites what has become of the text, and the
-// change is told of once.
+// A key, or a command of the menu, runs through the filter and the native edit first; the mask then rewrites what has
+// become of the text, and the change is told of once.
 void TZORDateTimePickerEdit::TypeKey(TMessage& message) {
-    const TEntryText before = EntryText();
+    FBeforeKey = EntryText();
     const HWND edit = GetEditHandle();
     const int limit = GetMaxLength();
     FTypedKey = 0;
@@ -308,29 +351,58 @@ void TZORDateTimePickerEdit::TypeKey(TMessage& message) {
     FTyping = true;
     TLifeGuard alive(*this);
     {
-        const TAtScopeEnd typed(*this, [this] { FTyping = false; });
+        const TAtScopeEnd typed(*this, [this, edit, limit] {
+            FTyping = false;
+            if (limit > 0 && edit == GetEditHandle())
+                SendMessageW(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(limit), 0);
+        });
         // The mask cuts what a digit makes too long; the native limit would not let it in.
         if (IsMasked() && limit > 0)
             SendMessageW(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(limit) + 1, 0);
-        TZORFramedCombo::EditWndProc(message);
+        PassToEdit(message);
     }
-    if (!alive)
+    if (!alive || !FTypedChange)
         return;
-    if (limit > 0 && edit == GetEditHandle())
-        SendMessageW(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(limit), 0);
-    if (!FTypedChange)
-        return;
-    RewriteTyped(before);
+    RewriteTyped();
     TakeText();
-    if (GetText() != before.Text)
+    if (GetText() != FBeforeKey.Text)
         Announce();
 }
 
-void TZORDateTimePickerEdit::RewriteTyped(const TEntryText& before) {
+/// The keys of cut and paste come here once more, as the messages that the native edit makes of them.
+void TZORDateTimePickerEdit::PassToEdit(TMessage& message) {
+    switch (message.Msg) {
+    case WM_PASTE:
+        if (IsMasked())
+            return PasteDate();
+        break;
+    case WM_CUT:
+    case WM_CLEAR:
+        FTypedKey = DeleteKey;
+        break;
+    default:
+        break;
+    }
+    TZORFramedCombo::EditWndProc(message);
+}
+
+/// Into the mask goes what it can show: a date.
+void TZORDateTimePickerEdit::PasteDate() {
+    const auto clipboard = ClipboardText(GetHandle());
+    const auto text = clipboard ? PastedDate(*clipboard, Field()) : std::nullopt;
+    FTypedKey = 0;
+    if (!text)
+        return;
+    SetEditText(*text);
+    SetSelStart(GetTextLen());
+    FTypedChange = true;
+}
+
+void TZORDateTimePickerEdit::RewriteTyped() {
     if (!IsMasked() || FTypedKey == 0)
         return;
     const TEntryText after = EntryText();
-    const TEntryText result = RewriteTypedDate(before, after, FTypedKey, Field(), FValue.MinDate());
+    const TEntryText result = RewriteTypedDate(FBeforeKey, after, FTypedKey, Field(), FValue.MinDate());
     if (result == after)
         return;
     if (result.Text != after.Text)
@@ -346,6 +418,16 @@ void TZORDateTimePickerEdit::EditWndProc(TMessage& message) {
         if (message.WParam == VK_DELETE)
             return TypeKey(message);
         break;
+    case WM_PASTE:
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+        if (Field().TypingIsClosed())
+            return;
+        if (FTyping)
+            return PassToEdit(message);
+        return TypeKey(message);
     case WM_LBUTTONDOWN:
         if (GetZORDroppedDown()) {
             TLifeGuard alive(*this);
@@ -387,7 +469,7 @@ void TZORDateTimePickerEdit::WndProc(TMessage& message) {
         message.Result = GetZORDroppedDown() ? TRUE : FALSE;
         return;
     case CM_WANTSPECIALKEY:
-        if (message.WParam == VK_ESCAPE && GetFWymagany() == wError) {
+        if (message.WParam == VK_ESCAPE && EscIsOwn()) {
             message.Result = 1; // brings the value back; the form's Cancel comes next
             return;
         }
@@ -449,7 +531,7 @@ void TZORDateTimePickerEdit::cust_cal_Click() {
     TLifeGuard alive(*this);
     FValue.SetDate(DateOf(FPopup->GetCalendar()->GetDate()), FView);
     set_text();
-    RestoreWymagany();
+    EndErrorOfAnotherText(GetText());
     FPopup->CloseUp();
     if (!alive)
         return;
@@ -466,10 +548,15 @@ void TZORDateTimePickerEdit::CompleteText() {
     TLifeGuard alive(*this);
     const String text = GetText();
     const String completed = CompletedOnExit(text, Field());
+    const bool isTextOfError = text == FTextOfError;
     if (completed != text)
         SetEditText(completed);
+    if (isTextOfError)
+        FTextOfError = completed;
     if (sprawdz_combosa() && alive && GetText() != double_to_text(FValue.Current(), Field()))
         set_text();
+    if (alive && isTextOfError && FTextOfError)
+        FTextOfError = GetText(); // the same in full
 }
 
 // An error that the program has set on an empty field is told of as well: nothing but a date, or Esc, ends it.

@@ -17,6 +17,7 @@ class TZORDateTimePickerEdit : public TZORFramedCombo<TCustomComboBox, DateEditF
     FRAMEWORK_CLASS(TZORDateTimePickerEdit)
 
 public:
+    FRAMEWORK_PROPERTY(TWymagany, Wymagany, GetFWymagany, SetFWymagany);
     FRAMEWORK_PROPERTY(TComboBoxStyle, Style, GetStyle2, SetStyle2);
     FRAMEWORK_PROPERTY(TDateTime, Date, GetFDateTime, SetFDate);
     FRAMEWORK_PROPERTY(TDateTime, Value, GetFDateTime, SetFDate);
@@ -32,13 +33,17 @@ public:
     explicit TZORDateTimePickerEdit(TComponent* owner);
     ~TZORDateTimePickerEdit() override;
 
-    /// Kept for the form; the window always has an edit part and a drop button.
+    /// An error that the program sets stands until the text is another one, or Esc gives it up.
+    void SetFWymagany(TWymagany value);
+    /// With csDropDownList, and where the owner would draw the list, a date is picked or stepped to, and not typed. The
+    /// window always has an edit part and a drop button.
     TComboBoxStyle GetStyle2() const { return FPublishedStyle; }
     void SetStyle2(TComboBoxStyle value) { FPublishedStyle = value; }
     /// The value, as soon as what is typed can be read; 0 for no date. While a text cannot be read, the one before it.
     TDateTime GetFDateTime() const { return FValue.Current(); }
-    /// Sets date and time within the bounds and fires OnChange. With MinDate set, 0 is a date below it: Clear empties
-    /// the field in any case.
+    /// Sets date and time within the bounds and fires OnChange. The value that is held already is no change; but for
+    /// handlers of OnChange it gives the field its text back. With MinDate set, 0 is a date below it: Clear empties the
+    /// field in any case.
     void SetFDate(TDateTime value);
     void SetFDateTime(TDateTime value) { SetFDate(value); }
     /// Bounds of what can be entered; without whole days there is none. The lowest date of all is 1753-01-01.
@@ -91,6 +96,10 @@ protected:
 
 private:
     TDateField Field() const;
+    TDateCheck CheckedText() const;
+    bool TextShowsValue() const;
+    void EndErrorOfAnotherText(const String& text);
+    bool EscIsOwn() const;
     TEntryText EntryText() const;
     void Announce();
     void TextIsRead();
@@ -103,7 +112,9 @@ private:
     void TypeMonth(char16_t character);
     bool IsMasked() const { return FUseMaskEdit && FView == dtvDay; }
     void TypeKey(TMessage& message);
-    void RewriteTyped(const TEntryText& before);
+    void PassToEdit(TMessage& message);
+    void PasteDate();
+    void RewriteTyped();
     bool HandleOwnKey(WORD key, TShiftState shift);
     void OpenCalendar();
     void ShowDateInCalendar();
@@ -118,12 +129,15 @@ private:
     TDateTimeView FView = dtvDay;
     TComboBoxStyle FPublishedStyle = csDropDown;
     bool FUseMaskEdit = false;
-    int FTypedKey = 0;            // what the key being handled means to the mask; 0 for nothing
-    bool FTyping = false;         // a key is on its way through the edit part
-    bool FTypedChange = false;    // and has changed the text
-    bool FShowingText = false;    // the text being set is that of the value
-    bool FTextInError = false;    // the error shown is that of the text
-    bool FTellingInvalid = false; // the message is on the screen
+    std::optional<String> FTextOfError; // at which the program has set an error
+    TEntryText FBeforeKey;              // what the key being handled finds, once handlers have had their say
+    int FTypedKey = 0;                  // what the key being handled means to the mask; 0 for nothing
+    bool FTyping = false;               // a key is on its way through the edit part
+    bool FTypedChange = false;          // and has changed the text
+    bool FAnnouncing = false;           // a handler hears of a change
+    bool FShowingText = false;          // the text being set is that of the value
+    bool FTextInError = false;          // the error shown is that of the text
+    bool FTellingInvalid = false;       // the message is on the screen
 };
 
 namespace Zordatetimepickeredit {

@@ -279,11 +279,14 @@ TEntryText RewriteTypedDate(const TEntryText& before, const TEntryText& after, i
 }
 
 bool AcceptsCharacter(char16_t character, const TEntryText& state, bool useMaskEdit, const TDateField& field) {
-    constexpr StringView commands = u"\u0001\u0003\u0016\u0018\u001A"; // Ctrl with A, C, V, X, Z
-    if (commands.find(character) != StringView::npos)
+    constexpr StringView readingCommands = u"\u0001\u0003";       // Ctrl with A, C
+    constexpr StringView writingCommands = u"\u0016\u0018\u001A"; // Ctrl with V, X, Z
+    if (readingCommands.find(character) != StringView::npos)
         return true;
-    if (field.View != dtvDay)
+    if (field.TypingIsClosed())
         return false;
+    if (writingCommands.find(character) != StringView::npos)
+        return true;
     constexpr std::size_t timeLength = 5;
     const StringView text = state.Text;
     const StringView time = text.substr(text.size() - std::min(text.size(), timeLength));
@@ -416,6 +419,13 @@ TDateCheck sprawdz_combosa(StringView text, const TDateField& field) {
         return ReadYear(trimmed, field.Settings);
     TDateTime value = 0;
     return TryReadDay(trimmed, field, value) && HasDate(value) ? TDateCheck{true, value} : TDateCheck{};
+}
+
+std::optional<String> PastedDate(StringView clipboardText, const TDateField& field) {
+    const TDateCheck check = sprawdz_combosa(CompletedOnExit(clipboardText, field), field);
+    if (!check.Valid || check.Value == 0)
+        return std::nullopt;
+    return double_to_text(check.Value, field);
 }
 
 String CompletedOnExit(StringView text, const TDateField& field) {

@@ -37,9 +37,12 @@ struct TDateField {
     TFormatSettings Settings; ///< those of the locale as EntrySettings gives them; others are followed to the letter
     TDTDateFormat Format = dfShort; ///< in this field dfLong means date and time
     TDateTimeView View = dtvDay;
-    int MaxLength = 0; ///< longest text in UTF-16 units; 0 and less for no limit
+    int MaxLength = 0;      ///< longest text in UTF-16 units; 0 and less for no limit
+    bool PicksOnly = false; ///< a date is picked or stepped to, not typed
 
     bool HasTime() const { return Format == dfLong; }
+    /// Whether nothing is typed into the text: Delete then empties the field.
+    bool TypingIsClosed() const { return PicksOnly || View != dtvDay; }
 };
 
 /// The settings under which a locale's dates can be typed into a mask: the short date with two places for day and month
@@ -85,9 +88,9 @@ struct TEntryText {
 TEntryText RewriteTypedDate(const TEntryText& before, const TEntryText& after, int key, const TDateField& field,
                             TDateTime minDate = 0);
 
-/// Whether a character that was typed goes on to the platform; the others are consumed. Month and year are entered
-/// through key-down only (see whats_marked_ex). The keys of cut, copy, paste, undo and select all are no entry and
-/// pass.
+/// Whether a character that was typed goes on to the platform; the others are consumed. Where typing is closed (months
+/// are entered by whats_marked_ex) only the keys of copy and select all pass. Elsewhere those of cut, paste and undo
+/// do, too.
 bool AcceptsCharacter(char16_t character, const TEntryText& state, bool useMaskEdit, const TDateField& field);
 
 // Text and value.
@@ -105,6 +108,10 @@ struct TDateCheck {
     TDateTime Value = 0; ///< when valid; 0 for the empty text
     friend bool operator==(const TDateCheck&, const TDateCheck&) = default;
 };
+
+/// What a paste into the mask makes of the field: the text of what the clipboard holds where that is a date of the
+/// field, otherwise nothing.
+std::optional<String> PastedDate(StringView clipboardText, const TDateField& field);
 
 /// Reads the text of a view: a date, with dfLong also with a time; a month by its name or number and a year; or a year.
 /// Whatever double_to_text writes is valid. The empty text is valid too and means no date. The value is not bounded

@@ -309,10 +309,29 @@ TEST(DateEntry, KeyPressFilter) {
                 << row.Name << ", character " << int{unit};
         }
     }
-    for (const TDateTimeView view : {dtvMonth, dtvYear}) {
-        const TDateField coarse = Field(YearFirst(), dfShort, view);
-        EXPECT_FALSE(AcceptsCharacter(u'5', {}, false, coarse) || AcceptsCharacter(13, {}, true, coarse));
+    TDateField picked = Field(YearFirst(), dfShort, dtvDay);
+    picked.PicksOnly = true;
+    for (const TDateField& closed :
+         {Field(YearFirst(), dfShort, dtvMonth), Field(YearFirst(), dfShort, dtvYear), picked}) {
+        const TEntryText state{double_to_text(EncodeDate(2024, 5, 6), closed), 0, 0};
+        for (char16_t unit = 1; unit < 300; ++unit)
+            EXPECT_EQ(AcceptsCharacter(unit, state, false, closed), unit == 1 || unit == 3) << int{unit};
     }
+}
+
+TEST(DateEntry, PastingIntoTheMask) {
+    const struct {
+        TDateField Field;
+        StringView Clipboard;
+        const char* Text;
+    } rows[] = {
+        {Typed(YearFirst(), dfShort), u" 2024-5-6\r\n", "2024-05-06"},
+        {Typed(MonthFirst(), dfLong), u"5/6/2024 1230", "05/06/2024 12:30"},
+        {Typed(YearFirst(), dfShort), u"noon", "refused"},
+        {Typed(YearFirst(), dfShort), u"", "refused"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Utf8Encode(PastedDate(row.Clipboard, row.Field).value_or(u"refused")), row.Text);
 }
 
 TEST(DateEntry, LeavingCompletesTheTime) {

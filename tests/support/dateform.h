@@ -1,0 +1,112 @@
+#pragma once
+
+// A form with a date field and a plain one to go to, and a hand that answers its message.
+
+#include "datetime/Zordatetimepickeredit.h"
+#include "framework/system/strings.h"
+#include "framework/windows/application.h"
+#include "framework/windows/edit.h"
+#include "framework/windows/timer.h"
+#include "tests/support/input.h"
+
+#include <gtest/gtest.h>
+
+namespace testsupport {
+
+using namespace framework;
+using namespace ZOR;
+
+inline TFormatSettings Country(const char16_t* shortDate, char16_t separator, const char16_t* shortTime) {
+    TFormatSettings settings;
+    settings.ShortDateFormat = shortDate;
+    settings.DateSeparator = separator;
+    settings.ShortTimeFormat = shortTime;
+    return settings;
+}
+
+inline const TFormatSettings kYearFirst = Country(u"yyyy-MM-dd", u'-', u"hh:mm");
+inline const TFormatSettings kPolish = Country(u"d.MM.yyyy", u'.', u"hh:mm");
+inline const TFormatSettings kGerman = Country(u"dd.MM.yyyy", u'.', u"hh:mm");
+inline const TFormatSettings kAmerican = Country(u"M/d/yyyy", u'/', u"h:mm AMPM");
+
+inline const TDateTime kDay = EncodeDate(2024, 3, 15);
+
+class DateEdit : public testing::Test {
+protected:
+    DateEdit() { framework::FormatSettings() = kYearFirst; }
+    ~DateEdit() override { framework::FormatSettings() = FSaved; }
+
+    void SetUp() override {
+        Other.SetParent(Form.get());
+        Other.SetBounds(200, 200, 100, 21);
+        Other.SetFocus();
+        Edit = Add();
+    }
+    void TearDown() override { delete Edit; }
+
+    TZORDateTimePickerEdit* Add() {
+        auto* edit = new TZORDateTimePickerEdit(nullptr);
+        edit->Parent = Form.get();
+        edit->SetBounds(100, 40, 129, 21);
+        edit->OnChange = [this](TObject*) { ++Changes; };
+        return edit;
+    }
+    void Start(const TFormatSettings& settings, TDTDateFormat format = dfShort, TDateTimeView view = dtvDay) {
+        framework::FormatSettings() = settings;
+        delete Edit;
+        Edit = Add();
+        Edit->DateFormat = format;
+        Edit->DateTimeView = view;
+        Edit->SetFocus();
+        Application->ProcessMessages();
+    }
+    void Leave() {
+        Other.SetFocus();
+        Application->ProcessMessages();
+    }
+    /// The window inside the field that has its text.
+    HWND EditPart() const {
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof(info);
+        GetComboBoxInfo(Edit->Handle, &info);
+        return info.hwndItem;
+    }
+    int TakeChanges() { return std::exchange(Changes, 0); }
+
+    TFormatSettings FSaved = framework::FormatSettings();
+    std::unique_ptr<TForm> Form = ShowForm();
+    TEdit Other{nullptr};
+    TZORDateTimePickerEdit* Edit = nullptr;
+    int Changes = 0;
+};
+
+/// Answers the next message box with Enter, from a timer, and keeps what it said.
+class TBoxAnswer {
+public:
+    TBoxAnswer() {
+        FTimer.Interval = 20;
+        FTimer.OnTimer = [this](TObject*) { Look(); };
+    }
+    String Text;
+    String Caption;
+    HWND Owner = nullptr;
+
+private:
+    void Look() {
+        const HWND box = FindWindowExW(nullptr, nullptr, L"#32770", nullptr);
+        if (!box || GetWindowThreadProcessId(box, nullptr) != GetCurrentThreadId())
+            return;
+        FTimer.Enabled = false;
+        wchar_t buffer[256]{};
+        GetDlgItemTextW(box, 0xFFFF, buffer, ARRAYSIZE(buffer));
+        Text = FromWide(buffer);
+        GetWindowTextW(box, buffer, ARRAYSIZE(buffer));
+        Caption = FromWide(buffer);
+        Owner = GetWindow(box, GW_OWNER);
+        SendMessageW(box, WM_COMMAND, IDOK, 0);
+    }
+
+    TTimer FTimer{nullptr};
+};
+
+} // namespace testsupport
