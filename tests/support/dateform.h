@@ -1,12 +1,10 @@
 #pragma once
 
-// A form with a date field and a plain one to go to, and a hand that answers its message.
+// A form with a date field and a plain one to go to.
 
 #include "datetime/Zordatetimepickeredit.h"
-#include "framework/system/strings.h"
 #include "framework/windows/application.h"
 #include "framework/windows/edit.h"
-#include "framework/windows/timer.h"
 #include "tests/support/input.h"
 
 #include <gtest/gtest.h>
@@ -78,35 +76,6 @@ protected:
     TEdit Other{nullptr};
     TZORDateTimePickerEdit* Edit = nullptr;
     int Changes = 0;
-};
-
-/// Answers the next message box with Enter, from a timer, and keeps what it said.
-class TBoxAnswer {
-public:
-    TBoxAnswer() {
-        FTimer.Interval = 20;
-        FTimer.OnTimer = [this](TObject*) { Look(); };
-    }
-    String Text;
-    String Caption;
-    HWND Owner = nullptr;
-
-private:
-    void Look() {
-        const HWND box = FindWindowExW(nullptr, nullptr, L"#32770", nullptr);
-        if (!box || GetWindowThreadProcessId(box, nullptr) != GetCurrentThreadId())
-            return;
-        FTimer.Enabled = false;
-        wchar_t buffer[256]{};
-        GetDlgItemTextW(box, 0xFFFF, buffer, ARRAYSIZE(buffer));
-        Text = FromWide(buffer);
-        GetWindowTextW(box, buffer, ARRAYSIZE(buffer));
-        Caption = FromWide(buffer);
-        Owner = GetWindow(box, GW_OWNER);
-        SendMessageW(box, WM_COMMAND, IDOK, 0);
-    }
-
-    TTimer FTimer{nullptr};
 };
 
 } // namespace testsupport

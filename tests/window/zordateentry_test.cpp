@@ -4,6 +4,7 @@
 #include "foundation/Zormessages.h"
 #include "framework/windows/clipboard.h"
 #include "tests/support/dateform.h"
+#include "tests/support/messageboxes.h"
 
 using namespace testsupport;
 
@@ -109,9 +110,10 @@ TEST_F(DateEdit, TellsOfATextThatIsNoDate) {
         Edit->SelectAll();
         TypeText(u"2024-02-31");
         EXPECT_EQ(Edit->Wymagany, wRequired) << "nobody is told while typing";
-        TBoxAnswer box;
+        TBoxReader boxes;
         PressKey(VK_TAB);
-        EXPECT_TRUE(WaitFor([&] { return !box.Text.empty(); }));
+        ASSERT_TRUE(WaitFor([&] { return boxes.Seen.size() == 1; }));
+        const TMessageBox box = boxes.Seen[0];
         EXPECT_EQ(box.Owner, Form->GetHandle());
         const TMessageText expected = InvalidDateMessage(
             UserMessageLanguage(), Now(), {EntrySettings(kYearFirst), withTime ? dfLong : dfShort, dtvDay, 0});
@@ -140,16 +142,14 @@ TEST_F(DateEdit, TellsOfATextThatIsNoDate) {
         Edit->SelectAll();
         TypeText(u"rubbish");
         TypeText(u"1");
-        TBoxAnswer again;
         Leave();
-        EXPECT_FALSE(again.Text.empty());
+        EXPECT_EQ(boxes.Seen.size(), 2u);
         EXPECT_EQ(Edit->Wymagany, wError);
         Edit->SelectAll();
         TypeText(u"2023-01-02");
         EXPECT_EQ(Edit->Wymagany, wRequired);
         Edit->SelectAll();
         TypeText(u"9");
-        TBoxAnswer third;
         Leave();
         EXPECT_EQ(Edit->Wymagany, wError);
         Edit->SelectAll();
@@ -167,9 +167,9 @@ TEST_F(DateEdit, AnErrorOfTheHostsIsToldOfUntilTheFieldIsFilled) {
     Start(kYearFirst);
     Edit->Wymagany = wRequired;
     Edit->Wymagany = wError;
-    TBoxAnswer box;
+    TBoxReader boxes;
     Leave();
-    EXPECT_FALSE(box.Text.empty());
+    EXPECT_EQ(boxes.Seen.size(), 1u);
     EXPECT_EQ(Edit->Wymagany, wError) << "still empty";
     EXPECT_TRUE(Edit->Focused());
     TypeText(u"2024-01-01");
@@ -190,13 +190,12 @@ TEST_F(DateEdit, AnErrorOfTheHostsIsToldOfUntilTheFieldIsFilled) {
     TypeText(u"2024-1-2");
     Edit->Wymagany = wError;
     for (int attempt = 0; attempt < 2; ++attempt) {
-        TBoxAnswer told;
         Leave();
-        EXPECT_FALSE(told.Text.empty());
         EXPECT_EQ(Edit->Wymagany, wError);
         EXPECT_EQ(Edit->Text, u"2024-01-02");
         EXPECT_TRUE(Edit->Focused());
     }
+    EXPECT_EQ(boxes.Seen.size(), 3u);
     PressKey(VK_UP);
     Leave();
     EXPECT_EQ(Edit->Wymagany, wRequired);
