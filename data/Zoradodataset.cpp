@@ -108,6 +108,11 @@ void TZORADODataSet::RowsReplaced() {
     FBookmarks.Clear();
 }
 
+bool TZORADODataSet::ShowsRow() {
+    return (!FFilteredByBookmarks || FBookmarks.NumberOf(OleVariant(GetRecordset()->GetBookmark())) != 0) &&
+           TADODataSet::ShowsRow();
+}
+
 // Reading records.
 
 TGetResult TZORADODataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {
@@ -150,6 +155,7 @@ TGetResult TZORADODataSet::NextShownRecord(TRecordBuffer buffer, TGetMode mode, 
         }
     } catch (const std::exception&) {
         CallOrLeave([&] { ApplicationHandleException(this); });
+        CheckActive(); // the program may have closed it as it was told
         return grError;
     }
 }

@@ -67,6 +67,7 @@ protected:
     void InternalRefresh() override;
     int NumberOfRow() override;
     void RowsReplaced() override;
+    bool ShowsRow() override;
 
 private:
     bool IsNarrowed();

@@ -6,6 +6,7 @@
 #include "foundation/Zorpalette.h"
 #include "framework/system/strings.h"
 #include "framework/system/updates.h"
+#include "framework/windows/forms.h"
 
 #include <algorithm>
 
@@ -13,7 +14,7 @@ namespace ZOR {
 
 namespace {
 
-constexpr int kCheckColumnWidth = 25; // pixels
+constexpr int kCheckColumnWidth = 25; // pixels of a form that is not scaled
 
 constexpr TVTMiscOptions kMiscOptions = DefaultMiscOptions + TVTMiscOptions{toGridExtensions};
 constexpr TVTPaintOptions kPaintOptions =
@@ -84,6 +85,8 @@ const TClassInfo& TZORVirtualDBGrid::StaticClass() {
          Event<&G::OnDrawTextNode>(u"OnDrawTextNode"), Event<&G::OnGetFooterText>(u"OnGetFooterText"),
          Event<&G::AfterInitNode>(u"AfterInitNode"),
          Property<&G::GetColumns, &G::SetColumns>(u"Columns").StoredWhen<&G::ColumnsStored>(),
+         Property<&G::GetSelectedField, &G::SetSelectedField>(u"SelectedField").NotStored(), // what a person does
+         Property<&G::GetSelectedFieldName>(u"SelectedFieldName").NotStored(),
          Property<&G::GetDataSource, &G::SetDataSource>(u"DataSource"),
          Property<&G::GetFixedColor, &G::SetFixedColor>(u"FixedColor", clBtnFace).Named(ColorIdentifiers()),
          Property<&G::GetGradientEndColor, &G::SetGradientEndColor>(u"GradientEndColor", clBtnFace)
@@ -134,9 +137,9 @@ void TZORVirtualDBGrid::Loaded() {
 void TZORVirtualDBGrid::ChangeScale(int m, int d) {
     if (m != d) {
         FMirroring = true;
+        const TAtScopeEnd done(*this, [this] { FMirroring = false; });
         FHolder->ChangeScale(m, d);
         FFooter->ChangeScale(m, d);
-        FMirroring = false;
         FColumnsChanged = true;
     }
     TVirtualDrawTree::ChangeScale(m, d);
@@ -237,16 +240,18 @@ void TZORVirtualDBGrid::ColumnsChanged() {
 void TZORVirtualDBGrid::FixCheckColumn(TVirtualTreeColumn& column) const {
     if (!FCheckMode || column.GetIndex() != GetHeader()->GetMainColumn())
         return;
-    column.SetMinWidth(kCheckColumnWidth);
-    column.SetMaxWidth(kCheckColumnWidth);
-    column.SetWidth(kCheckColumnWidth);
+    const TCustomForm* form = IsLoading() ? nullptr : GetParentForm(this); // it is scaled with all that is on it
+    const int width =
+        form ? MulDiv(kCheckColumnWidth, form->GetPixelsPerInch(), USER_DEFAULT_SCREEN_DPI) : kCheckColumnWidth;
+    column.SetMinWidth(width);
+    column.SetMaxWidth(width);
+    column.SetWidth(width);
 }
 
 /// Gives header and footer as many columns as there are; those of one that has them already stay unless `all`.
 void TZORVirtualDBGrid::RemakeColumns(bool all) {
     TVTHeader& header = *GetHeader();
     const TColumnIndex mainColumn = header.GetMainColumn();
-    const TColumnIndex sortColumn = header.GetSortColumn();
     const TColumnIndex autoSizeIndex = header.GetAutoSizeIndex();
     const int count = GetColumns()->GetCount();
     FShownColumns.clear();
@@ -264,8 +269,6 @@ void TZORVirtualDBGrid::RemakeColumns(bool all) {
             FixCheckColumn(*columns.GetColumn(i));
     }
     header.SetAutoSizeIndex(autoSizeIndex);
-    if (sortColumn < count)
-        header.SetSortColumn(sortColumn);
     for (int i = 0; HasHeaderDraw() && i < count; ++i)
         header.GetColumns()->GetColumn(i)->SetStyle(vsOwnerDraw);
 }
@@ -299,12 +302,49 @@ bool TZORVirtualDBGrid::MirrorColumn(int index) {
     return looks() != before;
 }
 
+/// Of the column that the header shows at an index; -1 when it shows none yet.
+int TZORVirtualDBGrid::ShownID(TColumnIndex index) const {
+    return index >= 0 && index < static_cast<int>(FShownColumns.size()) ? FShownColumns[static_cast<std::size_t>(index)]
+                                                                        : -1;
+}
+
+/// Where the column with an ID is now. One that is gone leaves its place, and the focus, to its neighbour.
+TColumnIndex TZORVirtualDBGrid::PlaceOf(int id, TColumnIndex before) const {
+    const TCollectionItem* column = id < 0 ? nullptr : GetColumns()->FindItemID(id);
+    if (column)
+        return column->GetIndex();
+    return id < 0 ? before : std::min(before, GetColumns()->GetCount() - 1);
+}
+
 void TZORVirtualDBGrid::RefreshColumns() {
     if (FMirroring)
         return;
-    FMirroring = true;
-    FColumnsChanged = false;
+    TLifeGuard alive(*this);
+    bool changed = false;
+    {
+        FMirroring = true;
+        const TAtScopeEnd done(*this, [this] { FMirroring = false; });
+        FColumnsChanged = false;
+        changed = MirrorColumns();
+    }
+    if (!alive)
+        return;
+    FMirrored = true;
+    ClearHintColumns();
+    if (!changed)
+        return;
+    InvalidateFooter();
+    UpdateHorizontalRange();
+}
+
+/// Takes all columns over; true when something is otherwise than before. What goes by their indexes stays with them.
+bool TZORVirtualDBGrid::MirrorColumns() {
     const int count = GetColumns()->GetCount();
+    const TColumnIndex focused = GetFocusedColumn();
+    const TColumnIndex sorted = GetHeader()->GetSortColumn();
+    const int focusedID = ShownID(focused);
+    const int sortedID = ShownID(sorted);
+    const int keptID = ShownID(FFocusedColumn);
     const bool all = std::exchange(FRemakes, false);
     bool changed = all || GetHeader()->GetColumns()->GetCount() != count || FFooter->GetColumns()->GetCount() != count;
     if (changed)
@@ -313,13 +353,11 @@ void TZORVirtualDBGrid::RefreshColumns() {
         changed = MirrorColumn(i) || changed;
     if (TitleFontStored())
         GetHeader()->SetFont(GetTitleFont());
-    FMirroring = false;
-    FMirrored = true;
-    ClearHintColumns();
-    if (!changed)
-        return;
-    InvalidateFooter();
-    UpdateHorizontalRange();
+    FFocusedColumn = PlaceOf(keptID, FFocusedColumn);
+    RenumberFocus(std::min(PlaceOf(focusedID, focused), count - 1));
+    const bool isGone = sortedID >= 0 ? !GetColumns()->FindItemID(sortedID) : sorted >= count;
+    GetHeader()->SetSortColumn(isGone ? NoColumn : PlaceOf(sortedID, sorted));
+    return changed;
 }
 
 void TZORVirtualDBGrid::DoColumnResize(TColumnIndex column) {
@@ -332,13 +370,16 @@ void TZORVirtualDBGrid::DoColumnResize(TColumnIndex column) {
     const TVirtualTreeColumns& shown = *GetHeader()->GetColumns();
     if (!shown.IsValidColumn(column) || column >= GetColumns()->GetCount())
         return;
-    FMirroring = true;
-    const int width = shown.GetColumn(column)->GetWidth();
-    GetColumns()->GetColumn(column)->SetWidth(width);
-    if (FFooter->GetColumns()->IsValidColumn(column))
-        FFooter->GetColumns()->GetColumn(column)->SetWidth(width);
-    FMirroring = false;
-    InvalidateFooter();
+    {
+        FMirroring = true;
+        const TAtScopeEnd done(*this, [this] { FMirroring = false; });
+        const int width = shown.GetColumn(column)->GetWidth();
+        GetColumns()->GetColumn(column)->SetWidth(width);
+        if (FFooter->GetColumns()->IsValidColumn(column))
+            FFooter->GetColumns()->GetColumn(column)->SetWidth(width);
+    }
+    if (alive)
+        InvalidateFooter();
 }
 
 bool TZORVirtualDBGrid::DoHeaderDragging(TColumnIndex column) {
@@ -359,17 +400,14 @@ void TZORVirtualDBGrid::DoHeaderDragged(TColumnIndex column, int oldPosition) {
         return;
     if (!MayDropColumn(FCheckMode, column, position, header.GetMainColumn()))
         return RefreshColumns();
-    // Columns change their indexes, and what goes by them moves along.
-    const auto moved = [&](TColumnIndex index) { return IndexAfterMove(index, column, position); };
-    const TColumnIndex sortColumn = moved(header.GetSortColumn());
-    const TColumnIndex focusedColumn = moved(GetFocusedColumn());
-    FFocusedColumn = moved(FFocusedColumn);
-    GetColumns()->GetColumn(column)->SetIndex(position);
-    RefreshColumns();
+    TColumn& moved = *GetColumns()->GetColumn(column);
+    const TField* target = FieldOf(position);
+    if (!GetColumns()->IsCustomized() && moved.GetField() && target)
+        moved.GetField()->SetIndex(target->GetIndex()); // the columns follow the fields
+    else
+        moved.SetIndex(position);
     if (alive)
-        header.SetSortColumn(sortColumn);
-    if (alive)
-        SetFocusedColumn(focusedColumn);
+        RefreshColumns();
 }
 
 // Selection
@@ -385,6 +423,12 @@ void TZORVirtualDBGrid::Get_Selected(std::vector<TRowId>* selected) {
     selected->reserve(selected->size() + static_cast<std::size_t>(GetSelectedCount()));
     for (; node; node = GetNextSelected(node))
         selected->push_back(GetRowId(node));
+}
+
+int TZORVirtualDBGrid::Get_SelectedCount() {
+    TLifeGuard alive(*this);
+    CatchUp();
+    return alive ? GetSelectedCount() : 0;
 }
 
 TVirtualNode* TZORVirtualDBGrid::Get_FirstSelectedNode() {
@@ -426,13 +470,21 @@ void TZORVirtualDBGrid::ShowNode(TVirtualNode* node) {
         ApplyFocusedColumn();
 }
 
+template <class TWanted>
+void TZORVirtualDBGrid::SelectFirst(TWanted wanted) {
+    TLifeGuard alive(*this);
+    TVirtualNode* node = FindNode(wanted); // which may read the rows, and that calls handlers
+    if (alive)
+        Set_Selected(node);
+}
+
 void TZORVirtualDBGrid::Set_Selected(int id) {
     if (id > 0)
-        Set_Selected(FindNode([id](const TRowId& row) { return row.first == id; }));
+        SelectFirst([id](const TRowId& row) { return row.first == id; });
 }
 
 void TZORVirtualDBGrid::Set_Selected(int id, const TGUID& guid) {
-    Set_Selected(FindNode([&](const TRowId& row) { return IsRow(row, {id, guid}); }));
+    SelectFirst([&](const TRowId& row) { return IsRow(row, {id, guid}); });
 }
 
 void TZORVirtualDBGrid::Set_Selected(TVirtualNode* node) {
@@ -445,8 +497,10 @@ void TZORVirtualDBGrid::Set_Selected(TVirtualNode* node) {
 
 void TZORVirtualDBGrid::Set_Selected(const std::vector<TRowId>& rows) {
     const TRowIds wanted(rows);
-    TVirtualNode* first = FindNode([&](const TRowId& row) { return wanted.Contains(row); });
     TLifeGuard alive(*this);
+    TVirtualNode* first = FindNode([&](const TRowId& row) { return wanted.Contains(row); });
+    if (!alive)
+        return;
     const TNodeRef still(Nodes(), first);
     ClearSelection();
     if (!alive || !still)
@@ -475,13 +529,21 @@ bool TZORVirtualDBGrid::SelectRows(const TRowIds& wanted, TVirtualNode* node) {
 // The focused column
 
 int TZORVirtualDBGrid::Get_FocusedColumn() {
-    if (FColumnFocusLocked)
-        return FFocusedColumn;
-    if (GetFocusedColumn() < 0)
-        SetFocusedColumn(FFocusedColumn);
-    else
-        FFocusedColumn = GetFocusedColumn();
-    return FFocusedColumn;
+    const int kept = KeptColumn();
+    FFocusedColumn = kept;
+    if (!FColumnFocusLocked && GetFocusedColumn() < 0)
+        SetFocusedColumn(kept);
+    return kept;
+}
+
+int TZORVirtualDBGrid::KeptColumn() const {
+    return FColumnFocusLocked || GetFocusedColumn() < 0 ? FFocusedColumn : GetFocusedColumn();
+}
+
+/// A locked column keeps the focus, whichever is clicked.
+TColumnIndex TZORVirtualDBGrid::ColumnToFocus(TColumnIndex column) const {
+    const bool stays = FColumnFocusLocked && GetHeader()->GetColumns()->IsValidColumn(FFocusedColumn);
+    return stays ? FFocusedColumn : TVirtualDrawTree::ColumnToFocus(column);
 }
 
 void TZORVirtualDBGrid::Set_FocusedColumn(int index) {
@@ -505,8 +567,8 @@ void TZORVirtualDBGrid::DoFocusChange(TVirtualNode* node, TColumnIndex column) {
     TVirtualDrawTree::DoFocusChange(node, column);
 }
 
-TField* TZORVirtualDBGrid::GetSelectedField() {
-    return FieldOf(Get_FocusedColumn());
+TField* TZORVirtualDBGrid::GetSelectedField() const {
+    return FieldOf(KeptColumn());
 }
 
 void TZORVirtualDBGrid::SetSelectedField(TField* value) {
@@ -514,7 +576,7 @@ void TZORVirtualDBGrid::SetSelectedField(TField* value) {
         Set_FocusedColumn(column->GetIndex());
 }
 
-String TZORVirtualDBGrid::GetSelectedFieldName() {
+String TZORVirtualDBGrid::GetSelectedFieldName() const {
     const TField* field = GetSelectedField();
     return field ? field->GetFieldName() : String();
 }

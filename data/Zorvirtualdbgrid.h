@@ -167,7 +167,7 @@ public:
 
     /// Adds the keys of all selected rows in their order, or without any that of the first row.
     void Get_Selected(std::vector<TRowId>* selected);
-    int Get_SelectedCount() const { return GetSelectedCount(); }
+    int Get_SelectedCount();
     /// The first selected row, or without any the first row; null when there is none.
     TVirtualNode* Get_FirstSelectedNode();
     // These take the place of what was selected. The first row that is meant gets the focus and comes into view.
@@ -185,9 +185,9 @@ public:
     /// While locked, no click and no key gives the focus to another column.
     void Set_ColumnFocusLocked(bool value);
     /// That of the focused column; null when it shows none.
-    TField* GetSelectedField();
+    TField* GetSelectedField() const;
     void SetSelectedField(TField* value);
-    String GetSelectedFieldName();
+    String GetSelectedFieldName() const;
     /// The main column is a narrow one with a check box for each row. It cannot be moved and shows no data.
     bool GetCheckMode() const { return FCheckMode; }
     void SetCheckMode(bool value);
@@ -223,6 +223,7 @@ protected:
     int DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) override;
     String DoGetNodeHint(TVirtualNode* node, TColumnIndex column) override;
     void DoFocusChange(TVirtualNode* node, TColumnIndex column) override;
+    TColumnIndex ColumnToFocus(TColumnIndex column) const override;
     void DoPaintNode(TVTPaintInfo& info) override;
     void DoScroll(int deltaX, std::int64_t deltaY) override;
     void DoColumnResize(TColumnIndex column) override;
@@ -274,7 +275,11 @@ private:
     // Zorvirtualdbgrid.cpp
     void InitializeGrid();
     void RemakeColumns(bool all);
+    bool MirrorColumns();
     bool MirrorColumn(int index);
+    int ShownID(TColumnIndex index) const;
+    TColumnIndex PlaceOf(int id, TColumnIndex before) const;
+    int KeptColumn() const;
     void FixCheckColumn(TVirtualTreeColumn& column) const;
     void ColumnsChanged();
     void ShowNode(TVirtualNode* node);
@@ -284,6 +289,8 @@ private:
     void OfferBox(TVirtualNode* node);
     template <class TWanted>
     TVirtualNode* FindNode(TWanted wanted);
+    template <class TWanted>
+    void SelectFirst(TWanted wanted);
 
     // Zorvirtualdbgrid_rows.cpp
     void DataEvent(TDataEvent event);
@@ -311,6 +318,7 @@ private:
     TVirtualDBGridNode* DataOf(TVirtualNode* node) const;
     void MakeRow(TVirtualDBGridNode& data);
     const TTotal* TotalOf(TColumn* column) const;
+    const TTotal* OwnTotalOf(TColumn& column) const;
     const TTotal* PresentTotalOf(TColumn* column);
     TField* FieldOf(int column) const;
     static String CaptionOf(TField* field);
@@ -322,6 +330,7 @@ private:
     bool UsesContentRect(const TVTPaintInfo& info) const;
     TFont* FontOf(int column) const;
     TColor ColorOf(const TVTPaintInfo& info) const;
+    TColor LettersOf(const TVTPaintInfo& info) const;
     TRect GroundOf(const TVTPaintInfo& info) const;
     bool HasGround(int column, TColor color) const;
     void DrawCaption(const TVTPaintInfo& info, const String& text, HDC dc, bool direct);

@@ -81,6 +81,12 @@ TFont* TZORVirtualDBGrid::FontOf(int column) const {
     return shown.IsFontStored() ? shown.GetFont() : GetFont();
 }
 
+TColor TZORVirtualDBGrid::LettersOf(const TVTPaintInfo& info) const {
+    const TColor letters = TextColor(info);
+    const bool ofScheme = static_cast<TColor>(ColorToRGB(letters)) != letters;
+    return info.Node->Has(vsSelected) || !ofScheme ? letters : LettersOn(ColorOf(info), ColorToRGB(letters));
+}
+
 TColor TZORVirtualDBGrid::ColorOf(const TVTPaintInfo& info) const {
     return RowColor(info.Node->GetIndex(), static_cast<int>(GetNodeLevel(info.Node)));
 }
@@ -115,7 +121,7 @@ void TZORVirtualDBGrid::FDrawNode(TBaseVirtualTree*, const TVTPaintInfo& paintIn
     TFont* font = FontOf(info.Column);
     if (!direct) {
         info.Canvas->SetFont(font);
-        info.Canvas->GetFont()->SetColor(TextColor(info));
+        info.Canvas->GetFont()->SetColor(LettersOf(info));
     }
     const HDC dc = direct ? info.DC : info.Canvas->GetHandle();
     if (const TColor color = ColorOf(info); !info.Node->Has(vsSelected) && !(direct && HasGround(info.Column, color)))
@@ -135,7 +141,7 @@ void TZORVirtualDBGrid::DrawCaption(const TVTPaintInfo& info, const String& text
         return;
     if ((text == kTrueText || text == kFalseText) && ShowsCheckMark(info.Column))
         return DrawCheckMark(info, dc, text == kTrueText, direct);
-    SetTextColor(dc, ColorToRGB(TextColor(info)));
+    SetTextColor(dc, ColorToRGB(LettersOf(info)));
     SetBkMode(dc, TRANSPARENT);
     const auto isControl = [](char16_t unit) { return unit < u' '; };
     bool fits = true;
@@ -215,8 +221,11 @@ void TZORVirtualDBGrid::FooterChanged() {
 void TZORVirtualDBGrid::InvalidateFooter() {
     if (!HandleAllocated() || FooterRoom() == 0 || std::exchange(FFooterDirty, true))
         return;
-    const RECT corner{0, 0, 1, 1}; // so that a WM_PAINT comes
-    InvalidateRect(FHandle, &corner, FALSE);
+    const RECT corner{0, 0, 1, 1}; // so that a WM_PAINT comes, unless there is no room for it
+    if (GetClientHeight() > 0)
+        InvalidateRect(FHandle, &corner, FALSE);
+    else
+        PostMessageW(FHandle, WM_NCPAINT, 1, 0);
 }
 
 void TZORVirtualDBGrid::DoScroll(int deltaX, std::int64_t deltaY) {
@@ -323,8 +332,9 @@ bool TZORVirtualDBGrid::PrepareFooterTexts() {
         if (!shown.IsVisible())
             continue;
         TColumn* column = GetColumns()->GetColumn(i);
-        String text = GetPlainTotal(column);
-        if (!Fire(*this, OnGetFooterText, text, column, GetColumnTotal(column)))
+        const TTotal* total = OwnTotalOf(*column);
+        String text = total ? total->Sum.AsToldText() : String();
+        if (!Fire(*this, OnGetFooterText, text, column, total ? total->Sum.AsVariant() : Null()))
             return false;
         if (FFooter->GetColumns()->IsValidColumn(i))
             FFooter->GetColumns()->GetColumn(i)->SetText(text);
@@ -377,7 +387,8 @@ void TZORVirtualDBGrid::DrawFooterCell(TCanvas& canvas, const TVirtualTreeColumn
         return;
     // What a handler of OnGetFooterText has left as it was is shown as the field shows its values.
     TColumn* source = GetColumns()->GetColumn(column.GetIndex());
-    const bool isTotal = column.GetText() == GetPlainTotal(source);
+    const TTotal* total = OwnTotalOf(*source);
+    const bool isTotal = total && column.GetText() == total->Sum.AsToldText();
     const String text = isTotal ? FormatColumnTotal(source) : column.GetText();
     SetBkMode(dc, TRANSPARENT);
     TVTPaintInfo info;

@@ -3,6 +3,7 @@
 #include "data/Zorvirtualdbgrid.h"
 #include "data/Zorvirtualdbgrid_parts.h"
 #include "framework/graphics/textmetrics.h"
+#include "framework/system/names.h"
 #include "framework/system/strings.h"
 
 #include <algorithm>
@@ -81,6 +82,8 @@ bool TZORVirtualDBGrid::TotalsAreBehind() const {
         const auto isThis = [&](const auto& read) {
             return read.first == column.GetID() && read.second == column.GetFieldName();
         };
+        if (const auto place = static_cast<std::size_t>(i); place < FReadColumns.size() && isThis(FReadColumns[place]))
+            continue; // where most of them are
         if (std::none_of(FReadColumns.begin(), FReadColumns.end(), isThis) && FieldOf(i) &&
             HasTotal(FieldOf(i)->GetDataType()))
             return true;
@@ -198,7 +201,6 @@ void TZORVirtualDBGrid::ReadRows(TDataSet& dataSet) {
     FReading = true;
     FRead = {};
     FRead.State = TReading::BrokenOff;
-    FRead.View = dataSet.GetViewNumber();
     const TAtScopeEnd done(*this, [this] {
         FReading = false;
         if (FRead.State != TReading::Done) {
@@ -219,8 +221,12 @@ void TZORVirtualDBGrid::ReadRows(TDataSet& dataSet) {
         SetRootNodeCount(0);
     if (!alive || !there || !FDataLink->GetActive() || GetDataSet() != &dataSet)
         return;
-    SetRootNodeCount(static_cast<unsigned>(std::max(dataSet.GetRecordCount(), 0)));
     WalkRecords(dataSet, [&] {
+        // Only now: with its first record the dataset knows what it shows, as a narrowing may end there.
+        FRead.View = dataSet.GetViewNumber();
+        SetRootNodeCount(static_cast<unsigned>(std::max(dataSet.GetRecordCount(), 0)));
+        if (!alive || !there)
+            return;
         const bool hasRecords = FWalk != nullptr;
         TNodeRef node(Nodes(), GetRootNode()->GetFirstChild());
         while (node && InitNode(node.Get()))
@@ -255,17 +261,18 @@ bool TZORVirtualDBGrid::ReadBookmarks(TDataSet& dataSet) {
     TLifeGuard alive(*this);
     bool same = false;
     WalkRecords(dataSet, [&] {
-        TVirtualNode* node = GetRootNode()->GetFirstChild();
+        TNodeRef node(Nodes(), GetRootNode()->GetFirstChild());
         int number = 0;
-        for (; node && FWalk && !dataSet.GetEof(); node = node->GetNextSibling()) {
-            TVirtualDBGridNode* data = DataOf(node);
-            if (number == FRead.Count || !data || !data->Row || ReadKey(*FWalk) != GetRowId(node))
+        while (node && FWalk && !dataSet.GetEof()) {
+            TVirtualDBGridNode* data = DataOf(node.Get());
+            if (number == FRead.Count || !data || !data->Row || ReadKey(*FWalk) != GetRowId(node.Get()))
                 return;
             data->Row->Bookmark = dataSet.GetBookmark();
             ++number;
             dataSet.Next();
-            if (!alive)
+            if (!alive || !node)
                 return;
+            node.Set(node.Get()->GetNextSibling());
         }
         same = FWalk && dataSet.GetEof() && number == FRead.Count;
         if (same)
@@ -276,11 +283,11 @@ bool TZORVirtualDBGrid::ReadBookmarks(TDataSet& dataSet) {
 
 namespace {
 
-void GoBack(TDataSet& dataSet, const TBookmark& place) {
+void GoBack(TDataSet& dataSet, const TDataSet::TPlace& place) {
     TLifeGuard there(dataSet);
     try {
-        if (dataSet.BookmarkValid(place))
-            return dataSet.GotoBookmark(place);
+        if (dataSet.BookmarkValid(place.Record))
+            return dataSet.GoToPlace(place);
     } catch (const EDatabaseError&) { // NOLINT(bugprone-empty-catch): a filter keeps the record out
     }
     if (there && dataSet.GetActive())
@@ -300,7 +307,7 @@ void TZORVirtualDBGrid::WalkRecords(TDataSet& dataSet, TBody&& body) {
     };
     dataSet.DisableControls();
     try {
-        const TBookmark place = dataSet.GetBookmark();
+        const TDataSet::TPlace place = dataSet.GetPlace();
         dataSet.First();
         if (alive && there && FDataLink->GetActive()) {
             TWalk walk{.DataSet = As<TCustomADODataSet>(&dataSet)};
@@ -345,11 +352,15 @@ void TZORVirtualDBGrid::SetKeyName(TKeyField& key, const String& name) {
 }
 
 TField* TZORVirtualDBGrid::KeyField(TDataSet& dataSet, TKeyField& key) const {
-    if (key.Index == TKeyField::NotSought) {
-        const TField* field = key.Name.empty() ? nullptr : dataSet.FindField(key.Name);
-        key.Index = field ? field->GetIndex() : TKeyField::Absent;
-    }
-    return key.Index >= 0 && key.Index < dataSet.GetFieldCount() ? dataSet.GetFields()[key.Index] : nullptr;
+    if (key.Index == TKeyField::Absent)
+        return nullptr;
+    TField* field = key.Index >= 0 && key.Index < dataSet.GetFieldCount() ? dataSet.GetFields()[key.Index] : nullptr;
+    if (field && TNameEqual()(field->GetFieldName(), key.Name))
+        return field;
+    // It has not been sought yet, or fields have changed places.
+    field = key.Name.empty() ? nullptr : dataSet.FindField(key.Name);
+    key.Index = field ? field->GetIndex() : TKeyField::Absent;
+    return field;
 }
 
 namespace {
@@ -554,8 +565,9 @@ int TZORVirtualDBGrid::DoGetNodeWidth(TVirtualNode* node, TColumnIndex column) {
         return TVirtualDrawTree::DoGetNodeWidth(node, column);
     if (ShowsCheckMark(column))
         return TCheckPainter(IsThemed()).Size().Width;
+    TLifeGuard alive(*this);
     const String text = NodeText(node, column).substr(0, 10000); // what is longer is wider than any screen
-    return TTextMeasure(*FontOf(column)).Extent(text).Width;
+    return !alive ? 0 : TTextMeasure(*FontOf(column)).Extent(text).Width;
 }
 
 String TZORVirtualDBGrid::DoGetNodeHint(TVirtualNode* node, TColumnIndex column) {
@@ -576,17 +588,21 @@ bool TZORVirtualDBGrid::IsHintColumn(int column) const {
 // Totals
 
 const TZORVirtualDBGrid::TTotal* TZORVirtualDBGrid::TotalOf(TColumn* column) const {
-    const auto found = FTotals.find(column);
-    if (found == FTotals.end())
+    if (FTotals.find(column) == FTotals.end())
         return nullptr;
     for (int i = 0; i < GetColumns()->GetCount(); ++i) {
-        if (GetColumns()->GetColumn(i) != column)
-            continue;
-        const TTotal& total = found->second;
-        const bool isItsOwn = column->GetID() == total.ColumnID && column->GetFieldName() == total.FieldName;
-        return isItsOwn ? &total : nullptr;
+        if (GetColumns()->GetColumn(i) == column)
+            return OwnTotalOf(*column);
     }
-    return nullptr;
+    return nullptr; // it is there no more
+}
+
+/// Of a column that is there.
+const TZORVirtualDBGrid::TTotal* TZORVirtualDBGrid::OwnTotalOf(TColumn& column) const {
+    const auto found = FTotals.find(&column);
+    const bool isItsOwn = found != FTotals.end() && column.GetID() == found->second.ColumnID &&
+                          column.GetFieldName() == found->second.FieldName;
+    return isItsOwn ? &found->second : nullptr;
 }
 
 /// With rows in line.

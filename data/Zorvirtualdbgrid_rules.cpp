@@ -246,6 +246,13 @@ String TColumnTotal::AsText(const TFormatSettings& settings) const {
     return text;
 }
 
+String TColumnTotal::AsToldText(const TFormatSettings& settings) const {
+    OleVariant keeper;
+    return Value(keeper).Kind() == TKind::Text ? AsText(settings)
+           : IsEmpty()                         ? String()
+                                               : VarToStr(AsVariant(), settings);
+}
+
 // Rows and their keys
 
 bool IsRow(const TRowId& row, const TRowId& wanted) {
@@ -312,6 +319,15 @@ TColor RowColor(unsigned index, int level) {
         return 0xFFFFFF;
     const auto part = [level](int base) { return static_cast<TColor>(static_cast<std::uint8_t>(base + 10 * level)); };
     return part(225) | part(228) << 8 | part(234) << 16;
+}
+
+TColor LettersOn(TColor ground, TColor letters) {
+    constexpr int kLeastContrast = 96; // of 255
+    const auto brightness = [](TColor color) {
+        const auto part = [color](int shift) { return static_cast<int>(color >> shift & 0xFF); };
+        return (299 * part(0) + 587 * part(8) + 114 * part(16)) / 1000;
+    };
+    return std::abs(brightness(ground) - brightness(letters)) < kLeastContrast ? 0 : letters;
 }
 
 // Columns

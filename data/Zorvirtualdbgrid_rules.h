@@ -36,6 +36,8 @@ public:
     Variant AsVariant() const;
     /// All digits, as a person reads them in plain: the decimals of the values, no grouping.
     String AsText(const TFormatSettings& settings = FormatSettings()) const;
+    /// The Variant as a text, and all digits where no Variant has them.
+    String AsToldText(const TFormatSettings& settings = FormatSettings()) const;
 
 private:
     using TKind = TFieldValue::TKind;
@@ -113,6 +115,8 @@ private:
 /// The background of a row by its place among its siblings: white, and for each second one a colour that is the lighter
 /// the deeper the row lies, each part of it modulo 256.
 TColor RowColor(unsigned index, int level);
+/// Letters of a colour scheme on that ground, which is none of the scheme's: black where they would hardly show.
+TColor LettersOn(TColor ground, TColor letters);
 
 // Columns
 

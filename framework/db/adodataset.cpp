@@ -311,6 +311,7 @@ void TCustomADODataSet::ReadFieldDefs() {
 
 void TCustomADODataSet::InternalClose() {
     DestroyLookupCursor();
+    FreeBufferAt(FPassingBuffer);
     FGivenRecordset.reset();
     FRecordset.reset();
     if (!FSharesConnection)

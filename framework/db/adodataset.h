@@ -96,6 +96,7 @@ public:
     bool IsSequenced() override;
     bool GetCanModify() override { return FCanModify; }
     bool BookmarkValid(const TBookmark& bookmark) override;
+    bool BookmarkShown(const TBookmark& bookmark) override;
     /// Finds data fields only. A text is compared unit by unit, or with loCaseInsensitive letter case aside; with
     /// loPartialKey texts need only begin so.
     bool Locate(const String& keyFields, const Variant& keyValues, TLocateOptions options) override;
@@ -135,6 +136,8 @@ protected:
     TGetResult FilteredGetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck);
     /// What OnFilterRecord says of the recordset's row, for which it gets `buffer`; true unless Filtered.
     bool AcceptsRecord(TRecordBuffer buffer);
+    /// Whether the recordset's row is one of those that the dataset shows.
+    virtual bool ShowsRow() { return AcceptsRecord(LookupBuffer()); }
     /// EDatabaseError when several records are wanted and they cannot be found again.
     void CheckBookmarks() const;
     /// There is a master, and it has no record to whom any could belong.
@@ -191,7 +194,9 @@ private:
     std::vector<TColumnValue> ChangedValues();
     TFetchProgress ProgressHandler();
     bool LocateRecord(const String& keyFields, const Variant& keyValues, TLocateOptions options);
-    TRecordBuffer LookupBuffer();
+    TRecordBuffer BufferAt(TRecordBuffer& place);
+    TRecordBuffer LookupBuffer() { return BufferAt(FLookupBuffer); }
+    void FreeBufferAt(TRecordBuffer& place);
     void MasterChanged();
     /// Calls `body` with each parameter that the master has a field for, and that field.
     template <class TBody>
@@ -205,7 +210,8 @@ private:
     std::shared_ptr<TOdbcConnection> FConnection;
     std::vector<String> FColumnNames; // when it was opened
     std::vector<DataTypeEnum> FColumnTypes;
-    TRecordBuffer FLookupBuffer = nullptr;
+    TRecordBuffer FLookupBuffer = nullptr;  // of searches
+    TRecordBuffer FPassingBuffer = nullptr; // of the record read in passing, whose calculations may search
     String FConnectionString;
     String FCommandText;
     int FSlotCount = 0;

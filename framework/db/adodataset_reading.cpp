@@ -198,13 +198,25 @@ bool TCustomADODataSet::BookmarkValid(const TBookmark& bookmark) {
     }
 }
 
+bool TCustomADODataSet::BookmarkShown(const TBookmark& bookmark) {
+    if (!BookmarkValid(bookmark))
+        return false;
+    bool shows = false;
+    Operation([&] {
+        const TPlaceKeeper place(FRecordset);
+        FRecordset->SetBookmark(bookmark.Value().ToVariant());
+        shows = ShowsRow();
+    });
+    return shows;
+}
+
 TRecordBuffer TCustomADODataSet::ReadInPassing(const TBookmark& bookmark) {
     try {
         FRecordset->SetBookmark(bookmark.Value().ToVariant());
     } catch (const EDatabaseError&) {
         return nullptr;
     }
-    TRecordBuffer buffer = LookupBuffer();
+    TRecordBuffer buffer = BufferAt(FPassingBuffer);
     FillRecordBuffer(buffer, recordNumberNotTaken);
     return buffer;
 }
@@ -277,16 +289,20 @@ private:
     bool FIsPossible = true;
 };
 
-/// A buffer for records that are looked at in passing.
-TRecordBuffer TCustomADODataSet::LookupBuffer() {
-    if (!FLookupBuffer)
-        FLookupBuffer = AllocRecordBuffer();
-    return FLookupBuffer;
+/// A buffer beside those of the window.
+TRecordBuffer TCustomADODataSet::BufferAt(TRecordBuffer& place) {
+    if (!place)
+        place = AllocRecordBuffer();
+    return place;
+}
+
+void TCustomADODataSet::FreeBufferAt(TRecordBuffer& place) {
+    if (TRecordBuffer buffer = std::exchange(place, nullptr))
+        FreeRecordBuffer(buffer);
 }
 
 void TCustomADODataSet::DestroyLookupCursor() {
-    if (TRecordBuffer buffer = std::exchange(FLookupBuffer, nullptr))
-        FreeRecordBuffer(buffer);
+    FreeBufferAt(FLookupBuffer);
 }
 
 /// Moves the recordset to the first row that has the values and passes OnFilterRecord.

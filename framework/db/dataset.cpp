@@ -125,6 +125,7 @@ void TDataSet::DoClose() {
 }
 
 void TDataSet::CloseCursor() {
+    FTemporaryBuffer = nullptr; // somebody reads in passing
     ClearBuffers();
     FreeBuffers();
     InternalClose();

@@ -143,6 +143,17 @@ public:
     /// Reads the records of the window anew around the one on which the cursor stands; with rmExact EDatabaseError
     /// "Record not found" when that is gone, otherwise its neighbour becomes active.
     void Resync(TResyncMode mode);
+    /// Where the dataset stands: its record, the row of the window that shows it, and the ends that it was moved to.
+    struct TPlace {
+        TBookmark Record;
+        int Row = 0;
+        bool Bof = false;
+        bool Eof = false;
+    };
+    TPlace GetPlace() { return {GetBookmark(), FWindow.Active, FBof, FEof}; }
+    /// Back to it, so that what shows the records looks as before. EDatabaseError when the record does not show any
+    /// more.
+    void GoToPlace(const TPlace& place);
     /// Moves the cursor to the active record. It may be elsewhere, since records are read ahead.
     void UpdateCursorPos();
     /// To be called by whoever has moved the cursor himself, before Resync.
@@ -159,6 +170,8 @@ public:
     /// EDatabaseError when the record is gone. An empty bookmark is ignored.
     void GotoBookmark(const TBookmark& value);
     virtual bool BookmarkValid(const TBookmark& bookmark);
+    /// Valid, and no filter keeps the record out.
+    virtual bool BookmarkShown(const TBookmark& bookmark);
     /// Negative, 0 or positive as the first comes before, equals or follows the second; an empty one comes first.
     virtual int CompareBookmarks(const TBookmark& left, const TBookmark& right);
     void FreeBookmark(TBookmark& bookmark) { bookmark = {}; }
@@ -435,6 +448,7 @@ private:
     bool StepForward(int& scrolled);
     bool StepBackward(int& scrolled);
     bool ReadAtCursor(bool exact);
+    void ReadAround(int before, bool exact);
     void BeginInsert(bool append);
     void PlaceBeforeActive();
     void PlaceAtEnd();

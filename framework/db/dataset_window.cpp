@@ -272,33 +272,52 @@ void TDataSet::Resync(TResyncMode mode) {
     CheckActive();
     CheckStill();
     Operation([&] {
-        const int before = mode.Contains(rmCenter) ? (FWindow.Size - 1) / 2 : FWindow.Active;
-        if (!ReadAtCursor(mode.Contains(rmExact))) {
-            ClearBuffers();
-            DataEvent(deDataSetChange, 0);
-            return;
-        }
-        FWindow.Move(FWindow.Count, 0);
-        ActivateBuffers();
-        for (int i = 0; i < before && GetPriorRecord(); ++i) {
-        }
-        GetNextRecords();
-        GetPriorRecords();
+        ReadAround(mode.Contains(rmCenter) ? (FWindow.Size - 1) / 2 : FWindow.Active, mode.Contains(rmExact));
         DataEvent(deDataSetChange, 0);
+    });
+}
+
+/// Fills the window around the record on which the cursor stands, with `before` records before it where there are any.
+void TDataSet::ReadAround(int before, bool exact) {
+    if (!ReadAtCursor(exact)) {
+        ClearBuffers();
+        return;
+    }
+    FWindow.Move(FWindow.Count, 0);
+    ActivateBuffers();
+    for (int i = 0; i < before && GetPriorRecord(); ++i) {
+    }
+    GetNextRecords();
+    GetPriorRecords();
+}
+
+void TDataSet::GoToPlace(const TPlace& place) {
+    if (place.Record.IsEmpty())
+        return;
+    Operation([&] {
+        CheckBrowseMode();
+        DoBeforeScroll();
+        CursorPosChanged();
+        InternalGotoBookmark(place.Record);
+        ReadAround(std::min(place.Row, FWindow.Size - 1), true);
+        FBof = place.Bof;
+        FEof = place.Eof;
+        DataEvent(deDataSetChange, 0);
+        DoAfterScroll();
     });
 }
 
 /// Reads the record on which the cursor stands, or unless `exact` a neighbour of it, into the spare buffer.
 bool TDataSet::ReadAtCursor(bool exact) {
-    TRecordBuffer spare = FWindow.At(FWindow.Count);
     CursorPosChanged();
     if (exact) {
-        if (GetRecord(spare, gmCurrent, true) != grOK)
+        if (GetRecord(FWindow.At(FWindow.Count), gmCurrent, true) != grOK)
             DatabaseError(u"Record not found", this);
         return true;
     }
     for (const TGetMode mode : {gmCurrent, gmNext, gmPrior}) {
-        if (GetRecord(spare, mode, false) == grOK)
+        CheckActive(); // while a failure was being told of, the program may have closed it
+        if (GetRecord(FWindow.At(FWindow.Count), mode, false) == grOK)
             return true;
     }
     return false;
@@ -354,6 +373,10 @@ void TDataSet::GotoBookmark(const TBookmark& value) {
 
 bool TDataSet::BookmarkValid(const TBookmark&) {
     return false;
+}
+
+bool TDataSet::BookmarkShown(const TBookmark& bookmark) {
+    return BookmarkValid(bookmark);
 }
 
 int TDataSet::CompareBookmarks(const TBookmark& left, const TBookmark& right) {

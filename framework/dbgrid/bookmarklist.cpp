@@ -77,12 +77,13 @@ void TBookmarkList::Delete() {
         // From the end, so that those that are still to come keep their places.
         while (alive && dataAlive && dataSet->GetActive() && !FItems.empty()) {
             const TBookmark last = FItems.back();
-            FItems.pop_back();
-            if (!dataSet->BookmarkValid(last))
-                continue;
-            dataSet->GotoBookmark(last);
-            if (dataAlive && dataSet->GetActive())
+            const bool shows = dataSet->BookmarkShown(last);
+            if (shows && alive && dataAlive)
+                dataSet->GotoBookmark(last);
+            if (shows && alive && dataAlive && dataSet->GetActive())
                 dataSet->Delete();
+            if (alive)
+                std::erase(FItems, last);
         }
     } catch (...) {
         if (dataAlive)
@@ -95,8 +96,11 @@ void TBookmarkList::Delete() {
 
 bool TBookmarkList::Refresh() {
     TDataSet* dataSet = DataSet();
-    const auto gone =
-        std::erase_if(FItems, [&](const TBookmark& each) { return !dataSet || !dataSet->BookmarkValid(each); });
+    // Records are there or not after any change, but only another view hides some of them.
+    const bool sameView = dataSet && std::exchange(FView, dataSet->GetViewNumber()) == dataSet->GetViewNumber();
+    const auto gone = std::erase_if(FItems, [&](const TBookmark& each) {
+        return !dataSet || !(sameView ? dataSet->BookmarkValid(each) : dataSet->BookmarkShown(each));
+    });
     if (gone > 0)
         Changed();
     return gone > 0;

@@ -34,9 +34,9 @@ public:
     void SetCurrentRowSelected(bool value);
     void SetSelected(const TBookmark& bookmark, bool value);
     void Clear();
-    /// Deletes the selected records.
+    /// Deletes the selected records that show. One that cannot be deleted ends it, and stays selected.
     void Delete();
-    /// Takes out the records that are there no more; whether there were any.
+    /// Takes out the records that are there no more, or that another filter hides; whether there were any.
     bool Refresh();
 
 private:
@@ -45,6 +45,7 @@ private:
 
     TCustomDBGrid& FGrid;
     std::vector<TBookmark> FItems;
+    unsigned FView = 0; // of the dataset when it was last looked which of them show
 };
 
 } // namespace framework

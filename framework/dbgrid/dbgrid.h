@@ -218,6 +218,7 @@ protected:
 
 private:
     friend class TBookmarkList;
+    friend class TColumn;
     friend class TDBGridAccessible;
     friend class TDBGridColumns;
     friend class TGridDataLink;
@@ -277,11 +278,13 @@ private:
     void GoToColumn(int index);
     bool StepColumn(int step);
     void GoToEndColumn(bool last);
-    void NextRow(bool select);
-    void PriorRow(bool select);
+    // False where there is no other record.
+    bool NextRow(bool select);
+    bool PriorRow(bool select);
     void MoveRows(int distance);
     void GoToRow(int row);
     void GoToEndRow(bool last, bool select);
+    void GoToNumber(int number, int count);
     void InsertRecord();
     void DeleteRecord();
     bool CanChangeRecords() const;

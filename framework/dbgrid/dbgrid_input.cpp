@@ -7,6 +7,7 @@
 #include "framework/graphics/textmetrics.h"
 #include "framework/windows/application.h"
 #include "framework/windows/clipboard.h"
+#include "framework/windows/forms.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -240,30 +241,32 @@ bool TCustomDBGrid::SelectStep(int step) {
     return true;
 }
 
-void TCustomDBGrid::NextRow(bool select) {
+bool TCustomDBGrid::NextRow(bool select) {
     if (SelectRows(select, 1))
-        return;
+        return true;
     TLifeGuard alive(*this);
     if (IsUntouchedInsert()) {
-        if (!FAppended) // one behind the last record is enough
-            GetDataSet()->Cancel();
-        return;
+        if (FAppended)
+            return false; // one behind the last record is enough
+        GetDataSet()->Cancel();
+        return true;
     }
-    FDataLink->MoveBy(1);
+    const bool moved = FDataLink->MoveBy(1) != 0;
     if (!alive || !FDataLink->GetEof() || !CanChangeRecords() || FDataLink->GetEditing())
-        return;
+        return moved;
     GetDataSet()->Append();
     if (alive && IsDataActive())
         FAppended = FBegunHere = GetDataSet()->GetState() == dsInsert;
+    return true;
 }
 
-void TCustomDBGrid::PriorRow(bool select) {
+bool TCustomDBGrid::PriorRow(bool select) {
     if (SelectRows(select, -1))
-        return;
-    if (IsUntouchedInsert() && FAppended)
-        GetDataSet()->Cancel(); // which leads to the last record
-    else
-        FDataLink->MoveBy(-1);
+        return true;
+    if (!IsUntouchedInsert() || !FAppended)
+        return FDataLink->MoveBy(-1) != 0;
+    GetDataSet()->Cancel(); // which leads to the last record
+    return true;
 }
 
 void TCustomDBGrid::InsertRecord() {
@@ -404,7 +407,8 @@ bool TCustomDBGrid::HandleControlKey(WORD key, bool shifted) {
     }
 }
 
-/// From cell to cell, and behind the last one to the next record.
+/// From cell to cell, behind the last one to the next record, and where there is none to the next control: that the
+/// records end here may show only now, as a filter hides those beyond.
 bool TCustomDBGrid::TabKey(bool forward) {
     if (!FOptions.Contains(dgTabs))
         return false;
@@ -413,9 +417,13 @@ bool TCustomDBGrid::TabKey(bool forward) {
         return true;
     if (!alive)
         return true;
-    forward ? NextRow(false) : PriorRow(false);
-    if (alive && IsDataActive() && (forward || !GetDataSet()->GetBof()))
+    const bool moved = forward ? NextRow(false) : PriorRow(false);
+    if (!alive || !IsDataActive())
+        return true;
+    if (moved)
         GoToEndColumn(!forward);
+    else if (TCustomForm* form = GetParentForm(this))
+        form->SelectNext(this, forward, true);
     return true;
 }
 
@@ -691,6 +699,23 @@ void TCustomDBGrid::UpdateScrollBar() {
     SetBar(SB_VERT, bar);
 }
 
+/// To the record with a number. Where none has it, as numbers may have gaps or be the program's own, by as many records
+/// as the thumb has moved.
+void TCustomDBGrid::GoToNumber(int number, int count) {
+    TDataSet& dataSet = *GetDataSet();
+    const int distance = number - std::clamp(dataSet.GetRecNo(), 1, count);
+    TLifeGuard alive(*this);
+    dataSet.CheckBrowseMode(); // what is wrong with an entry is told of
+    if (!alive || !IsDataActive())
+        return;
+    try {
+        return dataSet.SetRecNo(number);
+    } catch (const EDatabaseError&) { // NOLINT(bugprone-empty-catch): the way by distance follows
+    }
+    if (alive)
+        MoveRows(distance);
+}
+
 void TCustomDBGrid::VerticalScroll(int code) {
     if (!IsDataActive())
         return;
@@ -731,7 +756,7 @@ void TCustomDBGrid::VerticalScroll(int code) {
     if (const int count = dataSet.GetRecordCount(); dataSet.IsSequenced() && count >= 0) {
         const int number = NumberOfBar(info.nTrackPos, count);
         if (count > 0 && number != dataSet.GetRecNo())
-            dataSet.SetRecNo(number);
+            GoToNumber(number, count);
         return;
     }
     if (code == SB_THUMBTRACK)

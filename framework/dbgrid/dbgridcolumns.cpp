@@ -152,6 +152,18 @@ void TColumn::Change(TStored& stored, const TValue& value) {
     Changed(false);
 }
 
+/// A grid without a window measures no columns, and hears from here that one takes another room.
+template <class TStored, class TValue>
+void TColumn::ChangeExtent(TStored& stored, const TValue& value) {
+    TCustomDBGrid* grid = GetGrid();
+    if (!grid || grid->HandleAllocated() || grid->IsLoading() || stored == value)
+        return Change(stored, value);
+    TLifeGuard alive(*grid);
+    Change(stored, value);
+    if (alive)
+        grid->ColWidthsChanged();
+}
+
 void TColumn::Assign(TPersistent* source) {
     const auto* other = As<TColumn>(source);
     if (!other) {
@@ -243,11 +255,11 @@ void TColumn::SetReadOnly(bool value) {
 }
 
 void TColumn::SetVisible(bool value) {
-    Change(FVisible, value);
+    ChangeExtent(FVisible, value);
 }
 
 void TColumn::SetWidth(int value) {
-    Change(FWidth, std::clamp(value, kLeastColumnWidth, kGreatestColumnWidth));
+    ChangeExtent(FWidth, std::clamp(value, kLeastColumnWidth, kGreatestColumnWidth));
 }
 
 void TColumn::Scale(int m, int d) {

@@ -188,6 +188,8 @@ private:
     /// Stores a value and tells the grid, if it is another one.
     template <class TStored, class TValue>
     void Change(TStored& stored, const TValue& value);
+    template <class TStored, class TValue>
+    void ChangeExtent(TStored& stored, const TValue& value);
     /// What was set in pixels, times m / d.
     void Scale(int m, int d);
 

@@ -4,6 +4,7 @@
 #include "framework/vtree/virtualtree.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace framework {
 
@@ -252,9 +253,12 @@ void TVirtualTreeColumns::MoveTo(TVirtualTreeColumn& column, int position) {
 
 /// Tells the columns where they are.
 void TVirtualTreeColumns::NumberPositions() {
+    std::unordered_map<int, TVirtualTreeColumn*> columns;
+    for (int i = 0; i < GetCount(); ++i)
+        columns[GetColumn(i)->GetID()] = GetColumn(i);
     for (std::size_t i = 0; i < FOrder.size(); ++i) {
-        if (TCollectionItem* column = FindItemID(FOrder[i]))
-            static_cast<TVirtualTreeColumn*>(column)->FPosition = static_cast<int>(i);
+        if (const auto found = columns.find(FOrder[i]); found != columns.end())
+            found->second->FPosition = static_cast<int>(i);
     }
     FExtentsValid = false;
 }
@@ -275,13 +279,19 @@ void TVirtualTreeColumns::Loaded() {
 
 void TVirtualTreeColumns::Notify(TCollectionItem* item, TCollectionNotification action) {
     if (action == cnAdded) {
+        static_cast<TVirtualTreeColumn*>(item)->FPosition = static_cast<int>(FOrder.size());
         FOrder.push_back(item->GetID());
         FHeader->ColumnAdded(item->GetIndex());
     } else {
-        FOrder.erase(std::remove(FOrder.begin(), FOrder.end(), item->GetID()), FOrder.end());
+        const auto place = std::find(FOrder.begin(), FOrder.end(), item->GetID());
+        const bool isLast = place != FOrder.end() && place + 1 == FOrder.end();
+        if (place != FOrder.end())
+            FOrder.erase(place);
         FHeader->ColumnDeleted(item->GetIndex());
+        if (!isLast) // many go one after the other from the end
+            NumberPositions();
     }
-    NumberPositions();
+    FExtentsValid = false;
     TCollection::Notify(item, action);
 }
 

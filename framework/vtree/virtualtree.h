@@ -466,6 +466,10 @@ protected:
     void PaintHeaderBand();
     /// Something about a header has changed; with `places` also where its columns lie.
     virtual void HeaderChanged(TVTHeader& header, bool places);
+    /// The column that gets the focus when `column` is clicked or named.
+    virtual TColumnIndex ColumnToFocus(TColumnIndex column) const;
+    /// Gives the focus to a column without asking or telling anybody: the columns have changed, not what has the focus.
+    void RenumberFocus(TColumnIndex column) { FFocusedColumn = column; }
 
     void CreateParams(TCreateParams& params) override;
     void CreateWnd() override;
@@ -592,7 +596,6 @@ private:
     void LeaveHiddenFocus();
     TVirtualNode* RowInPlaceOf(const TVirtualNode* parent, std::int64_t row) const;
     void SettleFocus();
-    TColumnIndex ColumnToFocus(TColumnIndex column) const;
 
     // virtualtree_input.cpp
     bool HandleHeaderMouse(TMessage& message);

@@ -126,7 +126,6 @@ void TBaseVirtualTree::DoFocusChange(TVirtualNode* node, TColumnIndex column) {
     Fire(*this, OnFocusChanged, this, node, column);
 }
 
-/// The column that gets the focus when `column` is clicked or named.
 TColumnIndex TBaseVirtualTree::ColumnToFocus(TColumnIndex column) const {
     const TVirtualTreeColumns& columns = *FHeader->GetColumns();
     if (columns.GetCount() == 0)

@@ -70,6 +70,21 @@ TEST(ColumnTotal, IsExactToTheLastDigit) {
     }
 }
 
+TEST(ColumnTotal, IsToldAsTheVariantThatComesAlong) {
+    const struct {
+        TValue Value;
+        const char16_t* Text;
+    } cases[] = {{TValue::Null(), u""},
+                 {TValue::Money(Currency(1.5)), u"1.5"},
+                 {TValue::Decimal({10000, 2}), u"100"},
+                 {TValue::Text(u"123456789012345678901234567.89"), u"123456789012345678901234567.89"}};
+    for (const auto& each : cases) {
+        TColumnTotal total;
+        total.Add(each.Value);
+        EXPECT_EQ(total.AsToldText(Plain()), each.Text);
+    }
+}
+
 TEST(ColumnTotal, AgreesWithSumsOfCents) {
     const unsigned randomSeed = std::random_device()();
     SCOPED_TRACE("randomSeed " + std::to_string(randomSeed));
@@ -137,6 +152,8 @@ TEST(Columns, AreFoundDraggedAndColoured) {
                 EXPECT_EQ(IndexAfterMove(i, from, to), std::find(order.begin(), order.end(), i) - order.begin());
         }
     }
+    EXPECT_EQ(LettersOn(RowColor(1, 0), 0xFFFFFF), 0) << "of a dark scheme";
+    EXPECT_EQ(LettersOn(RowColor(1, 0), 0x404040), 0x404040);
     EXPECT_EQ(RowColor(4, 3), 0xFFFFFF);
     EXPECT_EQ(RowColor(1, 0), 234 << 16 | 228 << 8 | 225);
     EXPECT_EQ(RowColor(1, 3), 8 << 16 | 2 << 8 | 255) << "each part goes round by itself";

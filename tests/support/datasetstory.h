@@ -402,6 +402,21 @@ TEST(DataSet, CalculatesAndLooksUp) {
     data.OnCalcFields = [&](TDataSet*) { twice->SetAsVariant(data.Lookup(u"Id", 2, u"Credit")); };
     EXPECT_EQ(customers.Walk(), "1 2 3 4 5 6");
     EXPECT_EQ(twice->GetAsFloat(), 2.5);
+    // So is what was calculated for a record read in passing; then the record goes, while somebody reads it.
+    data.OnCalcFields = [&](TDataSet*) {
+        twice->SetAsFloat(credit->GetAsFloat() * 2);
+        town->SetAsVariant(data.Lookup(u"Id", 2, u"Credit"));
+    };
+    data.Last();
+    TBookmark last = data.GetBookmark();
+    data.First();
+    TDataSet::TPassingReader reader(data);
+    ASSERT_TRUE(reader.GoTo(last));
+    EXPECT_EQ(town->GetAsString() + u" " + twice->GetAsString(), u"2.5 15");
+    data.Close();
+    data.SetRecordset(std::make_shared<TClientRecordset>(MakeCustomers(3)));
+    EXPECT_EQ(twice->GetAsFloat(), 2.5) << "of the record that is active now";
+    reader.Leave();
     data.Close();
     EXPECT_EQ(data.GetFieldCount(), 4);
 }

@@ -237,6 +237,25 @@ TEST(NarrowedDataSet, HandsWhatGoesWrongInItsSearchToTheApplication) {
     EXPECT_EQ(ProblemOf([&] { EXPECT_EQ(data.GetRecord(buffer, gmNext, true), grError); }), "none");
     EXPECT_EQ(told, "The connection is lost");
     data.FreeRecordBuffer(buffer);
+    // The application may close the dataset as it is told, or open it on other rows.
+    for (const bool reopens : {false, true}) {
+        data.SetFilteredByBookmarks(false);
+        data.SetRecordset(std::make_shared<TOddRecordset>(9));
+        data.ClearBookmarks();
+        data.AddBookmark(1);
+        data.SetFilteredByBookmarks(true);
+        data.OnFilterRecord = [](TDataSet*, bool&) { throw Exception(u"Not this one"); };
+        data.SetFiltered(true);
+        SetApplicationExceptionHandler([&](TObject*) {
+            data.SetFiltered(false);
+            data.Close();
+            if (reopens)
+                data.SetRecordset(std::make_shared<TClientRecordset>(MakeCustomers(2)));
+        });
+        EXPECT_EQ(ProblemOf([&] { data.Resync({}); }),
+                  reopens ? "none" : "Cannot perform this operation on a closed dataset");
+        EXPECT_EQ(data.GetActive(), reopens);
+    }
     SetApplicationExceptionHandler({});
 }
 

@@ -3,6 +3,7 @@
 #include "framework/graphics/bitmaps.h"
 #include "tests/support/accessible.h"
 #include "tests/support/gridform.h"
+#include "tests/support/messageboxes.h"
 
 #include <random>
 
@@ -53,6 +54,63 @@ TEST_F(DBGridViewTest, PaintsWhatChanged) {
     EXPECT_EQ(Id(), kRecords);
     SendMessageW(Grid->Handle, WM_VSCROLL, SB_PAGEUP, 0);
     EXPECT_EQ(Id(), kRecords - rows);
+}
+
+/// Numbers tell nothing of where the records end that show, or which of them are there.
+TEST_F(DBGridViewTest, FindsItsWayAmongHiddenRecords) {
+    int least = 5;
+    Data->OnFilterRecord = [&](TDataSet*, bool& accepts) {
+        const int id = Data->FieldByName(u"Id")->AsInteger;
+        accepts = id >= least && id < 50;
+    };
+    Data->Filtered = true;
+    Grid->ReadOnly = true;
+    PressKey(VK_TAB, {ssShift});
+    EXPECT_TRUE(WaitFor([&] { return Other->Focused(); })) << "backwards from the first";
+    Grid->SetFocus();
+    Data->Last();
+    Grid->SelectedIndex = Grid->Columns->Count - 1;
+    PressKey(VK_TAB);
+    EXPECT_TRUE(WaitFor([&] { return Other->Focused(); })) << "on from the last";
+    EXPECT_EQ(Grid->SelectedIndex, Grid->Columns->Count - 1);
+    // Records that were selected and are hidden now are none of those that are deleted.
+    Grid->ReadOnly = false;
+    Grid->SetFocus();
+    Grid->Options = Grid->Options - TDBGridOptions{dgConfirmDelete} + TDBGridOptions{dgMultiSelect};
+    Data->First();
+    for (int i = 0; i < 6; ++i)
+        PressKey(VK_DOWN, {ssShift});
+    ASSERT_EQ(Grid->SelectedRows.Count, 7);
+    Data->Filtered = false;
+    least = 8;
+    Data->Filtered = true;
+    EXPECT_EQ(Grid->SelectedRows.Count, 4);
+    least = 10; // without a word to the grid
+    PressKey(VK_DELETE, {ssCtrl});
+    EXPECT_EQ(Data->RecordCount, kRecords - 2) << "10 and 11";
+    EXPECT_EQ(Grid->SelectedRows.Count, 0);
+    Data->BeforeDelete = [](TDataSet*) { throw EDatabaseError(u"It is needed"); };
+    PressKey(VK_DOWN, {ssShift});
+    TBoxReader boxes;
+    PressKey(VK_DELETE, {ssCtrl});
+    EXPECT_EQ(boxes.Seen.size(), 1u);
+    EXPECT_EQ(Grid->SelectedRows.Count, 2) << "what is still there stays selected";
+    // The thumb over a number that nobody has: the dataset numbers its records from 1, one of them was deleted.
+    Data->BeforeDelete = nullptr;
+    Data->Filtered = false;
+    int number = 0;
+    for (Data->First(); number < 40; Data->Next())
+        Data->AddBookmark(++number);
+    Data->FilteredByBookmarks = true;
+    Data->RecNo = 20;
+    Data->Delete();
+    const int after = Id();
+    Data->Prior();
+    SCROLLINFO info{sizeof(info), SIF_POS, 0, 0, 0, 19, 0};
+    SetScrollInfo(Grid->Handle, SB_VERT, &info, FALSE);
+    SendMessageW(Grid->Handle, WM_VSCROLL, SB_THUMBTRACK, 0);
+    EXPECT_EQ(boxes.Seen.size(), 1u) << "nothing to complain of";
+    EXPECT_EQ(Id(), after);
 }
 
 /// What was painted piece by piece looks like what is painted at once, whatever happened in between.

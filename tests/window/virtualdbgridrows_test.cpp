@@ -249,6 +249,87 @@ TEST_F(VirtualDBGridRowsTest, AnswerWithWhatWasPosted) {
     EXPECT_EQ(Selected(), "40 ");
     EXPECT_EQ(total, u"1025.25");
     EXPECT_EQ(Customers.Id(), 100);
+    DataSet->Delete();
+    EXPECT_EQ(Grid->Get_SelectedCount(), 0) << "asked before anything was painted";
+    // With the marks the narrowing ends, once a record is read.
+    Customers.Mark({2, 4, 7});
+    DataSet->FilteredByBookmarks = true;
+    Grid->Set_Selected(4);
+    int told = 0;
+    Grid->OnChange = [&](TBaseVirtualTree*, TVirtualNode*) { ++told; };
+    DataSet->ClearBookmarks();
+    Paint();
+    EXPECT_EQ(Selected(), "3 ") << "the same record";
+    EXPECT_EQ(told, 0);
+    Grid->Set_Selected(5);
+    EXPECT_EQ(Selected(), "4 ");
+    // A handler frees the grid while it reads its rows to find one.
+    Grid->AfterInitNode = [&](TBaseVirtualTree*, TVirtualNode*, TVirtualNode*, TVirtualNodeInitStates&) {
+        delete std::exchange(Grid, nullptr);
+    };
+    DataSet->AfterPost = [&, grid = Grid](TDataSet*) { grid->Set_Selected({{5, {}}, {7, {}}}); };
+    EXPECT_EQ(ProblemOf([&] { DataSet->AppendRecord({101}); }), "none");
+    EXPECT_EQ(Grid, nullptr);
+}
+
+TEST_F(VirtualDBGridRowsTest, StayWithFieldsAndPlacesThatMove) {
+    // Columns that follow the fields, beside a data grid that shows the active record in its fourth row.
+    auto* other = new TZORVirtualDBGrid(Form.get());
+    other->SetBounds(10, 215, 500, 100);
+    other->Parent = Form.get();
+    other->DataSource = &DataSource;
+    auto* rows = new TDBGrid(Form.get());
+    rows->SetBounds(320, 10, 200, 200);
+    rows->Parent = Form.get();
+    rows->DataSource = &DataSource;
+    DataSet->MoveBy(3);
+    Grid->Reload();
+    EXPECT_EQ(DataSet->GetActiveRecord(), 3);
+    DataSet->Last();
+    DataSet->Next();
+    Grid->Reload();
+    EXPECT_TRUE(DataSet->Eof);
+    other->Header->SortColumn = 0;
+    other->Set_FocusedColumn(1);
+    Paint();
+    const TRect id = other->HeaderCellRect(0);
+    const auto at = [&](int x) { return other->ClientToScreen({x, id.Top + 8}); };
+    PressMouse(at(id.Left + 10));
+    MoveMouse(at(id.Left + 22));
+    MoveMouse(at(other->HeaderCellRect(2).Right - 2));
+    Application->ProcessMessages();
+    ReleaseMouse();
+    Application->ProcessMessages();
+    EXPECT_EQ(other->Columns->Items[2]->FieldName, u"Id");
+    EXPECT_EQ(rows->Columns->Items[2]->FieldName, u"Id");
+    EXPECT_EQ(other->Header->SortColumn, 2);
+    EXPECT_EQ(other->FocusedColumn, 0);
+    DataSet->AppendRecord({u"New", u"Praha", 100});
+    Paint();
+    EXPECT_EQ(Grid->GetRowId(Grid->GetRootNode()->LastChild).first, 100);
+    EXPECT_EQ(Grid->GetRowId(Grid->NodeOfRow(4)), (TRowId{5, {}}));
+    // The focus stays with its column too, and nobody is told.
+    int told = 0;
+    Grid->FocusedNode = Grid->NodeOfRow(0);
+    Grid->Set_FocusedColumn(1);
+    Grid->ColumnFocusLocked = true;
+    Grid->OnFocusChanged = [&](TBaseVirtualTree*, TVirtualNode*, TColumnIndex) { ++told; };
+    Grid->Columns->Add()->Index = 0;
+    Paint();
+    EXPECT_EQ(Grid->FocusedColumn, 2);
+    EXPECT_EQ(Grid->SelectedFieldName, u"Credit");
+    delete Grid->Columns->Items[0];
+    Paint();
+    EXPECT_EQ(Grid->FocusedColumn, 1);
+    EXPECT_EQ(told, 0);
+    const TRect cell = Grid->GetDisplayRect(Grid->NodeOfRow(2), 0);
+    int asked = 0;
+    Grid->OnFocusChanging = [&](TBaseVirtualTree*, TVirtualNode*, TVirtualNode*, TColumnIndex, TColumnIndex column,
+                                bool&) { asked += column == 1 ? 1 : 100; };
+    ClickOn(*Grid, {cell.Left + 10, cell.Top + 5});
+    ASSERT_TRUE(WaitFor([&] { return Grid->FocusedNode == Grid->NodeOfRow(2); }));
+    EXPECT_EQ(Grid->FocusedColumn, 1);
+    EXPECT_EQ(asked, 1) << "for the locked column alone";
 }
 
 } // namespace

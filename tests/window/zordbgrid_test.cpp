@@ -93,6 +93,11 @@ TEST_F(ZorDBGridTest, TellsOfWidths) {
     Drag({title.Right - 1, 5}, {title.Right + 39, 5});
     EXPECT_GT(told, 2);
     EXPECT_EQ(Grid->Columns->GetColumn(0)->Width, 130);
+    // Also where there is no window yet.
+    ZOR::TZORDBGrid hidden(nullptr);
+    hidden.OnColWidthsChanged = [&](TObject*) { told = -1; };
+    hidden.Columns->Add()->Width = 90;
+    EXPECT_EQ(told, -1);
     EXPECT_EQ(Grid->DefaultRowHeight, Grid->DataCellRect(0, 1).Top - Grid->DataCellRect(0, 0).Top);
 }
 
