@@ -5,6 +5,7 @@
 #include "data/Zorvirtualdbgrid.h"
 #include "framework/db/clientrecordset.h"
 #include "framework/system/numbers.h"
+#include "framework/system/updates.h"
 #include "framework/windows/application.h"
 #include "framework/windows/forms.h"
 
@@ -235,6 +236,22 @@ void Selecting(TGridOnOrders& many) {
         bench::Median(all), bench::Median(keys), bench::Median(back));
 }
 
+// Many columns
+
+/// How long header and footer take to be made for so many columns.
+double MakingColumns(TForm& form, int count) {
+    TZORVirtualDBGrid grid(&form);
+    grid.SetParent(&form);
+    WithinUpdate(*grid.GetColumns(), [&] {
+        for (int i = 0; i < count; ++i)
+            grid.GetColumns()->Add()->SetWidth(kColumnWidth);
+    });
+    const double taken = bench::Milliseconds([&] { grid.RefreshColumns(); });
+    if (grid.GetHeader()->GetColumns()->GetCount() != count)
+        std::printf("the header has missed columns\n");
+    return taken;
+}
+
 } // namespace
 
 int main() {
@@ -248,5 +265,9 @@ int main() {
     Building(many);
     Painting(form, many, few);
     Selecting(many);
+    bench::PrintRatio(
+        "1,000 columns / 250",
+        bench::MedianPair([&] { return MakingColumns(form, 1000); }, [&] { return MakingColumns(form, 250); }), "ms",
+        6);
     return 0;
 }

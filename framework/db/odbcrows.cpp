@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <tuple>
 
 namespace framework {
 
@@ -83,6 +84,7 @@ private:
     bool IsSQLite() const { return Session().Kind() == TDatabaseKind::SQLite; }
     String Purpose(StringView what) const { return String(what) + u" of '" + FTableName.Table + u"'"; }
 
+    TRowStore Read(const TFetchProgress& progress);
     template <class TBody>
     void EachCatalogueColumn(const TTableName& table, TBody&& body);
     void ReadDeclaredTypes(const std::vector<TOdbcColumn>& columns);
@@ -107,6 +109,17 @@ private:
 };
 
 TRowStore TOdbcRowSource::Fetch(const TFetchProgress& progress) {
+    auto known = std::tuple(FPlans, FTableName, FTable, FReadOnlyReason);
+    try {
+        return Read(progress);
+    } catch (...) {
+        // The rows from before stay, and with them what edits of them have to know.
+        std::tie(FPlans, FTableName, FTable, FReadOnlyReason) = std::move(known);
+        throw;
+    }
+}
+
+TRowStore TOdbcRowSource::Read(const TFetchProgress& progress) {
     TOdbcStatement statement(Session(), u"read the records");
     statement.Run(FSql);
     const int count = statement.ColumnCount();

@@ -293,8 +293,11 @@ void TCustomDBGrid::DeleteRecord() {
     if (FOptions.Contains(dgConfirmDelete) && (!ConfirmDelete(selected) || !alive || !CanChangeRecords()))
         return;
     // While the person thought, something else may have moved: he was asked about that record.
-    if (!selected && !(asked == GetDataSet()->GetBookmark()))
+    if (!selected && !(asked == GetDataSet()->GetBookmark())) {
+        TheApplication().MessageDialog(u"Meanwhile the records have changed. None was deleted.",
+                                       TheApplication().GetTitle(), MB_OK | MB_ICONINFORMATION);
         return;
+    }
     if (selected)
         FSelectedRows.Delete();
     else

@@ -72,6 +72,12 @@ TEST_P(OdbcFaults, FetchesTellHowFarTheyAreAndCanBeCancelled) {
                  EConvertError);
     Change(*all, u"posted on the same connection");
     EXPECT_EQ(Value(u"SELECT v FROM t WHERE id = 20000"), Variant(u"posted on the same connection"));
+    // What a fetch in vain has seen of the table, here that its key is gone, is nothing to the rows from before.
+    Connection->Execute(u"ALTER TABLE t RENAME TO other");
+    Connection->Execute(u"CREATE TABLE t AS SELECT * FROM other");
+    EXPECT_THROW(all->Requery([](std::int64_t, std::int64_t) { return false; }), EFetchCancelled);
+    Change(*all, u"by the key that they know");
+    EXPECT_EQ(Value(u"SELECT v FROM t WHERE id = 20000"), Variant(u"by the key that they know"));
 }
 
 TEST_P(OdbcFaultsOfServers, StoppingLosesNothingButTheConnection) {
