@@ -316,9 +316,9 @@ bool TDataSet::ReadAtCursor(bool exact) {
         return true;
     }
     for (const TGetMode mode : {gmCurrent, gmNext, gmPrior}) {
-        CheckActive(); // while a failure was being told of, the program may have closed it
         if (GetRecord(FWindow.At(FWindow.Count), mode, false) == grOK)
             return true;
+        CheckActive(); // while a failure was being told of, the program may have closed it
     }
     return false;
 }

@@ -239,22 +239,26 @@ TEST(NarrowedDataSet, HandsWhatGoesWrongInItsSearchToTheApplication) {
     data.FreeRecordBuffer(buffer);
     // The application may close the dataset as it is told, or open it on other rows.
     for (const bool reopens : {false, true}) {
-        data.SetFilteredByBookmarks(false);
-        data.SetRecordset(std::make_shared<TOddRecordset>(9));
-        data.ClearBookmarks();
-        data.AddBookmark(1);
-        data.SetFilteredByBookmarks(true);
-        data.OnFilterRecord = [](TDataSet*, bool&) { throw Exception(u"Not this one"); };
-        data.SetFiltered(true);
+        TCustomers customers(9);
+        ZOR::TZORADODataSet& each = *customers.DataSet;
+        customers.Mark({1, 4});
+        each.SetFilteredByBookmarks(true);
+        bool raises = false;
+        each.OnFilterRecord = [&](TDataSet*, bool&) {
+            if (raises)
+                throw Exception(u"Not this one");
+        };
+        each.SetFiltered(true);
         SetApplicationExceptionHandler([&](TObject*) {
-            data.SetFiltered(false);
-            data.Close();
+            raises = false;
+            each.Close();
             if (reopens)
-                data.SetRecordset(std::make_shared<TClientRecordset>(MakeCustomers(2)));
+                each.SetRecordset(std::make_shared<TClientRecordset>(MakeCustomers(2)));
         });
-        EXPECT_EQ(ProblemOf([&] { data.Resync({}); }),
+        raises = true;
+        EXPECT_EQ(ProblemOf([&] { each.Resync({}); }),
                   reopens ? "none" : "Cannot perform this operation on a closed dataset");
-        EXPECT_EQ(data.GetActive(), reopens);
+        EXPECT_EQ(each.GetActive(), reopens);
     }
     SetApplicationExceptionHandler({});
 }
