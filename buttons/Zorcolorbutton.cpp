@@ -189,10 +189,17 @@ void TZORColorButton::Dispatch(TMessage& message) {
     TButton::Dispatch(message);
 }
 
-void TZORColorButton::RoundCornerOf(TWinControl* control) {
+namespace {
+
+TUniqueRegion RoundShape(const TRect& client) {
     constexpr int kCorner = 4;
-    const TRect client = control->GetClientRect();
-    TUniqueRegion shape(CreateRoundRectRgn(0, 0, client.Right, client.Bottom, kCorner, kCorner));
+    return TUniqueRegion(CreateRoundRectRgn(0, 0, client.Right, client.Bottom, kCorner, kCorner));
+}
+
+} // namespace
+
+void TZORColorButton::RoundCornerOf(TWinControl* control) {
+    TUniqueRegion shape = RoundShape(control->GetClientRect());
     if (SetWindowRgn(control->GetHandle(), shape.Get(), TRUE))
         shape.Release(); // it belongs to the window now
 }
@@ -203,16 +210,15 @@ void TZORColorButton::RoundCornerOf(TWinControl* control) {
 void TZORColorButton::KeepShape() {
     if (IsDesigning())
         return;
-    const auto shape = [this] {
-        RECT box{};
-        return GetWindowRgnBox(GetHandle(), &box) == ERROR ? TRect{} : FromWin(box);
-    };
     const TRect client = GetClientRect();
     const TSize size{client.Width(), client.Height()};
-    if (std::exchange(FShapedSize, size) == size && shape() == FShape)
+    RECT box{};
+    if (std::exchange(FShapedSize, size) == size && GetWindowRgnBox(GetHandle(), &box) != ERROR &&
+        FromWin(box) == FShape)
         return;
+    GetRgnBox(RoundShape(client).Get(), &box); // asking the window would cost more
+    FShape = FromWin(box);
     RoundCornerOf(this);
-    FShape = shape();
 }
 
 void TZORColorButton::CreateWnd() {
