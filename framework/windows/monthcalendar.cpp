@@ -127,10 +127,22 @@ void TMonthCalendar::SetEndDate(TDateTime value) {
         FEndDate = value;
         FDate = value;
     } else {
-        FEndDate = std::min(value, FDate + FMaxSelectRange - 1);
+        FEndDate = value;
+        LimitRange();
     }
     if (HandleAllocated())
         ShowSelection();
+}
+
+/// In text forms the range comes before its limit: it is cut when both are known.
+void TMonthCalendar::LimitRange() {
+    if (!IsLoading())
+        FEndDate = std::min(FEndDate, FDate + FMaxSelectRange - 1);
+}
+
+void TMonthCalendar::Loaded() {
+    LimitRange();
+    TWinControl::Loaded();
 }
 
 void TMonthCalendar::SetMaxDate(TDateTime value) {
@@ -182,7 +194,7 @@ void TMonthCalendar::SetMaxSelectRange(int value) {
     if (FMaxSelectRange == value)
         return;
     FMaxSelectRange = value;
-    FEndDate = std::min(FEndDate, FDate + value - 1);
+    LimitRange();
     if (!HandleAllocated() || !FMultiSelect)
         return;
     ShowSelection();
@@ -208,7 +220,24 @@ void TMonthCalendar::SetWeekNumbers(bool value) {
     ChangeStyle(FWeekNumbers, value);
 }
 
-// Notifications
+// Messages
+
+/// Clicks come from the native calendar, which tells of days that were picked, and does not tell of double clicks.
+void TMonthCalendar::Dispatch(TMessage& message) {
+    TLifeGuard alive(*this);
+    const bool twice = message.Msg == WM_LBUTTONDBLCLK && IsDay(PointFromLParam(message.LParam));
+    TWinControl::Dispatch(message);
+    if (twice && alive)
+        DblClick();
+}
+
+bool TMonthCalendar::IsDay(TPoint place) const {
+    MCHITTESTINFO hit{};
+    hit.cbSize = sizeof(hit);
+    hit.pt = {place.X, place.Y};
+    SendMessageW(FHandle, MCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    return (hit.uHit & MCHT_CALENDARDATE) == MCHT_CALENDARDATE;
+}
 
 void TMonthCalendar::CNNotify(TMessage& message) {
     const auto& header = *reinterpret_cast<const NMHDR*>(message.LParam);

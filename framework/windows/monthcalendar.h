@@ -54,11 +54,11 @@ public:
     /// bound. Picking a day fires OnClick, setting Date does not.
     TDateTime GetDate() const { return FDate; }
     void SetDate(TDateTime value);
-    bool DateStored() const { return FDate != FInitialDate; }
+    bool DateStored() const { return FDate != FInitialDate || EndDateStored(); }
     /// With MultiSelect the last of the marked days, at most MaxSelectRange of them; otherwise the same as Date.
     TDateTime GetEndDate() const { return FMultiSelect ? FEndDate : FDate; }
     void SetEndDate(TDateTime value);
-    bool EndDateStored() const { return FMultiSelect && FEndDate != FInitialDate; }
+    bool EndDateStored() const { return FMultiSelect && FEndDate != FDate; }
     TCalDayOfWeek GetFirstDayOfWeek() const { return FFirstDayOfWeek; }
     void SetFirstDayOfWeek(TCalDayOfWeek value);
     /// Bounds of what can be picked; 0 for none.
@@ -89,6 +89,8 @@ protected:
     void CreateWnd() override;
     void CNNotify(TMessage& message) override;
     void CMFontChanged(TMessage& message) override;
+    void Dispatch(TMessage& message) override;
+    void Loaded() override;
     /// With AutoSize, as large as one month needs.
     bool CanAutoSize(int& newWidth, int& newHeight) override;
     virtual void SelChange();
@@ -96,7 +98,9 @@ protected:
 
 private:
     void ChangeBound(TDateTime& bound, TDateTime value);
+    void LimitRange();
     void ShowSelection();
+    bool IsDay(TPoint place) const;
     void TakeSelection(const SYSTEMTIME& first, const SYSTEMTIME& last);
     void ChangeStyle(bool& field, bool value);
 

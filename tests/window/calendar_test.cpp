@@ -1,5 +1,7 @@
 // The native calendar and date-time picker: values with and without a window, what the person picks and types.
 
+#include "framework/system/formloader.h"
+#include "framework/system/formsaver.h"
 #include "framework/windows/application.h"
 #include "framework/windows/datetimepicker.h"
 #include "framework/windows/monthcalendar.h"
@@ -88,9 +90,14 @@ TEST_F(CalendarTest, KeepsItsDateInBounds) {
 TEST_F(CalendarTest, TellsWhatThePersonPicks) {
     Calendar.SetDate(kDay);
     GiveWindow();
+    int doubles = 0;
+    Calendar.OnDblClick = [&](TObject*) { ++doubles; };
     ClickDay(20);
     EXPECT_EQ(Calendar.GetDate(), EncodeDate(2024, 3, 20));
     EXPECT_EQ(Clicks, 1);
+    ClickDay(20);
+    Application->ProcessMessages();
+    EXPECT_EQ(doubles, 1);
     EXPECT_EQ(Changes, 1);
     Calendar.SetMaxDate(EncodeDate(2024, 3, 25));
     ClickDay(27);
@@ -137,6 +144,31 @@ TEST_F(CalendarTest, SizesItselfAndTellsOfViews) {
     Calendar.OnClick = [&](TObject*) { Calendar.RecreateWnd(); };
     ClickDay(12);
     EXPECT_EQ(DayOf(Calendar.GetDate()), 12);
+}
+
+TEST_F(CalendarTest, RangesSurviveTheirForm) {
+    const struct {
+        const char* Name;
+        TDateTime First, Last;
+        int Limit;
+    } rows[] = {{"longer than usual", kDay, kDay + 50, 60},
+                {"to the day when it was made", Date() - 3, Date(), 31},
+                {"from the day when it was made", Date(), Date() + 5, 31}};
+    RegisterClasses({&TMonthCalendar::StaticClass()});
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
+        TMonthCalendar calendar(nullptr);
+        calendar.SetMultiSelect(true);
+        calendar.SetMaxSelectRange(row.Limit);
+        calendar.SetDate(row.First);
+        calendar.SetEndDate(row.Last);
+        const std::string text = WriteTextForm(SaveTextForm(calendar));
+        EXPECT_NE(text.find("\n  Date = "), std::string::npos) << "another day's calendar begins elsewhere: " << text;
+        const auto loaded = CreateFromTextForm(text, nullptr);
+        const auto& copy = static_cast<const TMonthCalendar&>(*loaded);
+        EXPECT_EQ(copy.GetDate(), row.First);
+        EXPECT_EQ(copy.GetEndDate(), row.Last);
+    }
 }
 
 class PickerTest : public testing::Test {
