@@ -155,6 +155,17 @@ void TCustomMaskEdit::Paste(StringView text) {
     Show(entry);
 }
 
+/// What could not be copied stays, such as while another program holds the clipboard. Passwords are never copied.
+void TCustomMaskEdit::Cut() {
+    const TSelection selection = GetSelection();
+    if (selection.Start >= selection.End || GetPasswordChar())
+        return;
+    const String text = GetEditText().substr(static_cast<std::size_t>(selection.Start),
+                                             static_cast<std::size_t>(selection.End - selection.Start));
+    if (SetClipboardText(FHandle, text))
+        Edit(DeleteInMask);
+}
+
 void TCustomMaskEdit::MoveCaret(int position) {
     TMaskEntry entry = Entry();
     MoveToPlace(*FMask, entry, position);
@@ -321,10 +332,8 @@ void TCustomMaskEdit::Dispatch(TMessage& message) {
         }
         return;
     case WM_CUT:
-        if (MayEdit()) {
-            SendMessageW(FHandle, WM_COPY, 0, 0);
-            Edit(DeleteInMask);
-        }
+        if (MayEdit())
+            Cut();
         return;
     case WM_CLEAR:
         return Edit(DeleteInMask);

@@ -70,6 +70,7 @@ private:
     void MoveCaret(int position);
     bool HandleMaskKey(WORD key, TShiftState shift);
     void Paste(StringView text);
+    void Cut();
     void WMSetText(TMessage& message);
     void CompositionBegins();
     void CompositionEnds();

@@ -29,6 +29,21 @@ String WithNativeLineEnds(StringView text) {
     return result;
 }
 
+/// How many units of a text come before the one for which there is no room. Neither a line end, for which the window
+/// counts `lineEndUnits`, nor a pair of surrogates is torn apart.
+std::size_t FittingUnits(StringView text, int room, int lineEndUnits) {
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const bool isLineEnd = text[end] == u'\r';
+        const std::size_t units = isLineEnd || SplitsSurrogates(text, end + 1) ? kLineEnd.size() : 1;
+        room -= isLineEnd ? lineEndUnits : static_cast<int>(units);
+        if (room < 0)
+            break;
+        end += units;
+    }
+    return end;
+}
+
 bool HasNativeLineEnds(StringView text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == u'\r') {
@@ -302,10 +317,10 @@ void TCustomMemo::WMPaste() {
         return;
     String fitting = WithNativeLineEnds(*text);
     if (GetMaxLength() > 0) { // which EM_REPLACESEL ignores
-        const int room = GetMaxLength() - GetTextLen() + GetSelLength();
-        fitting.resize(std::min(fitting.size(), static_cast<std::size_t>(std::max(room, 0))));
-        if (!fitting.empty() && fitting.back() == u'\r')
-            fitting.pop_back();
+        const String present = GetText();
+        const auto lineEnds = static_cast<int>(std::count(present.begin(), present.end(), u'\r'));
+        const int length = static_cast<int>(present.size()) - (2 - LineEndUnits()) * lineEnds;
+        fitting.resize(FittingUnits(fitting, GetMaxLength() - length + GetSelLength(), LineEndUnits()));
     }
     SetSelText(fitting);
 }

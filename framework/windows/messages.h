@@ -22,13 +22,14 @@ using TShiftState = Set<TShiftStateElement>;
 enum TMouseButton { mbLeft, mbRight, mbMiddle };
 
 inline constexpr UINT CM_BASE = 0xB000;
-inline constexpr UINT CM_ACTIVATE = CM_BASE + 0;     ///< the form became the active one
-inline constexpr UINT CM_DEACTIVATE = CM_BASE + 1;   ///< the form is no longer the active one
-inline constexpr UINT CM_GOTFOCUS = CM_BASE + 2;     ///< the window has the keyboard focus
-inline constexpr UINT CM_LOSTFOCUS = CM_BASE + 3;    ///< the window lost it, perhaps to another program
-inline constexpr UINT CM_DIALOGKEY = CM_BASE + 5;    ///< WParam: key that nobody wanted; non-zero result: taken
-inline constexpr UINT CM_DIALOGCHAR = CM_BASE + 6;   ///< WParam: accelerator character; non-zero result: taken
-inline constexpr UINT CM_FOCUSCHANGED = CM_BASE + 7; ///< LParam: the TWinControl now focused, sent to all of the form
+inline constexpr UINT FirstRegisteredMessage = 0xC000; ///< from here on they are the system's (RegisterWindowMessage)
+inline constexpr UINT CM_ACTIVATE = CM_BASE + 0;       ///< the form became the active one
+inline constexpr UINT CM_DEACTIVATE = CM_BASE + 1;     ///< the form is no longer the active one
+inline constexpr UINT CM_GOTFOCUS = CM_BASE + 2;       ///< the window has the keyboard focus
+inline constexpr UINT CM_LOSTFOCUS = CM_BASE + 3;      ///< the window lost it, perhaps to another program
+inline constexpr UINT CM_DIALOGKEY = CM_BASE + 5;      ///< WParam: key that nobody wanted; non-zero result: taken
+inline constexpr UINT CM_DIALOGCHAR = CM_BASE + 6;     ///< WParam: accelerator character; non-zero result: taken
+inline constexpr UINT CM_FOCUSCHANGED = CM_BASE + 7;   ///< LParam: the TWinControl now focused, sent to all of the form
 inline constexpr UINT CM_PARENTFONTCHANGED = CM_BASE + 8;
 inline constexpr UINT CM_PARENTCOLORCHANGED = CM_BASE + 9;
 inline constexpr UINT CM_HITTEST = CM_BASE + 10; ///< LParam: packed point; non-zero result: the control is there

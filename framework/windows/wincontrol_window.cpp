@@ -146,7 +146,7 @@ void TWinControl::DefaultHandler(TMessage& message) {
         TControl::DefaultHandler(message);
         return;
     }
-    if (message.Msg >= CM_BASE)
+    if (message.Msg >= CM_BASE && message.Msg < FirstRegisteredMessage)
         return; // component messages mean nothing to a native procedure
     CallNative(FDefWndProc, FHandle, message);
 }

@@ -136,6 +136,39 @@ TEST_F(EditTest, KeepsItsStateThroughANewWindow) {
     }
 }
 
+/// An edit that notes which messages reach its native window.
+class TNativeProbe : public TEdit {
+public:
+    using TEdit::TEdit;
+
+    static inline std::vector<UINT> Seen;
+
+protected:
+    void CreateParams(TCreateParams& params) override {
+        TEdit::CreateParams(params);
+        params.WinClassName = u"TNativeProbe";
+        Native = std::exchange(params.WindowClass.lpfnWndProc, Note);
+    }
+
+private:
+    static LRESULT CALLBACK Note(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        Seen.push_back(message);
+        return CallWindowProcW(Native, window, message, wParam, lParam);
+    }
+    static inline WNDPROC Native = nullptr;
+};
+
+TEST_F(EditTest, RegisteredMessagesReachTheNativeWindow) {
+    TNativeProbe probe(nullptr);
+    probe.SetParent(Form.get());
+    const UINT registered = RegisterWindowMessageW(L"of an input method");
+    TNativeProbe::Seen.clear();
+    probe.Perform(registered);
+    probe.Perform(CM_GOTFOCUS);
+    EXPECT_EQ(TNativeProbe::Seen, std::vector<UINT>{registered})
+        << "messages of the framework are none of its business";
+}
+
 TEST_F(EditTest, SelectsBeyondSixteenBits) {
     const String text(100000, u'a');
     for (const bool withWindow : {false, true}) {

@@ -126,6 +126,15 @@ TEST_F(MaskEditTest, PastesCutsAndUndoes) {
     EXPECT_EQ(ClipboardText(Form->Handle).value_or(u""), u"24-12-2026");
     Edit->Undo();
     EXPECT_TRUE(Shows(u"24-12-2026"));
+    Edit->SelStart = 0;
+    Edit->CutToClipboard();
+    EXPECT_EQ(Edit->EditText, u"24-12-2026") << "nothing is selected";
+    {
+        const TClipboard elsewhere(Other->Handle);
+        Edit->SelectAll();
+        Edit->CutToClipboard();
+        EXPECT_EQ(Edit->EditText, u"24-12-2026") << "another window has the clipboard";
+    }
     Edit->SelText = u"1";
     EXPECT_EQ(Edit->EditText, u"1_-__-____") << "what is selected after the undo is replaced";
 

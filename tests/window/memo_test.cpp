@@ -149,6 +149,14 @@ TYPED_TEST(Memo, TakesAMegabyteFromTheClipboard) {
     this->Edit->PasteFromClipboard();
     EXPECT_LE(this->Edit->GetTextLen(), 102); // rich text counts a line end once
     EXPECT_GE(this->Edit->GetTextLen(), 99);
+
+    this->Edit->Text = u"a\r\nb";
+    this->Edit->MaxLength =
+        std::is_same_v<TypeParam, TRichEdit> ? 6 : 8; // room for a line end, a letter and half a face
+    ASSERT_TRUE(SetClipboardText(this->Form->Handle, u"\nc\U0001F600"));
+    this->Edit->SelStart = 4;
+    this->Edit->PasteFromClipboard();
+    EXPECT_EQ(Utf8Encode(this->Edit->GetText()), "a\r\nb\r\nc");
 }
 
 TYPED_TEST(Memo, KeepsItsStateInANewWindow) {
