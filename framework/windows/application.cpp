@@ -250,6 +250,19 @@ TCustomForm* TScreen::GetForm(int index) const {
     return FForms[static_cast<std::size_t>(index)];
 }
 
+namespace {
+
+/// What a handler throws is reported here already: the focus is on its way, perhaps away from a control that dies.
+void Tell(TScreen& screen, const TNotifyEvent& event) {
+    try {
+        Fire(screen, event, &screen);
+    } catch (...) {
+        TheApplication().HandleException(&screen);
+    }
+}
+
+} // namespace
+
 void TScreen::SetActive(TCustomForm* form, TWinControl* control) {
     const bool formChanged = FActiveForm != form;
     const bool controlChanged = FActiveControl != control;
@@ -260,9 +273,9 @@ void TScreen::SetActive(TCustomForm* form, TWinControl* control) {
     if (control)
         FreeNotification(control);
     if (formChanged)
-        Fire(*this, OnActiveFormChange, this);
+        Tell(*this, OnActiveFormChange);
     if (controlChanged)
-        Fire(*this, OnActiveControlChange, this);
+        Tell(*this, OnActiveControlChange);
 }
 
 void TScreen::Notification(TComponent* component, TOperation operation) {

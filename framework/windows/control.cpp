@@ -240,9 +240,9 @@ void TControl::SetParent(TWinControl* value) {
     TLifeGuard alive(*this);
     TLifeGuard parentAlive(value ? static_cast<TControl&>(*value) : *this);
     if (FParent)
-        FParent->RemoveControl(this);
+        FParent->Remove(this);
     if (value && alive && parentAlive)
-        value->InsertControl(this);
+        value->Insert(this);
     if (alive)
         UpdateAnchorBase();
 }

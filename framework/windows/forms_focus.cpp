@@ -145,7 +145,7 @@ void TCustomForm::DefocusControl(TWinControl* control, bool removing) {
     else
         ::SetFocus(FHandle);
     if (alive && !FActiveControl)
-        Perform(CM_FOCUSCHANGED); // no button has the focus now, so that Enter clicks the default one
+        TellOfFocus(*this, CM_FOCUSCHANGED); // no button has the focus now, so that Enter clicks the default one
 }
 
 void TCustomForm::WMActivate(TMessage& message) {

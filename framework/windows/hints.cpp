@@ -246,7 +246,14 @@ void THintController::Ask() {
     info.HintStr = GetShortHint(InheritedHint(FControl));
     const TPoint proposed = info.HintPos;
     TControl* const asked = FControl;
-    const bool refused = asked->Perform(CM_HINTSHOW, 0, reinterpret_cast<LPARAM>(&info)) != 0;
+    bool refused = false;
+    try {
+        refused = asked->Perform(CM_HINTSHOW, 0, reinterpret_cast<LPARAM>(&info)) != 0;
+    } catch (...) {
+        if (FControl == asked)
+            Hide(); // or it would be asked again and again as long as the pointer rests
+        throw;
+    }
     if (FControl != asked || FPhase != Waiting)
         return; // the answer took the control or the pointer away
     FCursorRect = info.CursorRect;

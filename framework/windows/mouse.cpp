@@ -1,5 +1,6 @@
 #include "framework/windows/mouse.h"
 
+#include "framework/windows/application.h"
 #include "framework/windows/hints.h"
 
 namespace framework {
@@ -95,16 +96,30 @@ void TMouseTracker::LeftWindow(HWND window) {
         ChangeOver(nullptr);
 }
 
+namespace {
+
+/// What a handler throws is reported here already: the other control must hear of the pointer all the same.
+void TellOfPointer(TControl& control, UINT message) {
+    TLifeGuard alive(control);
+    try {
+        control.Perform(message);
+    } catch (...) {
+        TheApplication().HandleException(alive ? &control : nullptr);
+    }
+}
+
+} // namespace
+
 void TMouseTracker::ChangeOver(TControl* control) {
     if (FOver == control)
         return;
     TControl* left = FOver;
     FOver = control;
     if (left)
-        left->Perform(CM_MOUSELEAVE);
+        TellOfPointer(*left, CM_MOUSELEAVE);
     // The handler may have destroyed the control that was entered; Forget has then cleared FOver.
     if (FOver && FOver == control)
-        control->Perform(CM_MOUSEENTER);
+        TellOfPointer(*control, CM_MOUSEENTER);
     HintMouseOver(FOver);
 }
 

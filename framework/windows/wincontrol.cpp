@@ -32,7 +32,7 @@ TWinControl::~TWinControl() {
     DestroyHandle();
     while (!FWindows.empty() || !FGraphics.empty()) {
         TControl* child = FWindows.empty() ? FGraphics.back() : FWindows.back();
-        RemoveControl(child);
+        Remove(child);
     }
     SetParent(nullptr); // here, where the parent still knows this for a window
 }
@@ -47,6 +47,15 @@ TControl* TWinControl::GetControl(int index) const {
 }
 
 void TWinControl::InsertControl(TControl* control) {
+    control->SetParent(this);
+}
+
+void TWinControl::RemoveControl(TControl* control) {
+    if (control->FParent == this)
+        control->SetParent(nullptr);
+}
+
+void TWinControl::Insert(TControl* control) {
     auto* window = As<TWinControl>(control);
     if (window) {
         FWindows.push_back(window);
@@ -74,14 +83,30 @@ void TWinControl::InsertControl(TControl* control) {
     AlignControl(control);
 }
 
-void TWinControl::RemoveControl(TControl* control) {
-    if (control->FParent != this)
-        return;
+namespace {
+
+/// Lets the others on the parent know that a control goes. Nothing may leave a destructor: what their handlers throw
+/// when it dies is reported here.
+template <class TBody>
+void TellOfRemoval(const TControl& control, const TBody& body) {
+    const bool dies = control.GetComponentState().Contains(csDestroying);
+    try {
+        body();
+    } catch (...) {
+        if (!dies)
+            throw;
+        TheApplication().HandleException(nullptr);
+    }
+}
+
+} // namespace
+
+void TWinControl::Remove(TControl* control) {
     TLifeGuard alive(*this);
     TLifeGuard controlAlive(*control);
     const auto stays = [&] { return alive && controlAlive && control->FParent == this; };
     if (!IsDestroying())
-        Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 0);
+        TellOfRemoval(*control, [&] { Perform(CM_CONTROLLISTCHANGE, reinterpret_cast<WPARAM>(control), 0); });
     if (!stays())
         return;
     if (auto* window = As<TWinControl>(control)) {
@@ -103,7 +128,7 @@ void TWinControl::RemoveControl(TControl* control) {
     control->FParent = nullptr;
     ++FRemovals;
     if (!IsDestroying())
-        Realign();
+        TellOfRemoval(*control, [this] { Realign(); });
 }
 
 TControl* TWinControl::ControlAtPos(TPoint point, bool allowDisabled, bool allowWindows) const {

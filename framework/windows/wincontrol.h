@@ -66,7 +66,9 @@ public:
     int GetControlCount() const { return static_cast<int>(FGraphics.size() + FWindows.size()); }
     /// Graphic controls first; EListError when the index is not in 0..ControlCount-1.
     TControl* GetControl(int index) const;
+    /// The same as setting the child's Parent to this control.
     void InsertControl(TControl* control);
+    /// The same as setting the Parent of a child to null; other controls are left alone.
     void RemoveControl(TControl* control);
     bool ContainsControl(const TControl* control) const { return IsParentOf(control); }
     /// The topmost child at a point of the client area; null when there is none.
@@ -211,6 +213,8 @@ private:
     friend LRESULT CALLBACK ControlWindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     void MainWndProc(TMessage& message);
+    void Insert(TControl* control);
+    void Remove(TControl* control);
     bool NativeCallRunning() const;
     void AbandonWindow();
     void KeepStates();

@@ -74,6 +74,37 @@ TEST_F(Forms, FocusStaysWhereAHandlerSendsIt) {
     EXPECT_TRUE(WaitFor([&] { return second->Focused(); }));
 }
 
+TEST_F(Forms, WhatThrowsAsTheFocusMovesOrAControlDiesIsReported) {
+    auto* first = Add<TEdit>(Form.get(), Bounds(10, 10, 80, 21), u"A");
+    auto* second = Add<TEdit>(Form.get(), Bounds(10, 40, 80, 21), u"B");
+    first->SetFocus();
+    TakeLog();
+    int reported = 0;
+    Application->OnException = [&](TObject*, const std::exception&) { ++reported; };
+    TScreen& screen = TheScreen();
+    screen.OnActiveControlChange = [](TObject*) { throw Exception(u"from the handler"); };
+    second->SetFocus();
+    EXPECT_EQ(TakeLog(), u"-A+B") << "both hear of it all the same";
+    EXPECT_EQ(reported, 1);
+    delete second;
+    EXPECT_TRUE(first->Focused());
+    screen.OnActiveControlChange = nullptr;
+
+    TForm unseen(nullptr);
+    auto bar = std::make_unique<TPanel>(nullptr);
+    TPanel rest(nullptr);
+    bar->Parent = &unseen;
+    bar->Align = alTop;
+    rest.Parent = &unseen;
+    rest.Align = alClient;
+    rest.OnResize = [](TObject*) { throw Exception(u"from the layout"); };
+    reported = 0;
+    bar.reset();
+    EXPECT_EQ(reported, 1);
+    EXPECT_EQ(unseen.ControlCount, 1);
+    Application->OnException = nullptr;
+}
+
 TEST_F(Forms, MayBeLeftWithoutAnActiveControl) {
     auto* edit = Add<TEdit>(Form.get(), Bounds(10, 10, 80, 21), u"A");
     Add<TEdit>(Form.get(), Bounds(10, 40, 80, 21), u"B")->SetFocus();

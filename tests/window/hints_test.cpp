@@ -37,6 +37,8 @@ class TPartedPanel : public TPanel {
 public:
     using TPanel::TPanel;
 
+    bool Fails = false;
+
 protected:
     void Dispatch(TMessage& message) override {
         if (message.Msg != CM_HINTSHOW) {
@@ -45,6 +47,8 @@ protected:
         }
         auto& info = *reinterpret_cast<THintInfo*>(message.LParam);
         EXPECT_EQ(info.HintControl, this);
+        if (Fails)
+            throw Exception(u"no hint");
         const int part = info.CursorPos.X / 50;
         info.CursorRect = Bounds(part * 50, 0, 50, GetHeight());
         info.HintStr = part == 0 ? u"left part" : u"right part";
@@ -139,6 +143,23 @@ TEST_F(HintTest, FollowsThePartsOfAControl) {
     RestOver(Parted, 120);
     EXPECT_TRUE(HintGoes());
     EXPECT_TRUE(ShowsOver(Parted, u"right part", 70)) << "also out of a part that had none";
+}
+
+TEST_F(HintTest, HandlersThatThrowAreReportedOnce) {
+    int reported = 0;
+    TheApplication().OnException = [&](TObject*, const std::exception&) { ++reported; };
+    Parted.SetShowHint(true);
+    Parted.Fails = true;
+    RestOver(Parted, 20);
+    EXPECT_TRUE(WaitFor([&] { return reported > 0; }));
+    EXPECT_FALSE(WaitFor([&] { return reported > 1; }, 300)) << "as long as the pointer rests";
+    Parted.OnMouseLeave = [](TObject*) { throw Exception(u"left"); };
+    int entered = 0;
+    Panel.OnMouseEnter = [&](TObject*) { ++entered; };
+    Panel.SetShowHint(true);
+    EXPECT_TRUE(ShowsOver(Panel, u"Panel", 250)) << "the next control has its hint all the same";
+    EXPECT_GE(entered, 1);
+    TheApplication().OnException = nullptr;
 }
 
 TEST_F(HintTest, OutlivesItsControl) {
