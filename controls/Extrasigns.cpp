@@ -129,8 +129,9 @@ void Textrasignsfrm::CMMouseLeave(TMessage& message) {
 }
 
 void Textrasignsfrm::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
+    TLifeGuard alive(*this);
     TZORPopup::MouseDown(button, shift, x, y);
-    if (button != mbLeft)
+    if (!alive || button != mbLeft)
         return;
     FPressed = KeyAt(FKeys, {x, y});
     SetHot(FPressed);
@@ -138,8 +139,9 @@ void Textrasignsfrm::MouseDown(TMouseButton button, TShiftState shift, int x, in
 }
 
 void Textrasignsfrm::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
+    TLifeGuard alive(*this);
     TZORPopup::MouseUp(button, shift, x, y);
-    if (button != mbLeft || !FPressed)
+    if (!alive || button != mbLeft || !FPressed)
         return;
     const KEYDEF* key = KeyAt(FKeys, {x, y});
     const bool clicked = key == FPressed;
@@ -164,12 +166,16 @@ void Textrasignsfrm::InsertSignOf(const KEYDEF& key) {
     const auto insertion = InsertSign(text, start, FLengthLimit ? FLengthLimit() : 0, sign);
     if (!insertion)
         return;
+    const LRESULT firstLine = SendMessageW(target, EM_GETFIRSTVISIBLELINE, 0, 0);
     TLifeGuard alive(*this);
     FInserting = true;
     SendMessageW(target, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(insertion->Text.c_str()));
     if (!alive)
         return; // a handler of the change closed the field
     FInserting = false;
+    // The person's own doing, although it came as a new text: the field is modified and stays where it was scrolled to.
+    SendMessageW(target, EM_SETMODIFY, TRUE, 0);
+    SendMessageW(target, EM_LINESCROLL, 0, firstLine - SendMessageW(target, EM_GETFIRSTVISIBLELINE, 0, 0));
     PostMessageW(target, EM_SETSEL, insertion->Caret, static_cast<LPARAM>(insertion->Caret));
     PostMessageW(target, WM_KEYUP, 0, 0);
     PostMessageW(target, ExtraSignsChangedMessage, 0, 0);

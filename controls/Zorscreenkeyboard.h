@@ -51,17 +51,22 @@ public:
     Textrasignsfrm* GetExtraSignsForm() const { return FKeyboard.GetForm(); }
 
     void WndProc(TMessage& message) override {
+        TLifeGuard alive(*this);
         if (TakesSigns())
             FKeyboard.Follow();
         else
             FKeyboard.Hide();
+        if (!alive)
+            return; // a handler of the popup closed the field
         switch (message.Msg) {
         case ExtraSignsChangedMessage:
             if (Notice == TSignsNotice::Message)
-                Fire(*this, this->OnChange, this);
+                SignInserted();
             return;
         case CM_EXIT:
             FKeyboard.Hide();
+            if (!alive)
+                return;
             break;
         case WM_KEYDOWN:
         case WM_KEYUP:
@@ -86,7 +91,7 @@ protected:
             screenKeyboard();
             return;
         }
-        if (Notice == TSignsNotice::KeyUp && key == 0 && !Fire(*this, this->OnChange, this))
+        if (Notice == TSignsNotice::KeyUp && key == 0 && !SignInserted())
             return;
         Fire(*this, this->OnKeyUp, this, key, shift);
     }
@@ -96,6 +101,12 @@ protected:
     bool IsInsertingSign() const { return FKeyboard.IsInserting(); }
 
 private:
+    /// The letter is in its place and so is the caret; false when the handler of the change freed the field.
+    bool SignInserted() {
+        if (this->HandleAllocated())
+            SendMessageW(this->GetHandle(), EM_SCROLLCARET, 0, 0);
+        return Fire(*this, this->OnChange, this);
+    }
     bool TakesSigns() const {
         if constexpr (requires { this->GetReadOnly(); }) {
             if (this->GetReadOnly())

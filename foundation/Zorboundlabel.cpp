@@ -33,8 +33,10 @@ public:
 
 protected:
     void CMFontChanged(TMessage& message) override {
+        TLifeGuard alive(*this);
         TLabel::CMFontChanged(message);
-        FCaption.AlignLabel();
+        if (alive)
+            FCaption.AlignLabel();
     }
 
 private:
@@ -52,14 +54,17 @@ void TZORBoundLabel::SetActive(bool value) {
     if (FActive == value)
         return;
     FActive = value;
+    TLifeGuard alive(*FControl);
     if (value)
         CreateLabel();
     else
         FLabel.reset();
-    SetAllowClick(FAllowClick);
+    if (alive)
+        SetAllowClick(FAllowClick);
 }
 
 void TZORBoundLabel::CreateLabel() {
+    TLifeGuard alive(*FControl);
     if (!FLabel)
         FLabel = std::make_unique<TCaptionLabel>(*this);
     FLabel->SetVisible(false);
@@ -67,6 +72,10 @@ void TZORBoundLabel::CreateLabel() {
     FLabel->SetWordWrap(true);
     if (FControl->GetParent())
         FLabel->SetParent(FControl->GetParent());
+    if (!alive || !FLabel)
+        return; // the parent's layout moved others, whose handlers took the control or the label away
+    if (!FControl->GetParentBiDiMode()) // otherwise both follow the parent
+        FLabel->SetBiDiMode(FControl->GetBiDiMode());
     FLabel->SetFocusControl(FControl);
     FLabel->GetFont()->Assign(FFont.get());
     UpdateAlignment();
@@ -78,7 +87,8 @@ void TZORBoundLabel::CreateLabel() {
     FLabel->SetEnabled(LabelEnabled());
     FLabel->SetAutoSize(true);
     FLabel->SetVisible(FControl->GetVisible() || FLabel->GetComponentState().Contains(csDesigning));
-    AlignLabel();
+    if (alive)
+        AlignLabel();
 }
 
 void TZORBoundLabel::SetAllowClick(bool value) {
@@ -101,8 +111,10 @@ void TZORBoundLabel::SetText(const String& value) {
     FCaption = value;
     if (!FActive)
         return;
+    TLifeGuard alive(*FControl);
     FLabel->SetText(value);
-    AlignLabel();
+    if (alive)
+        AlignLabel();
 }
 
 void TZORBoundLabel::SetEnabledAlways(bool value) {
@@ -143,13 +155,14 @@ TFont* TZORBoundLabel::GetFont() const {
 }
 
 void TZORBoundLabel::SetFont(TFont* value) {
+    FFont->Assign(value);
+    TLifeGuard alive(*FControl);
     if (FLabel)
         FLabel->GetFont()->Assign(value);
-    FFont->Assign(value);
-    if (FLabel) {
+    if (alive)
         FollowParent();
+    if (alive)
         AlignLabel();
-    }
 }
 
 bool TZORBoundLabel::DoStoreFont() const {
@@ -190,22 +203,34 @@ void TZORBoundLabel::AlignLabel() {
 }
 
 void TZORBoundLabel::PlaceLabel() {
+    TLifeGuard alive(*FControl);
+    const auto stays = [&] { return alive && FLabel; }; // each step may lay out the parent, which handlers hear of
     FLabel->GetConstraints()->SetMaxWidth(FMaxWidth);
-    FLabel->SetWordWrap(true);
-    FLabel->SetEnabled(LabelEnabled());
-    FLabel->SetAlign(FLayout == clLeft && FControl->GetAlign() == alLeft ? alLeft : alNone);
+    if (stays())
+        FLabel->SetWordWrap(true);
+    if (stays())
+        FLabel->SetEnabled(LabelEnabled());
+    if (stays())
+        FLabel->SetAlign(FLayout == clLeft && FControl->GetAlign() == alLeft ? alLeft : alNone);
+    if (!stays())
+        return;
     // One step from the measured text to the final place: each bounds change on the way would repaint the parent.
+    const TSizeConstraints& limits = *FLabel->GetConstraints();
     const TRect text = FLabel->GetTextRect({0, 0, LabelWrapWidth(FMaxWidth), 0});
-    const TSize size{text.Width(), text.Height()};
+    // A word that is wider than the limit is cut off, so it is the limit that the place counts with.
+    const TSize size{ConstrainedExtent(text.Width(), limits.GetMinWidth(), limits.GetMaxWidth()),
+                     ConstrainedExtent(text.Height(), limits.GetMinHeight(), limits.GetMaxHeight())};
     const TPoint place = LabelPlace(FControl->GetBoundsRect(), size, FIndent, FLayout);
     FLabel->SetBounds(place.X, place.Y, size.Width, size.Height);
-    FollowParent();
+    if (alive)
+        FollowParent();
 }
 
 void TZORBoundLabel::HandleOwnerMsg(TZORBoundLabel* label, const TMessage& msg, TControl* control) {
     TLabel* shown = label ? label->GetLabel() : nullptr;
     if (!shown)
         return;
+    TLifeGuard alive(*control);
     switch (msg.Msg) {
     case WM_SIZE:
     case WM_WINDOWPOSCHANGED:
@@ -222,7 +247,8 @@ void TZORBoundLabel::HandleOwnerMsg(TZORBoundLabel* label, const TMessage& msg, 
     default:
         return;
     }
-    label->AlignLabel();
+    if (alive)
+        label->AlignLabel();
 }
 
 } // namespace ZOR

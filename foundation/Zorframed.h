@@ -110,6 +110,12 @@ public:
     TBorderColors* GetBorderColors() const { return FBorderColors.get(); }
     /// Copies the control's colours into `value`, see TBorderColors::Assign.
     void SetBorderColors(TBorderColors* value) { FBorderColors->Assign(value); }
+    void SetHint(const String& value) override {
+        if (this->GetHint() == value)
+            return;
+        TBase::SetHint(value);
+        InvalidateHint(); // where it stands for the hint inside
+    }
     /// Null for controls without a caption label.
     TZORBoundLabel* GetBoundLabel() const { return FBoundLabel.get(); }
 
@@ -132,9 +138,11 @@ public:
     }
 
     void ChangeScale(int m, int d) override {
+        TLifeGuard alive(*this);
         if (FBoundLabel)
             FBoundLabel->ChangeScale(m, d);
-        TBase::ChangeScale(m, d); // which moves the control, and the label with it
+        if (alive)
+            TBase::ChangeScale(m, d); // which moves the control, and the label with it
     }
 
     void WndProc(TMessage& message) override {

@@ -157,9 +157,8 @@ void TZORPopup::PopUp(TWinControl& target) {
             return;
     }
     Hide(); // also when it only believes to be shown: its window goes with that of a form made anew
-    if (!alive || !targetAlive)
-        return;
-    Show();
+    if (alive && targetAlive && TargetShows())
+        Show();
 }
 
 void TZORPopup::CloseUp() {
@@ -222,6 +221,17 @@ void TZORPopup::WatchTarget() {
     }
     FollowForm();
     FollowTarget();
+    ShowInFront();
+}
+
+/// A popup that stays open is out of sight while the person works elsewhere: it lies above all windows, and would cover
+/// other programs, and dialogs that take its clicks away.
+void TZORPopup::ShowInFront() {
+    if (!HandleAllocated())
+        return;
+    const bool inFront = GetForegroundWindow() == GetAncestor(TargetWindow(), GA_ROOT);
+    if (inFront != (IsWindowVisible(GetHandle()) != FALSE))
+        ShowWindow(GetHandle(), inFront ? SW_SHOWNA : SW_HIDE);
 }
 
 void TZORPopup::PressedElsewhere(HWND window) {

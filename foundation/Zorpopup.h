@@ -18,7 +18,7 @@ struct TPopupClosing {
     bool OnTargetMove = true; ///< the field moves on the screen; otherwise the popup moves along
 };
 
-/// Closes only with its field: a keyboard that stays at hand.
+/// Closes only with its field: a keyboard that stays at hand, out of sight while another window is in front.
 inline constexpr TPopupClosing LastingPopup{false, false, false, false};
 
 class TZORPopup : public TForm {
@@ -31,8 +31,8 @@ public:
     explicit TZORPopup(TPopupClosing closing = {});
     ~TZORPopup() override;
 
-    /// Opens the popup for a field, which takes the focus for it. Nothing happens when the field does not get the focus
-    /// and the popup would close at once.
+    /// Opens the popup for a field, which takes the focus for it. Nothing happens when the field does not show, or does
+    /// not get the focus and the popup would close at once.
     void PopUp(TWinControl& target);
     void CloseUp();
     bool IsOpen() const { return GetShowing(); }
@@ -66,6 +66,7 @@ private:
     friend class TOpenPopups;
 
     void FollowForm();
+    void ShowInFront();
     void PressedElsewhere(HWND window);
     void WatchTarget();
     void StopWatching();

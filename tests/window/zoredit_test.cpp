@@ -1,16 +1,14 @@
 // The framed edit as a person meets it: real focus, keys and mouse in real windows, frames read back as pixels.
 
-#include "controls/Zoredit.h"
 #include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/windows/accessibility.h"
 #include "framework/windows/application.h"
 #include "framework/windows/mouse.h"
 #include "framework/windows/panel.h"
-#include "framework/windows/timer.h"
 #include "package/Zorpackage.h"
+#include "tests/support/framededit.h"
 #include "tests/support/handlecount.h"
-#include "tests/support/input.h"
 
 #include <gtest/gtest.h>
 
@@ -38,72 +36,6 @@ int InkPixels(TWinControl& control) {
     }
     return ink;
 }
-
-class FramedEdit : public testing::Test {
-protected:
-    void SetUp() override {
-        Form = ShowForm();
-        Edit = Add(u"Edit", 40);
-        Other = Add(u"Other", 100);
-        Other->SetFocus();
-        Application->OnException = [this](TObject*, const std::exception& error) { Errors.emplace_back(error.what()); };
-    }
-    void TearDown() override {
-        Form.reset();
-        Application->ProcessMessages();
-        Application->OnException = nullptr;
-        EXPECT_TRUE(Errors.empty()) << Errors.front();
-    }
-
-    TZOREdit* Add(const String& name, int top) {
-        auto* edit = new TZOREdit(Form.get());
-        edit->Name = name;
-        edit->Parent = Form.get();
-        edit->SetBounds(150, top, 121, 21);
-        return edit;
-    }
-    void Leave() {
-        Other->SetFocus();
-        Application->ProcessMessages();
-    }
-    void Paint() {
-        Form->Update();
-        Application->ProcessMessages();
-    }
-    /// Clicks a key of the popup that stands for a letter.
-    void ClickSign(TZOREdit& edit, char16_t lower, TShiftState modifiers = {}) {
-        Textrasignsfrm& popup = *edit.GetExtraSignsForm();
-        for (const KEYDEF& key : popup.GetKeys()) {
-            if (key.lower != lower)
-                continue;
-            const TPoint middle{(key.rect.Left + key.rect.Right) / 2, (key.rect.Top + key.rect.Bottom) / 2};
-            // The pointer first: Wine takes the modifier keys anew from the display when it moves.
-            MoveMouse(popup.ClientToScreen(middle));
-            ASSERT_TRUE(WaitFor([&] { return MouseTracker().GetControl() == &popup; }));
-            const bool shift = modifiers.Contains(ssShift);
-            if (shift)
-                HoldKey(VK_SHIFT, true);
-            ASSERT_TRUE(WaitFor([&] { return (GetAsyncKeyState(VK_SHIFT) < 0) == shift; }));
-            popup.Perform(WM_LBUTTONDOWN, MK_LBUTTON, PointToLParam(middle));
-            popup.Perform(WM_LBUTTONUP, 0, PointToLParam(middle));
-            if (shift)
-                HoldKey(VK_SHIFT, false);
-            Application->ProcessMessages();
-        }
-    }
-    static void HoldKey(WORD key, bool down) {
-        INPUT input{};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
-        SendInput(1, &input, sizeof(input));
-    }
-
-    std::unique_ptr<TForm> Form;
-    TZOREdit* Edit = nullptr;
-    TZOREdit* Other = nullptr;
-    std::vector<std::string> Errors;
-};
 
 TEST_F(FramedEdit, ShowsEachStateAsAFrameOfItsColour) {
     const struct {
@@ -206,7 +138,6 @@ TEST_F(FramedEdit, HintShowsInsideAnEmptyFieldWithoutFocus) {
     };
     EXPECT_EQ(ink(), 0) << "nothing to say";
     Edit->Hint = u"abc";
-    Edit->Invalidate();
     const int hintInk = ink();
     EXPECT_GT(hintInk, 10) << "the hint stands in for the label of its own";
     Edit->HintLabel = u"a rather longer hint";
@@ -231,134 +162,6 @@ TEST_F(FramedEdit, HintShowsInsideAnEmptyFieldWithoutFocus) {
     EXPECT_EQ(GetPixel(dc, 0, 0), 0xC0FFFFu) << "the background reaches the frame";
 }
 
-TEST_F(FramedEdit, F7TogglesThePopupUnderTheField) {
-    std::vector<WORD> keysUp;
-    Edit->OnKeyUp = [&](TObject*, WORD& key, TShiftState) { keysUp.push_back(key); };
-    Edit->SetFocus();
-    PressKey(VK_F7);
-    ASSERT_TRUE(WaitFor([&] { return Edit->GetExtraSignsForm() && Edit->GetExtraSignsForm()->Showing; }));
-    Textrasignsfrm& popup = *Edit->GetExtraSignsForm();
-    EXPECT_TRUE(Edit->Focused()) << "the popup takes neither focus nor activation";
-    EXPECT_EQ(GetForegroundWindow(), Form->Handle);
-    RECT field{};
-    GetWindowRect(Edit->Handle, &field);
-    EXPECT_EQ(popup.BoundsRect, Bounds(field.left, field.bottom, 144, 96));
-
-    Edit->Left = 60;
-    Application->ProcessMessages();
-    EXPECT_EQ(popup.Left, field.left - 90) << "the popup stays under the field";
-    PressKey(VK_F7);
-    ASSERT_TRUE(WaitFor([&] { return !popup.Visible; }));
-    PressKey('A');
-    ASSERT_TRUE(WaitFor([&] { return !keysUp.empty(); }));
-    EXPECT_EQ(keysUp, std::vector<WORD>{'A'}) << "F7 belongs to the popup";
-
-    PressKey(VK_F7);
-    ASSERT_TRUE(WaitFor([&] { return popup.Visible; }));
-    Leave();
-    EXPECT_FALSE(popup.Visible) << "left";
-}
-
-TEST_F(FramedEdit, ThePopupGoesWhereItsFieldGoes) {
-    Edit->screenKeyboard();
-    Textrasignsfrm& popup = *Edit->GetExtraSignsForm();
-    const TPoint place{popup.Left, popup.Top};
-    Form->SetBounds(Form->Left + 30, Form->Top + 50, Form->Width, Form->Height);
-    EXPECT_TRUE(WaitFor([&] { return popup.Left == place.X + 30 && popup.Top == place.Y + 50; }));
-
-    const struct {
-        const char* Name;
-        std::function<void()> Away;
-        std::function<void()> Back;
-    } rows[] = {
-        {"minimised", [&] { Form->WindowState = wsMinimized; }, [&] { Form->WindowState = wsNormal; }},
-        {"closed", [&] { Form->Close(); }, [&] { ShowAndActivate(*Form); }},
-        {"hidden", [&] { Edit->Visible = false; }, [&] { Edit->Visible = true; }},
-        {"disabled", [&] { Edit->Enabled = false; }, [&] { Edit->Enabled = true; }},
-        {"read-only", [&] { Edit->ReadOnly = true; }, [&] { Edit->ReadOnly = false; }},
-        {"taken away", [&] { Edit->Parent = nullptr; }, [&] { Edit->Parent = Form.get(); }},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.Name);
-        row.Away();
-        EXPECT_TRUE(WaitFor([&] { return !popup.Showing; }));
-        row.Back();
-        Edit->screenKeyboard();
-        EXPECT_TRUE(popup.Showing) << "and comes back when asked for";
-    }
-    Form->BorderStyle = bsDialog; // which makes all windows anew
-    RECT field{};
-    GetWindowRect(Edit->Handle, &field);
-    EXPECT_TRUE(WaitFor([&] { return popup.Showing && popup.Left == field.left && popup.Top == field.bottom; }));
-    EXPECT_TRUE(IsWindowVisible(popup.Handle));
-    TForm another(nullptr);
-    another.Show();
-    Edit->Parent = &another;
-    WaitFor([&] { return GetWindow(popup.Handle, GW_OWNER) == another.Handle; });
-    EXPECT_EQ(GetWindow(popup.Handle, GW_OWNER), another.Handle);
-    Edit->Parent = Form.get();
-}
-
-TEST_F(FramedEdit, ThePopupOfAModalFormTakesTheMouseEachTime) {
-    TForm dialog(nullptr);
-    TZOREdit field(&dialog);
-    field.Parent = &dialog;
-    int checked = 0;
-    TTimer timer(nullptr);
-    timer.Interval = 10;
-    timer.OnTimer = [&](TObject*) {
-        field.screenKeyboard();
-        checked += field.GetExtraSignsForm()->Showing && IsWindowEnabled(field.GetExtraSignsForm()->Handle) ? 1 : 0;
-        timer.Enabled = false;
-        dialog.ModalResult = mrOk;
-    };
-    for (int round = 1; round <= 2; ++round) {
-        timer.Enabled = true;
-        dialog.ShowModal();
-        EXPECT_EQ(checked, round);
-        EXPECT_TRUE(WaitFor([&] { return !field.GetExtraSignsForm()->Visible; }));
-    }
-}
-
-TEST_F(FramedEdit, ReadOnlyAndDisabledFieldsIgnoreF7) {
-    Edit->ReadOnly = true;
-    Edit->SetFocus();
-    PressKey(VK_F7);
-    Application->ProcessMessages();
-    Edit->ReadOnly = false;
-    Edit->Enabled = false;
-    Edit->screenKeyboard();
-    EXPECT_EQ(Edit->GetExtraSignsForm(), nullptr);
-}
-
-TEST_F(FramedEdit, SignsGoInAtTheSelectionWithOneChangeEach) {
-    int changes = 0;
-    Edit->Text = u"abc";
-    Edit->MaxLength = 5;
-    Edit->OnChange = [&](TObject*) { ++changes; };
-    Edit->SetFocus();
-    Edit->SelStart = 3;
-    Edit->screenKeyboard();
-    ASSERT_TRUE(WaitFor([&] { return Edit->GetExtraSignsForm()->Showing; }));
-    ClickSign(*Edit, u'č');
-    EXPECT_EQ(Edit->Text, u"abcč");
-    EXPECT_EQ(Edit->SelStart, 4);
-    EXPECT_EQ(changes, 1);
-    EXPECT_TRUE(Edit->Focused());
-    Edit->SelStart = 0;
-    ClickSign(*Edit, u'ž', {ssShift});
-    EXPECT_EQ(Edit->Text, u"Žabcč");
-    ClickSign(*Edit, u'ß');
-    EXPECT_EQ(Edit->Text, u"Žabcč") << "full";
-    Edit->MaxLength = 6;
-    Edit->SelStart = 1;
-    Edit->SelLength = 3;
-    ClickSign(*Edit, u'ß', {ssShift});
-    EXPECT_EQ(Edit->Text, u"Žßabcč") << "the new limit holds, the selected text stays";
-    EXPECT_EQ(Edit->SelLength, 0);
-    EXPECT_EQ(changes, 3);
-}
-
 TEST_F(FramedEdit, LabelStaysGluedAndFollowsTheControl) {
     TZORBoundLabel& bound = *Edit->BoundLabel;
     bound.Active = true;
@@ -379,6 +182,13 @@ TEST_F(FramedEdit, LabelStaysGluedAndFollowsTheControl) {
     EXPECT_LE(label.Width, 60);
     EXPECT_GE(label.Height, 2 * line);
     EXPECT_EQ(label.Top + label.Height + 8, 60);
+    bound.Caption = u"Unterscheidungsmerkmal"; // one word that is wider than the limit
+    EXPECT_EQ(label.Width, 60);
+    bound.Layout = clTopRight;
+    EXPECT_EQ(label.Left + 60, Edit->BoundsRect.Right);
+    bound.Layout = clLeft;
+    EXPECT_EQ(label.Left + 60 + 8, 200);
+    bound.Layout = clTopLeft;
 
     Edit->Enabled = false;
     EXPECT_FALSE(label.Enabled);
@@ -397,11 +207,11 @@ TEST_F(FramedEdit, LabelStaysGluedAndFollowsTheControl) {
     panel.Parent = Form.get();
     Edit->Parent = &panel;
     EXPECT_EQ(label.Parent, &panel);
-    Edit->Parent = nullptr;
+    panel.RemoveControl(Edit);
     EXPECT_EQ(label.Parent, nullptr);
     Edit->Top = 90;
     bound.Indent = 3;
-    Edit->Parent = Form.get();
+    Form->InsertControl(Edit);
     EXPECT_EQ(label.Top + label.Height + 3, 90);
 
     bound.MaxWidth = 0;
@@ -530,6 +340,16 @@ TEST_F(FramedEdit, MayBeDestroyedInItsOwnHandlers) {
              edit.OnChange = kill;
          },
          clickSign},
+        {"closing of the popup as the field is left",
+         [&](TZOREdit& edit) {
+             edit.SetFocus();
+             edit.screenKeyboard();
+             edit.GetExtraSignsForm()->OnCloseUp = [&kill, &edit](TObject*) { kill(&edit); };
+         },
+         [&](TZOREdit&) { Leave(); }},
+        {"OnResize of the label",
+         [&](TZOREdit& edit) { edit.BoundLabel->Label->OnResize = [&kill, &edit](TObject*) { kill(&edit); }; },
+         [](TZOREdit& edit) { edit.BoundLabel->Caption = u"another"; }},
         {"by itself while it has the focus, in error and with its popup open",
          [&](TZOREdit& edit) {
              edit.Text = u"x";
@@ -654,6 +474,7 @@ TEST_F(FramedEdit, ComesWholeFromATextForm) {
   object Edit1: TZOREdit
     Left = 125
     Top = 50
+    BiDiMode = bdRightToLeft
     Enabled = False
     Visible = False
     Wymagany = wRequired
@@ -673,6 +494,7 @@ end
     TLabel& label = *edit->BoundLabel->Label;
     EXPECT_EQ(edit->Wymagany, wRequired) << "set while disabled";
     EXPECT_EQ(edit->BoundLabel->Caption, u"Edit1_Label");
+    EXPECT_EQ(label.BiDiMode, bdRightToLeft);
     EXPECT_FALSE(label.Visible);
     ShowAndActivate(*form);
     edit->Visible = true;
@@ -684,16 +506,6 @@ end
     Application->ProcessMessages();
     EXPECT_EQ(WindowPixel(*edit, 0, 0), 0x008000u);
     SetForegroundWindow(Form->Handle);
-}
-
-TEST_F(FramedEdit, APopupOutlivesTheDeathOfItsTarget) {
-    Textrasignsfrm popup;
-    popup.PopUp(*Edit);
-    delete Edit;
-    popup.Perform(WM_LBUTTONDOWN, MK_LBUTTON, PointToLParam({10, 10}));
-    popup.Perform(WM_LBUTTONUP, 0, PointToLParam({10, 10}));
-    popup.FollowTarget();
-    EXPECT_TRUE(WaitFor([&] { return !popup.Visible; })) << "there is nothing to write into";
 }
 
 TEST_F(FramedEdit, LeavesNothingBehind) {
