@@ -54,8 +54,13 @@ protected:
                 continue;
             const TPoint middle{(key.rect.Left + key.rect.Right) / 2, (key.rect.Top + key.rect.Bottom) / 2};
             // The pointer first: Wine takes the modifier keys anew from the display when it moves.
-            MoveMouse(popup.ClientToScreen(middle));
-            ASSERT_TRUE(WaitFor([&] { return MouseTracker().GetControl() == &popup; }));
+            // On a busy machine the display may lead it back, long after it arrived.
+            bool isThere = false;
+            for (int attempt = 0; attempt < 5 && !isThere; ++attempt) {
+                MoveMouse(popup.ClientToScreen(middle));
+                isThere = WaitFor([&] { return MouseTracker().GetControl() == &popup; }, 1000);
+            }
+            ASSERT_TRUE(isThere);
             const bool shift = modifiers.Contains(ssShift);
             if (shift)
                 HoldKey(VK_SHIFT, true);
