@@ -63,7 +63,9 @@ double Conversion(StringView text) {
 
 bool Measure(const char* name, const TSpinFloatEntry& entry, StringView keys, StringView typed) {
     TSimulatedEdit edit;
-    edit.Judge = [&](const TEntryState& state, StringView last) { return SpinFloatChange(state, last, entry, Polish); };
+    edit.Judge = [&](const TEntryState& state, const TEntryMemory& memory) {
+        return SpinFloatChange(state, memory, entry, Polish);
+    };
     String text;
     const double rules = Time([&] {
         text = Type(keys, edit.State,
