@@ -188,9 +188,9 @@ void TCollectionDialog::Change(const std::function<int()>& change) {
     int chosen = FList->GetItemIndex();
     FInspector->SetInspected(nullptr); // takes over what is being typed, and the item may go
     Tell({});
+    FChanged = true; // what raises on its way may have changed something
     try {
         chosen = change();
-        FChanged = true;
     } catch (const Exception& error) {
         Tell(error.GetMessageText());
     }
