@@ -1,12 +1,13 @@
 #include "gallery/files.h"
 
+#include "framework/graphics/handles.h"
 #include "framework/system/formloader.h"
 #include "framework/system/strings.h"
 #include "framework/windows/packages.h"
 #include "gallery/standinform.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 namespace gallery {
 
@@ -23,8 +24,8 @@ TFormDocument ParseFormFile(const String& fileName) {
 
 namespace {
 
-[[noreturn]] void RefuseToWrite(const String& fileName, DWORD error) {
-    throw EWriteError(u"Cannot write file " + QuotedStr(fileName) + u": " + SysErrorMessage(error));
+[[noreturn]] void RefuseToWrite(const String& fileName, DWORD error, const String& note = {}) {
+    throw EWriteError(u"Cannot write file " + QuotedStr(fileName) + u": " + SysErrorMessage(error) + note);
 }
 
 /// Whether there is a file of that name. Refuses one that may not be written or is in use: replacing it would fail as
@@ -43,6 +44,41 @@ bool IsThereToReplace(const String& fileName) {
     return false;
 }
 
+/// Writes a file that is there and empty. Answers the system's error.
+DWORD FillFile(const String& fileName, std::string_view bytes) {
+    const HANDLE opened =
+        CreateFileW(WideChars(fileName), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE)
+        return GetLastError();
+    const TUniqueKernelHandle file(opened);
+    while (!bytes.empty()) {
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 30));
+        DWORD written = 0;
+        if (!WriteFile(file.Get(), bytes.data(), part, &written, nullptr))
+            return GetLastError();
+        bytes.remove_prefix(written);
+    }
+    return ERROR_SUCCESS;
+}
+
+bool IsMissing(const String& fileName) {
+    return GetFileAttributesW(WideChars(fileName)) == INVALID_FILE_ATTRIBUTES;
+}
+
+/// Gives a fresh file the name, and the place of the file that had it. Answers the system's error.
+DWORD TakePlace(const String& fresh, const String& fileName, bool isThere) {
+    if (isThere) {
+        // It keeps its attributes and who may read it.
+        if (ReplaceFileW(WideChars(fileName), WideChars(fresh), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                         nullptr))
+            return ERROR_SUCCESS;
+        const DWORD error = GetLastError();
+        if (!IsMissing(fileName)) // it may be: the old file goes before the fresh one comes
+            return error;
+    }
+    return MoveFileExW(WideChars(fresh), WideChars(fileName), MOVEFILE_WRITE_THROUGH) ? ERROR_SUCCESS : GetLastError();
+}
+
 } // namespace
 
 void ReplaceFileBytes(const String& fileName, std::string_view bytes) {
@@ -52,21 +88,16 @@ void ReplaceFileBytes(const String& fileName, std::string_view bytes) {
     String fresh(MAX_PATH, u'\0');
     if (!GetTempFileNameW(WideChars(folder), L"zor", 0, WideChars(fresh)))
         RefuseToWrite(fileName, GetLastError());
-    std::ofstream file(std::filesystem::path(WideChars(fresh)), std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush();
-    DWORD error = file.good() ? ERROR_SUCCESS : ERROR_DISK_FULL;
-    file.close();
+    DWORD error = FillFile(fresh, bytes);
     if (error == ERROR_SUCCESS) {
-        // A file that is there keeps its attributes and who may read it.
-        const BOOL isDone = isThere ? ReplaceFileW(WideChars(fileName), WideChars(fresh), nullptr,
-                                                   REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)
-                                    : MoveFileExW(WideChars(fresh), WideChars(fileName), MOVEFILE_WRITE_THROUGH);
-        error = isDone ? ERROR_SUCCESS : GetLastError();
+        error = TakePlace(fresh, fileName, isThere);
+        if (error == ERROR_SUCCESS)
+            return;
+        if (isThere && IsMissing(fileName)) // so the fresh one is the only one
+            RefuseToWrite(fileName, error, u" (what was to be written is in " + QuotedStr(fresh.c_str()) + u")");
     }
-    if (error != ERROR_SUCCESS) {
-        DeleteFileW(WideChars(fresh));
-        RefuseToWrite(fileName, error);
-    }
+    DeleteFileW(WideChars(fresh));
+    RefuseToWrite(fileName, error);
 }
 
 std::unique_ptr<TCustomForm> LoadFormFile(const String& fileName) {

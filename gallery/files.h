@@ -14,7 +14,8 @@ String ProgramFolder();
 TFormDocument ParseFormFile(const String& fileName);
 
 /// Writes a file or, with EWriteError, leaves the one that is there as it was: what is written goes to a file of its
-/// own first, which then takes the place (ReplaceFileW, MoveFileExW).
+/// own first, which then takes the place (ReplaceFileW, MoveFileExW). Should the system lose the old file on the way
+/// and not put the other one there, the message names that one.
 void ReplaceFileBytes(const String& fileName, std::string_view bytes);
 
 /// A form from a text form. Its root is of the class that the file names, if that is registered, and a stand-in for it
