@@ -185,7 +185,14 @@ void TDesignerPage::Tell(const String& text) {
 
 // Buttons
 
+void TDesignerPage::FinishChanges() {
+    if (OnFinishEdit)
+        OnFinishEdit();
+    FSurface->FinishDrag();
+}
+
 void TDesignerPage::OnSurface(void (TDesignSurface::*action)()) {
+    FinishChanges();
     FSurface->Try([&] { (FSurface->*action)(); });
     FSurface->SetFocus(); // where the keys do the same
 }
@@ -238,6 +245,7 @@ void TDesignerPage::ShowText(bool asText) {
 
 /// Makes the text in view the form; false when it is none. It stays then, to be corrected.
 bool TDesignerPage::TakeText() {
+    FinishChanges();
     if (!ShowsText() || !TextMemo().GetModified())
         return true;
     const bool taken = FSurface->Try([this] { FSurface->Replace(Utf8Encode(TextMemo().GetText())); });
@@ -246,6 +254,7 @@ bool TDesignerPage::TakeText() {
 }
 
 void TDesignerPage::TextClick(TObject*) {
+    FinishChanges();
     if (ShowsText() && TakeText()) {
         ShowText(false);
         FSurface->SetFocus();
@@ -266,6 +275,7 @@ bool TDesignerPage::IsChanged() const {
 }
 
 bool TDesignerPage::AskToSave(const String& note) {
+    FinishChanges();
     if (!IsChanged())
         return true;
     const String question = u"Save the changes to " + NameOfWork() + u"?" + note;
@@ -307,11 +317,11 @@ bool TDesignerPage::SaveFile(const String& fileName) {
         std::string bytes;
         try {
             bytes = FSurface->FormText(layout);
-        } catch (const EConvertError&) {
+        } catch (const EConvertError& error) {
             layout.CodePage = TFallbackEncoding::None;
             layout.ByteOrderMark = true;
             bytes = FSurface->FormText(layout);
-            note = u" in UTF-8: its code page lacks letters of a name";
+            note = u" in UTF-8: " + error.GetMessageText();
         }
         ReplaceFileBytes(fileName, bytes);
         Work() = {FSurface->FormText(), FSurface->FormText(), fileName, layout, {}, {}};

@@ -58,6 +58,8 @@ private:
     void SaveAsClick(TObject* sender);
 
     void OnSurface(void (TDesignSurface::*action)());
+    /// What is being typed in the inspector or dragged becomes part of the form. Keys get here in the midst of both.
+    void FinishChanges();
     void Tell(const String& text);
     TMemo& TextMemo() const;
     bool ShowsText() const;

@@ -498,11 +498,13 @@ void TDesignSurface::MouseMove(TShiftState shift, int x, int y) {
     TScrollingWinControl::MouseMove(shift, x, y);
     if (FDrag == TDrag::None)
         return;
-    DragOn({x, y});
     FScrollTimer.SetEnabled(!GetClientRect().Contains({x, y}));
+    DragOn({x, y});
 }
 
 void TDesignSurface::DragOn(TPoint pointer) {
+    if (!GetMouseCapture()) // somebody took it, so that no button comes up here any more
+        return FinishDrag();
     FPointer = pointer;
     FDragPoint = OnForm(pointer.X, pointer.Y);
     if (std::abs(FDragPoint.X - FDragStart.X) >= kDragThreshold ||
@@ -523,7 +525,12 @@ void TDesignSurface::ScrollDragged() {
 
 void TDesignSurface::MouseUp(TMouseButton button, TShiftState shift, int x, int y) {
     TScrollingWinControl::MouseUp(button, shift, x, y);
-    if (button == mbLeft && FDrag != TDrag::None)
+    if (button == mbLeft)
+        FinishDrag();
+}
+
+void TDesignSurface::FinishDrag() {
+    if (FDrag != TDrag::None)
         Try([this] { EndDrag(); });
 }
 
@@ -642,9 +649,8 @@ void TDesignSurface::Dispatch(TMessage& message) {
     case WM_KILLFOCUS:
         Invalidate();
         break;
-    case WM_CANCELMODE: // what was dragged stays where it is, as a step
-        if (FDrag != TDrag::None)
-            Try([this] { EndDrag(); });
+    case WM_CANCELMODE:
+        FinishDrag();
         break;
     default:
         break;

@@ -63,6 +63,8 @@ public:
 
     /// Somebody else changed the form: makes a step of it.
     void NoteChange();
+    /// Ends a drag where it is, as a step; nothing happens without one.
+    void FinishDrag();
     bool CanUndo() const { return FHistory.CanUndo(); }
     bool CanRedo() const { return FHistory.CanRedo(); }
     void Undo();

@@ -85,7 +85,6 @@ bool TGalleryForm::MayLeavePage(bool forGood) {
     TInspectionSource* source = InspectionSource();
     if (!source)
         return true;
-    FInspector->FinishEdit();
     if (!source->MayLeave(forGood))
         return false;
     FUnsavedPage = source->IsUnsaved() ? FPageIndex : -1;
@@ -112,6 +111,7 @@ void TGalleryForm::ShowPage(std::unique_ptr<TCustomForm> page) {
     As<TLabel>(FindComponent(u"InspectorHintLabel"))->SetText(source ? source->InspectorHint() : FInspectorHint);
     if (source) {
         source->OnInspect = [this](TComponent* component) { Inspect(component); };
+        source->OnFinishEdit = [this] { FInspector->FinishEdit(); };
         Inspect(source->GetInspected());
     } else {
         Inspect(FPage.get());

@@ -25,6 +25,8 @@ public:
     virtual ~TInspectionSource() = default;
     /// Fired with what is to be inspected from now on; whoever shows the page listens.
     std::function<void(TComponent* component)> OnInspect;
+    /// Fired where what is being typed in the inspector is to be written first; whoever shows the page listens.
+    std::function<void()> OnFinishEdit;
     virtual TComponent* GetInspected() const = 0;
     /// The inspector has written a property.
     virtual void InspectorWritten() = 0;

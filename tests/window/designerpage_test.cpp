@@ -8,6 +8,7 @@
 #include "framework/windows/button.h"
 #include "framework/windows/label.h"
 #include "framework/windows/memo.h"
+#include "gallery/collectiondialog.h"
 #include "gallery/designerpage.h"
 #include "gallery/designsurface.h"
 #include "gallery/eventlog.h"
@@ -444,19 +445,58 @@ TEST_F(DesignerPage, AsksBeforeAChangedFormGoes) {
 }
 
 TEST_F(DesignerPage, EndsADragThatIsTakenAwayAsAStep) {
-    ASSERT_TRUE(OpenText(kLinked));
-    const TRect spot = *Surface->FindSpot({u"component", u"Edit1"});
-    const auto at = [&](int x, int y) { return Surface->ClientToScreen({spot.Left + x, spot.Top + y}); };
-    const std::string before = Surface->FormText();
-    PressMouse(at(10, 10));
-    MoveMouse(at(20, 20));
-    MoveMouse(at(42, 10));
-    ASSERT_TRUE(WaitFor([&] { return Surface->FormText() != before; }));
-    Surface->Perform(WM_CANCELMODE, 0, 0);
-    ReleaseMouse();
-    ASSERT_TRUE(Surface->CanUndo());
-    Surface->Undo();
-    EXPECT_EQ(Surface->FormText(), before);
+    TBoxReader boxes;
+    boxes.Answer = IDCANCEL;
+    const struct {
+        const char* Name;
+        TPoint To;
+        std::function<void()> TakeAway;
+    } ways[] = {{"cancelled", {42, 10}, [&] { Surface->Perform(WM_CANCELMODE, 0, 0); }},
+                {"a new form is wanted",
+                 {42, 10},
+                 [&] {
+                     WORD key = 'N';
+                     Page->KeyPressed(key, {ssCtrl});
+                 }},
+                {"somebody else has the mouse", {42, 560}, [&] { SetCapture(Window->GetHandle()); }}};
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.Name);
+        ASSERT_TRUE(OpenText(kLinked));
+        const TRect spot = *Surface->FindSpot({u"component", u"Edit1"});
+        const auto at = [&](int x, int y) { return Surface->ClientToScreen({spot.Left + x, spot.Top + y}); };
+        const std::string before = Surface->FormText();
+        PressMouse(at(10, 10));
+        MoveMouse(at(20, 20));
+        MoveMouse(at(way.To.X, way.To.Y));
+        EXPECT_TRUE(WaitFor([&] { return Surface->FormText() != before; }));
+        way.TakeAway();
+        EXPECT_TRUE(WaitFor([&] { return Surface->CanUndo(); }));
+        ReleaseMouse();
+        ReleaseCapture();
+        Surface->Undo();
+        EXPECT_EQ(Surface->FormText(), before);
+    }
+    EXPECT_EQ(boxes.Seen.size(), 1U) << "asked before the new form";
+}
+
+TEST_F(DesignerPage, KnowsAChangeOfACollectionThatRaisesOnItsWay) {
+    struct TComplaining : TCollection {
+        TComplaining() : TCollection(ItemsOf<TCollectionItem>()) {}
+        void Update(TCollectionItem*) override { throw EListError(u"one too many"); }
+    } items;
+    TCollectionDialog dialog(nullptr);
+    String told;
+    TTimer person(nullptr);
+    person.SetInterval(10);
+    person.OnTimer = [&](TObject*) {
+        person.SetEnabled(false);
+        As<TButton>(dialog.FindComponent(u"ItemAdd"))->Click();
+        told = As<TLabel>(dialog.FindComponent(u"ItemProblem"))->GetText();
+        dialog.SetModalResult(mrOk);
+    };
+    EXPECT_TRUE(dialog.Edit(u"Items", items));
+    EXPECT_EQ(items.GetCount(), 1);
+    EXPECT_EQ(told, u"one too many");
 }
 
 TEST_F(DesignerPage, ScrollsWhileSomethingIsDraggedBeyondItsEdge) {
