@@ -338,7 +338,7 @@ std::string WriteTextForm(const TFormDocument& document, const TFormLayout& layo
     inCodes.RawText = false;
     text = InCodePage(TTextFormWriter(inCodes).Write(document), layout.CodePage);
     if (IsTakenForUtf8(text))
-        throw EConvertError(u"The form would be read as UTF-8, which it is not");
+        throw EConvertError(u"The bytes of the code page would be read as UTF-8");
     return text;
 }
 
