@@ -67,8 +67,8 @@ foreach(source IN LISTS windowTests)
         foreach(locale IN ITEMS en_US pl_PL)
             set(test window.${zor_program}.${locale})
             add_test(NAME ${test} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
-                COMMAND ${runChanged} ${${zor_program}_reads} -- ${runInWine} --state ${PROJECT_BINARY_DIR}/wine-${locale} --locale ${locale}
-                    --timeout ${limit} -- $<TARGET_FILE:${zor_program}>)
+                COMMAND ${runChanged} ${${zor_program}_reads} --
+                    ${runInWine} --state ${PROJECT_BINARY_DIR}/wine-${locale} --locale ${locale} --timeout ${limit} -- $<TARGET_FILE:${zor_program}>)
             # Only one program at a time can be in the foreground of a desktop.
             set_tests_properties(${test} PROPERTIES LABELS "window;${locale}" TIMEOUT ${timeout}
                 RESOURCE_LOCK desktop-${locale} FIXTURES_REQUIRED desktop-${locale})

@@ -263,6 +263,15 @@ void Tell(TScreen& screen, const TNotifyEvent& event) {
 
 } // namespace
 
+void Tell(TControl& control, UINT message, LPARAM lParam) {
+    TLifeGuard alive(control);
+    try {
+        control.Perform(message, 0, lParam);
+    } catch (...) {
+        TheApplication().HandleException(alive ? &control : nullptr);
+    }
+}
+
 void TScreen::SetActive(TCustomForm* form, TWinControl* control) {
     const bool formChanged = FActiveForm != form;
     const bool controlChanged = FActiveControl != control;

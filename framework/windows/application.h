@@ -155,6 +155,10 @@ private:
 TApplication& TheApplication();
 TScreen& TheScreen();
 
+/// Performs a message of what has happened already, such as that the focus has gone: what a handler throws is reported
+/// here (TApplication::HandleException), so that the others hear of it as well.
+void Tell(TControl& control, UINT message, LPARAM lParam = 0);
+
 #if FRAMEWORK_HAS_PROPERTIES
 // The customary notation: Application->ProcessMessages(), Screen->ActiveForm.
 struct TApplicationAccess {

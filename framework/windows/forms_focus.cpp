@@ -6,22 +6,6 @@
 
 namespace framework {
 
-namespace {
-
-// What a handler throws is reported here already: the focus is on its way, and those that it comes to must hear of it.
-void TellOfFocus(TWinControl& control, UINT message) {
-    if (control.GetComponentState().Contains(csDestroying))
-        return;
-    TLifeGuard alive(control);
-    try {
-        control.Perform(message);
-    } catch (...) {
-        TheApplication().HandleException(alive ? &control : nullptr);
-    }
-}
-
-} // namespace
-
 void TCustomForm::SetActiveControl(TWinControl* value) {
     if (FActiveControl == value)
         return;
@@ -97,7 +81,8 @@ bool TCustomForm::SetFocusedControl(TWinControl* control) {
     while (FFocusedControl && !(control && FFocusedControl->ContainsControl(control))) {
         TWinControl* leaving = FFocusedControl;
         FFocusedControl = leaving->GetParent() == this ? nullptr : leaving->GetParent();
-        TellOfFocus(*leaving, CM_EXIT);
+        if (!leaving->GetComponentState().Contains(csDestroying))
+            Tell(*leaving, CM_EXIT);
         if (!alive || !targetAlive || change != FFocusMessages)
             return false;
     }
@@ -108,13 +93,13 @@ bool TCustomForm::SetFocusedControl(TWinControl* control) {
             entered = entered->GetParent();
         FFocusedControl = entered;
         FreeNotification(entered);
-        TellOfFocus(*entered, CM_ENTER);
+        Tell(*entered, CM_ENTER);
         if (!alive || !targetAlive || change != FFocusMessages)
             return false;
         if (!FFocusedControl)
             return false; // it died or was hidden as it was entered
     }
-    Perform(CM_FOCUSCHANGED, 0, reinterpret_cast<LPARAM>(control));
+    Tell(*this, CM_FOCUSCHANGED, reinterpret_cast<LPARAM>(control));
     return alive && targetAlive && change == FFocusMessages;
 }
 
@@ -145,7 +130,7 @@ void TCustomForm::DefocusControl(TWinControl* control, bool removing) {
     else
         ::SetFocus(FHandle);
     if (alive && !FActiveControl)
-        TellOfFocus(*this, CM_FOCUSCHANGED); // no button has the focus now, so that Enter clicks the default one
+        Tell(*this, CM_FOCUSCHANGED); // no button has the focus now, so that Enter clicks the default one
 }
 
 void TCustomForm::WMActivate(TMessage& message) {

@@ -96,30 +96,16 @@ void TMouseTracker::LeftWindow(HWND window) {
         ChangeOver(nullptr);
 }
 
-namespace {
-
-/// What a handler throws is reported here already: the other control must hear of the pointer all the same.
-void TellOfPointer(TControl& control, UINT message) {
-    TLifeGuard alive(control);
-    try {
-        control.Perform(message);
-    } catch (...) {
-        TheApplication().HandleException(alive ? &control : nullptr);
-    }
-}
-
-} // namespace
-
 void TMouseTracker::ChangeOver(TControl* control) {
     if (FOver == control)
         return;
     TControl* left = FOver;
     FOver = control;
     if (left)
-        TellOfPointer(*left, CM_MOUSELEAVE);
+        Tell(*left, CM_MOUSELEAVE);
     // The handler may have destroyed the control that was entered; Forget has then cleared FOver.
     if (FOver && FOver == control)
-        TellOfPointer(*control, CM_MOUSEENTER);
+        Tell(*control, CM_MOUSEENTER);
     HintMouseOver(FOver);
 }
 

@@ -63,11 +63,11 @@ struct TPackageEntry {
 } // namespace framework
 
 /// The name under which a package exports its TPackageEntry.
-#define FRAMEWORK_PACKAGE_ENTRY "FrameworkPackage"
+#define FRAMEWORK_PACKAGE_ENTRY "FrameworkPackageEntry"
 
 /// Makes a DLL a package: `registerComponents` is a function without arguments that registers its classes.
 #define FRAMEWORK_PACKAGE(registerComponents)                                                                          \
-    extern "C" __declspec(dllexport) const ::framework::TPackageEntry FrameworkPackage;                                \
-    const ::framework::TPackageEntry FrameworkPackage {                                                                \
+    extern "C" __declspec(dllexport) const ::framework::TPackageEntry FrameworkPackageEntry;                           \
+    const ::framework::TPackageEntry FrameworkPackageEntry {                                                           \
         ::framework::FrameworkVersion, FRAMEWORK_HEADERS, &::framework::TComponent::StaticClass, registerComponents    \
     }

@@ -121,6 +121,7 @@ TEST_F(DBGridViewTest, PiecesMakeTheWholePicture) {
         Application->ProcessMessages();
         Grid->Update();
         GdiFlush();
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT); // under Wine only then all of it is on the screen
         const TPoint corner = Grid->ClientToScreen({0, 0});
         const auto bitmap = CaptureScreen(Bounds(corner.X, corner.Y, Grid->ClientWidth, Grid->ClientHeight));
         std::vector<std::uint32_t> pixels;

@@ -163,7 +163,7 @@ TEST_F(Packages, WhatIsNoPackageIsRefusedWithTheReason) {
     const String nowhere = refusal(u"nowhere.dll");
     EXPECT_TRUE(nowhere.starts_with(u"Cannot load package nowhere.dll: "));
     EXPECT_TRUE(nowhere.ends_with(u" (the package, or a module that it needs)"));
-    EXPECT_EQ(refusal(u"version.dll"), u"Cannot load package version.dll: it does not export FrameworkPackage");
+    EXPECT_EQ(refusal(u"version.dll"), u"Cannot load package version.dll: it does not export FrameworkPackageEntry");
     EXPECT_EQ(refusal(u"older.dll"),
               u"Cannot load package older.dll: it was built with version 0.1.0 of the framework, "
               u"this is " +

@@ -2,7 +2,7 @@
 
 #include "framework/windows/packages.h"
 
-extern "C" __declspec(dllexport) const framework::TPackageEntry FrameworkPackage;
-const framework::TPackageEntry FrameworkPackage{"0.1.0", FRAMEWORK_HEADERS, &framework::TComponent::StaticClass, [] {
-                                                    framework::RegisterClasses({&framework::TComponent::StaticClass()});
-                                                }};
+extern "C" __declspec(dllexport) const framework::TPackageEntry FrameworkPackageEntry;
+const framework::TPackageEntry FrameworkPackageEntry{
+    "0.1.0", FRAMEWORK_HEADERS, &framework::TComponent::StaticClass,
+    [] { framework::RegisterClasses({&framework::TComponent::StaticClass()}); }};
