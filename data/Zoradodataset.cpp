@@ -109,7 +109,9 @@ void TZORADODataSet::RowsReplaced() {
 }
 
 bool TZORADODataSet::ShowsRow() {
-    return (!FFilteredByBookmarks || FBookmarks.NumberOf(OleVariant(GetRecordset()->GetBookmark())) != 0) &&
+    // A narrowing without marks ends as soon as rows are read.
+    return (!FFilteredByBookmarks || FBookmarks.IsEmpty() ||
+            FBookmarks.NumberOf(OleVariant(GetRecordset()->GetBookmark())) != 0) &&
            TADODataSet::ShowsRow();
 }
 

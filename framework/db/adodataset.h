@@ -210,7 +210,7 @@ private:
     std::shared_ptr<TOdbcConnection> FConnection;
     std::vector<String> FColumnNames; // when it was opened
     std::vector<DataTypeEnum> FColumnTypes;
-    TRecordBuffer FLookupBuffer = nullptr;  // of searches
+    TRecordBuffer FLookupBuffer = nullptr;  // of searches, and of rows asked whether they show
     TRecordBuffer FPassingBuffer = nullptr; // of the record read in passing, whose calculations may search
     String FConnectionString;
     String FCommandText;

@@ -125,7 +125,7 @@ void TDataSet::DoClose() {
 }
 
 void TDataSet::CloseCursor() {
-    FTemporaryBuffer = nullptr; // somebody reads in passing
+    FTemporaryBuffer = nullptr; // who reads in passing has lost his record
     ClearBuffers();
     FreeBuffers();
     InternalClose();

@@ -296,6 +296,7 @@ void TDataSet::GoToPlace(const TPlace& place) {
         return;
     Operation([&] {
         CheckBrowseMode();
+        CheckStill();
         DoBeforeScroll();
         CursorPosChanged();
         InternalGotoBookmark(place.Record);
@@ -359,16 +360,7 @@ TBookmark TDataSet::GetBookmark() {
 }
 
 void TDataSet::GotoBookmark(const TBookmark& value) {
-    if (value.IsEmpty())
-        return;
-    Operation([&] {
-        CheckBrowseMode();
-        DoBeforeScroll();
-        CursorPosChanged();
-        InternalGotoBookmark(value);
-        Resync({rmExact, rmCenter});
-        DoAfterScroll();
-    });
+    GoToPlace({value, (FWindow.Size - 1) / 2});
 }
 
 bool TDataSet::BookmarkValid(const TBookmark&) {

@@ -5,6 +5,7 @@
 #include "framework/system/numbers.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace framework {
 
@@ -96,14 +97,27 @@ void TBookmarkList::Delete() {
 
 bool TBookmarkList::Refresh() {
     TDataSet* dataSet = DataSet();
-    // Records are there or not after any change, but only another view hides some of them.
-    const bool sameView = dataSet && std::exchange(FView, dataSet->GetViewNumber()) == dataSet->GetViewNumber();
-    const auto gone = std::erase_if(FItems, [&](const TBookmark& each) {
-        return !dataSet || !(sameView ? dataSet->BookmarkValid(each) : dataSet->BookmarkShown(each));
-    });
-    if (gone > 0)
-        Changed();
-    return gone > 0;
+    const unsigned view = dataSet ? dataSet->GetViewNumber() : FView;
+    // Handlers that filter are asked meanwhile: they may raise, free the grid or select something else.
+    const TLifeGuard alive(FGrid);
+    const std::vector<TBookmark> items = FItems;
+    std::vector<TBookmark> kept;
+    for (auto each = items.begin(); dataSet && each != items.end(); ++each) {
+        // Records are there or not after any change, but only another view hides some of them.
+        const bool stays = view == FView ? dataSet->BookmarkValid(*each) : dataSet->BookmarkShown(*each);
+        if (!alive || dataSet != DataSet())
+            return false;
+        if (stays)
+            kept.push_back(*each);
+    }
+    if (FItems != items)
+        return false; // the next change looks again
+    FView = view;
+    if (kept.size() == items.size())
+        return false;
+    FItems = std::move(kept);
+    Changed();
+    return true;
 }
 
 void TBookmarkList::Changed() {

@@ -302,6 +302,8 @@ void TCustomDBGrid::DataChanged() {
         return;
     TLifeGuard alive(*this);
     FSelectedRows.Refresh();
+    if (!alive)
+        return;
     // What was entered has been stored or given up, unless the record is still being edited.
     if (!FDataLink->GetEditing())
         HideEditor();

@@ -711,12 +711,15 @@ void TCustomDBGrid::GoToNumber(int number, int count) {
     dataSet.CheckBrowseMode(); // what is wrong with an entry is told of
     if (!alive || !IsDataActive())
         return;
+    const int before = dataSet.GetRecNo();
     try {
         return dataSet.SetRecNo(number);
-    } catch (const EDatabaseError&) { // NOLINT(bugprone-empty-catch): the way by distance follows
+    } catch (const EDatabaseError&) {
+        // Whoever has come to another record has another reason to complain.
+        if (!alive || !IsDataActive() || GetDataSet() != &dataSet || dataSet.GetRecNo() != before)
+            throw;
     }
-    if (alive)
-        MoveRows(distance);
+    MoveRows(distance);
 }
 
 void TCustomDBGrid::VerticalScroll(int code) {

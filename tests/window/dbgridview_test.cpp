@@ -13,6 +13,12 @@ namespace {
 
 using DBGridViewTest = TGridForm<TDBGrid>;
 
+void DragThumbTo(TWinControl& control, int position) {
+    SCROLLINFO info{sizeof(info), SIF_POS, 0, 0, 0, position, 0};
+    SetScrollInfo(control.Handle, SB_VERT, &info, FALSE);
+    SendMessageW(control.Handle, WM_VSCROLL, SB_THUMBTRACK, 0);
+}
+
 TEST_F(DBGridViewTest, PaintsWhatChanged) {
     const auto pending = [&](int row) {
         const TRect cell = Grid->DataCellRect(0, row);
@@ -106,11 +112,48 @@ TEST_F(DBGridViewTest, FindsItsWayAmongHiddenRecords) {
     Data->Delete();
     const int after = Id();
     Data->Prior();
-    SCROLLINFO info{sizeof(info), SIF_POS, 0, 0, 0, 19, 0};
-    SetScrollInfo(Grid->Handle, SB_VERT, &info, FALSE);
-    SendMessageW(Grid->Handle, WM_VSCROLL, SB_THUMBTRACK, 0);
+    DragThumbTo(*Grid, 19);
     EXPECT_EQ(boxes.Seen.size(), 1u) << "nothing to complain of";
     EXPECT_EQ(Id(), after);
+}
+
+TEST_F(DBGridViewTest, KeepsWhatIsSelectedAndItsPlaceWhenHandlersRaise) {
+    int hidden = 0;
+    int unwelcome = 0;
+    Data->OnFilterRecord = [&](TDataSet*, bool& accepts) {
+        const int id = Data->FieldByName(u"Id")->AsInteger;
+        if (id == unwelcome)
+            throw EDatabaseError(u"Not this one");
+        accepts = id != hidden;
+    };
+    Grid->Options = Grid->Options + TDBGridOptions{dgMultiSelect};
+    for (const int id : {1, 3, kRecords}) {
+        ASSERT_TRUE(Data->Locate(u"Id", id, {}));
+        Grid->SelectedRows.CurrentRowSelected = true;
+    }
+    hidden = 1;
+    unwelcome = kRecords;
+    EXPECT_EQ(ProblemOf([&] { Data->Filtered = true; }), "Not this one");
+    ASSERT_EQ(Grid->SelectedRows.Count, 3);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(Data->BookmarkValid(Grid->SelectedRows.Items[i])) << i;
+    unwelcome = 0;
+    Data->First();
+    EXPECT_EQ(Grid->SelectedRows.Count, 2) << "it has been looked again which of them are hidden";
+    // A narrowing without marks is over, though the rows have not been read anew.
+    Data->Filtered = false;
+    Data->AddBookmark(1);
+    Data->FilteredByBookmarks = true;
+    const TBookmark first = Data->GetBookmark();
+    Data->ClearBookmarks();
+    EXPECT_TRUE(Data->BookmarkShown(first));
+    // The thumb has come to its record, and what else goes wrong there is told of.
+    Data->First();
+    Data->AfterScroll = [](TDataSet*) { throw EDatabaseError(u"No details"); };
+    TBoxReader boxes;
+    DragThumbTo(*Grid, 19);
+    EXPECT_EQ(Id(), 20);
+    EXPECT_EQ(boxes.Seen.size(), 1u);
 }
 
 /// What was painted piece by piece looks like what is painted at once, whatever happened in between.
