@@ -196,6 +196,7 @@ TCheckListOrder TZORVirtualStringTree::OrderBy(TColumnIndex column, TSortDirecti
 
 void TZORVirtualStringTree::ClearDeque() {
     FItems.Clear();
+    ++FItemsNumber;
     FItemsReplaced = true;
 }
 
@@ -534,16 +535,20 @@ void TZORVirtualStringTree::DoChecked(TVirtualNode* node) {
     TZORFramed::DoChecked(node);
 }
 
-/// The focus goes to the row first; its item takes the new state whatever handlers make of that.
+/// The focus goes to the row first. Its item takes the new state even where handlers have made the row anew; an item
+/// that they have put in its place does not.
 void TZORVirtualStringTree::FocusAndTake(TVirtualNode* node) {
     const std::size_t item = ItemOf(node);
     const TNodeRef still(Nodes(), node);
-    const TAtScopeEnd taken(*this, [this, item, &still, state = node->GetCheckState()] {
-        if (item < FItems.Count() && !FItemsReplaced)
+    const bool hasItem = item < FItems.Count();
+    const TAtScopeEnd taken(*this, [=, this, &still, itemsNumber = FItemsNumber, wanted = node->GetCheckState()] {
+        const TCheckState state = still ? still.Get()->GetCheckState() : wanted;
+        const bool takes = hasItem && itemsNumber == FItemsNumber;
+        if (takes)
             FItems.SetState(item, state);
         if (!IsCheckingSeveral())
             UstawLabel();
-        for (TVirtualNode* each = still ? nullptr : Nodes().First(TNodeMeasure::Initialized); each;
+        for (TVirtualNode* each = still || !takes ? nullptr : Nodes().First(TNodeMeasure::Initialized); each;
              each = Nodes().Next(each, TNodeMeasure::Initialized)) {
             if (ItemOf(each) == item)
                 PutCheckState(each, state); // a handler has made the nodes anew

@@ -120,6 +120,7 @@ private:
     bool FSearchEditVisible = false;
     bool FInfoLabelVisible = false;
     bool FHeaderClicked = false;
+    unsigned FItemsNumber = 0;   // of the items, which ClearDeque makes others
     bool FItemsReplaced = false; // the numbers that nodes have are those of items that went
 };
 

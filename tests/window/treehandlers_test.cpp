@@ -1,5 +1,6 @@
 // Virtual trees whose handlers take nodes away, raise, or come while something else is under way.
 
+#include "data/Zorvirtualstringtree.h"
 #include "tests/support/testtree.h"
 
 using namespace framework;
@@ -129,6 +130,35 @@ TEST_F(TreeHandlersTest, GoesOnAfterHandlersThatRaise) {
     changes = 0;
     Tree->DeleteSelectedNodes();
     EXPECT_EQ(changes, 1) << "one event for all of them";
+}
+
+TEST_F(TreeHandlersTest, CheckListsTakeWhatTheHandlersOfTheFocusLeave) {
+    ZOR::TZORVirtualStringTree list(nullptr);
+    list.SetBounds(10, 150, 200, 90);
+    list.Parent = Form.get();
+    const auto fill = [&] {
+        list.ClearDeque();
+        for (int id = 1; id <= 3; ++id)
+            list.AddToDeque(id, u"item");
+        list.SetCheckListBox();
+    };
+    list.CheckBoxStyle = true;
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"other items", fill},
+        {"nothing checked", [&] { list.CheckListBox_SetChecked(csUncheckedNormal); }},
+    };
+    for (const auto& [name, act] : cases) {
+        SCOPED_TRACE(name);
+        fill();
+        list.Update();
+        list.OnFocusChanged = [&act = act](auto*, auto*, int) { act(); };
+        list.CheckState[list.NodeOfRow(1)] = csCheckedNormal;
+        list.OnFocusChanged = {};
+        for (int row = 0; row < 3; ++row) {
+            EXPECT_FALSE(list.GetDequeItem(static_cast<std::size_t>(row)).IsChecked()) << row;
+            EXPECT_EQ(list.NodeOfRow(row)->CheckState, csUncheckedNormal) << row;
+        }
+    }
 }
 
 } // namespace
