@@ -345,6 +345,8 @@ bool TZORVirtualDBGrid::MirrorColumns() {
     const int focusedID = ShownID(focused);
     const int sortedID = ShownID(sorted);
     const int keptID = ShownID(FFocusedColumn);
+    const bool anyStays = std::any_of(FShownColumns.begin(), FShownColumns.end(),
+                                      [&](int id) { return GetColumns()->FindItemID(id) != nullptr; });
     const bool all = std::exchange(FRemakes, false);
     bool changed = all || GetHeader()->GetColumns()->GetCount() != count || FFooter->GetColumns()->GetCount() != count;
     if (changed)
@@ -355,7 +357,8 @@ bool TZORVirtualDBGrid::MirrorColumns() {
         GetHeader()->SetFont(GetTitleFont());
     FFocusedColumn = PlaceOf(keptID, FFocusedColumn);
     RenumberFocus(std::min(PlaceOf(focusedID, focused), count - 1));
-    const bool isGone = sortedID >= 0 ? !GetColumns()->FindItemID(sortedID) : sorted >= count;
+    // Where none is left, they have been made anew from the fields.
+    const bool isGone = sorted >= count || (anyStays && sortedID >= 0 && !GetColumns()->FindItemID(sortedID));
     GetHeader()->SetSortColumn(isGone ? NoColumn : PlaceOf(sortedID, sorted));
     return changed;
 }

@@ -158,7 +158,8 @@ public:
 
     /// The sum of a column's values; Null when it has none.
     Variant GetColumnTotal(TColumn* column);
-    /// Its digits, all of them; empty without one.
+    /// Its digits, all of them; empty without one. OnGetFooterText begins with the value as VarToStr writes it,
+    /// which may have other zeros at its end.
     String GetPlainTotal(TColumn* column);
     /// The sum as the column's field would show it.
     String FormatColumnTotal(TColumn* column);

@@ -330,6 +330,11 @@ TEST_F(VirtualDBGridRowsTest, StayWithFieldsAndPlacesThatMove) {
     ASSERT_TRUE(WaitFor([&] { return Grid->FocusedNode == Grid->NodeOfRow(2); }));
     EXPECT_EQ(Grid->FocusedColumn, 1);
     EXPECT_EQ(asked, 1) << "for the locked column alone";
+    DataSet->Close();
+    Paint();
+    DataSet->SetRecordset(Customers.Recordset);
+    Paint();
+    EXPECT_EQ(other->Header->SortColumn, 2) << "all columns are others, and in the same places";
 }
 
 } // namespace
