@@ -101,6 +101,14 @@ TKeyAction Erase(const TEntryState& state, const TPlace& place) {
     return Passes(Backspace);
 }
 
+/// How many decimals a text ends in; 0 where it has none, or an exponent behind them.
+int FreeDecimals(const String& text, const TFormatSettings& settings) {
+    const std::size_t separator = text.find(settings.DecimalSeparator);
+    if (separator == String::npos || text.find_first_not_of(u"0123456789", separator + 1) != String::npos)
+        return 0;
+    return static_cast<int>(text.size() - separator) - 1;
+}
+
 /// The own separator typed where it makes no number: the number that stands there in full, its decimals selected, so
 /// that the digits that follow are decimals.
 TKeyAction LeadsToDecimals(const TEntryState& state, const TDecimalEntry& entry, const TFormatSettings& settings) {
@@ -108,6 +116,11 @@ TKeyAction LeadsToDecimals(const TEntryState& state, const TDecimalEntry& entry,
     const TNumberReading reading = ReadNumber(state.Text, settings);
     if (decimals == 0 || reading.Kind == TNumberText::Unreadable || !std::isfinite(reading.Value))
         return Rejects();
+    if (const int present = FreeDecimals(state.Text, settings); present > decimals) {
+        TKeyAction action = Rejects(); // they are not rounded by a key that adds nothing
+        action.Selection = TEntrySelection{static_cast<int>(state.Text.size()) - present, present};
+        return action;
+    }
     const bool isNegative = Trim(state.Text).starts_with(u'-'); // also before a 0 whose decimals are still to come
     String text = NumberText(std::fabs(reading.Value), decimals, settings);
     if (isNegative)

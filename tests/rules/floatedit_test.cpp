@@ -142,6 +142,7 @@ TEST(FloatEdit, TypingWhereTheCommaIsNotTheSeparator) {
         {"a number too great for decimals", Plain, u"1e18|", u".", u"1e18|"},
         {"a comma is refused", Plain, u"12|", u",5", u"125|"},
         {"decimals are free until the field is left", Plain, u"12.3|", u"456", u"12.3456|"},
+        {"a point by chance takes none of them", Plain, u"12.3456|", u".", u"12.[3456]"},
         {"and erased freely", Plain, u"12.34|", u"<<<", u"12|"},
     };
     for (const TStory& row : rows)
