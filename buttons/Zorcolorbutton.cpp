@@ -205,8 +205,8 @@ void TZORColorButton::RoundCornerOf(TWinControl* control) {
 }
 
 /// Early, before it is seen: a visible window that takes a shape uncovers its parent and is painted again. Painting
-/// asks too, and finds nothing to do unless somebody has given the window another shape, or the form stopped being a
-/// designer's.
+/// asks too, and finds nothing to do unless somebody has given the window a shape of another box, or the form stopped
+/// being a designer's.
 void TZORColorButton::KeepShape() {
     if (IsDesigning())
         return;

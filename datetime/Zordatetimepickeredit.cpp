@@ -551,6 +551,8 @@ void TZORDateTimePickerEdit::CompleteText() {
     const bool isTextOfError = text == FTextOfError;
     if (completed != text)
         SetEditText(completed);
+    if (!alive)
+        return;
     if (isTextOfError)
         FTextOfError = completed;
     if (sprawdz_combosa() && alive && GetText() != double_to_text(FValue.Current(), Field()))
