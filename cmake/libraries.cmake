@@ -41,8 +41,9 @@ set(privateHeaders
 # The headers that hosts may include; without Windows only those of what is portable.
 function(zor_public_headers result)
     list(TRANSFORM ZOR_LIBRARY_ROOMS APPEND "/*.h" OUTPUT_VARIABLE patterns)
-    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" framework/*.h ${patterns} zor.h)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" framework/*.h ${patterns})
     list(REMOVE_ITEM headers ${privateHeaders})
+    list(APPEND headers zor.h) # by its name: the glob would find installed ones below the build folders, too
     if(NOT WIN32)
         list(FILTER headers INCLUDE REGEX "^framework/(system|db)/|_rules\\.h$|^data/Zoradodataset")
     endif()
